@@ -1,0 +1,87 @@
+#include "core/bitmap_export.h"
+
+#include <algorithm>
+
+namespace {
+
+// A bitmap file, all words little-endian:
+//   0  2  "BM"
+//   2  4  length of the file
+//   6  4  0
+//  10  4  offset of the rows
+//  14  4  40, length of the information header
+//  18  4  width, pixels
+//  22  4  height, lines; positive: bottom row first
+//  26  2  1 plane
+//  28  2  bits per pixel
+//  30  4  0, uncompressed
+//  34  4  length of the rows
+//  38  8  pixels per metre, left open
+//  46  8  colours, left open
+//  54     rows of blue, green, red bytes, each row filled up to a multiple of 4 bytes
+constexpr uint32_t kInformationHeaderBytes = 40;
+constexpr uint32_t kRowsOffset = kBitmapFileHeaderBytes + kInformationHeaderBytes;
+constexpr uint32_t kBytesPerPixel = 3;
+
+void putNumber(std::span<uint8_t> bytes, uint32_t number) {
+  for (uint8_t &byte : bytes) {
+    byte = static_cast<uint8_t>(number);
+    number >>= 8;
+  }
+}
+
+} // namespace
+
+std::vector<uint8_t> encodeBitmap(std::span<const uint32_t> frameBits, int32_t width, int32_t height) {
+  const auto columns = static_cast<size_t>(width);
+  const auto lines = static_cast<size_t>(height);
+  const size_t rowBytes = (columns * kBytesPerPixel + 3) / 4 * 4;
+  std::vector<uint8_t> file(kRowsOffset + rowBytes * lines);
+
+  const std::span<uint8_t> header(file);
+  putNumber(header.subspan(0, 2), 'B' | 'M' << 8);
+  putNumber(header.subspan(2, 4), static_cast<uint32_t>(file.size()));
+  putNumber(header.subspan(10, 4), kRowsOffset);
+  putNumber(header.subspan(14, 4), kInformationHeaderBytes);
+  putNumber(header.subspan(18, 4), static_cast<uint32_t>(width));
+  putNumber(header.subspan(22, 4), static_cast<uint32_t>(height));
+  putNumber(header.subspan(26, 2), 1);
+  putNumber(header.subspan(28, 2), kBytesPerPixel * 8);
+  putNumber(header.subspan(34, 4), static_cast<uint32_t>(rowBytes * lines));
+
+  for (size_t y = 0; y < lines; ++y) {
+    const uint32_t *source = frameBits.data() + (lines - 1 - y) * columns;
+    uint8_t *target = file.data() + kRowsOffset + y * rowBytes;
+    for (size_t x = 0; x < columns; ++x) {
+      target[0] = static_cast<uint8_t>(source[x]);
+      target[1] = static_cast<uint8_t>(source[x] >> 8);
+      target[2] = static_cast<uint8_t>(source[x] >> 16);
+      target += kBytesPerPixel;
+    }
+  }
+  return file;
+}
+
+std::string bitmapPath(const ViewerState &viewer) {
+  constexpr size_t kExtensionLetters = 3;
+  constexpr size_t kExtensionLength = 4;
+  constexpr size_t kFrameDigits = 4;
+
+  // The file that the caption names, also after a file of an unknown kind was dropped and refused: a dropped
+  // holiday.bmp must not be written over by the picture on screen.
+  const std::string path = viewer.folderPath + viewer.fileName;
+  const bool videoOpen = viewer.evaPlayer.fileOpen == kTrue || viewer.vidPlayer.fileOpen == kTrue;
+  if (!videoOpen) return path.substr(0, path.size() - std::min(path.size(), kExtensionLetters)) + "bmp";
+
+  std::string number = std::to_string(viewer.window.HScroll1.value);
+  number.insert(0, kFrameDigits - std::min(number.size(), kFrameDigits), '0');
+  return path.substr(0, path.size() - std::min(path.size(), kExtensionLength)) + " - " + number + ".bmp";
+}
+
+void menuSaveBMP_Click(ViewerState &viewer) {
+  const auto file = encodeBitmap(viewer.frameBits, viewer.frameWidth, viewer.frameHeight);
+  const std::string path = bitmapPath(viewer);
+  const std::string failure = viewer.platform.files->replaceFile(path.c_str(), file);
+  if (failure.empty()) return;
+  viewer.platform.showMessage(viewer.platform.context, "Korilan", "Could not save " + path + "\n\n" + failure);
+}

@@ -1,0 +1,23 @@
+// The rendered picture as a Windows bitmap.
+#pragma once
+
+#include "core/viewer_state.h"
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <vector>
+
+// Bytes before the information header in a bitmap file; a clipboard bitmap starts behind them.
+inline constexpr size_t kBitmapFileHeaderBytes = 14;
+
+// A 24-bit uncompressed bitmap file, bottom row first, of `width` x `height` words 0x00RRGGBB, top row first.
+std::vector<uint8_t> encodeBitmap(std::span<const uint32_t> frameBits, int32_t width, int32_t height);
+
+// Where Save as Bitmap writes: beside the source file, the last three characters replaced by "bmp"; a video's frame
+// gets its four-digit number.
+std::string bitmapPath(const ViewerState &viewer);
+
+// "Save as Bitmap": the picture at its own size, an older file of that name replaced without asking.
+// A failure is shown in a message with the system's words; the older file is then still whole.
+void menuSaveBMP_Click(ViewerState &viewer);

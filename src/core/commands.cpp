@@ -1,0 +1,61 @@
+#include "core/commands.h"
+
+#include "core/bitmap_export.h"
+#include "core/dispatch.h"
+#include "core/load_pipeline.h"
+#include "core/text.h"
+#include "screens/display_geometry.h"
+
+#include <span>
+
+std::optional<std::string> pathFromCommandLine(std::string_view commandLine) {
+  constexpr std::string_view kSeveralQuotedPaths = "\" \"";
+  constexpr size_t kFirstForeignColon = 6; // 1-based; a colon from here on is that of a second drive letter
+
+  if (commandLine.empty()) return std::nullopt;
+  if (commandLine.find(kSeveralQuotedPaths) != std::string_view::npos) return std::nullopt;
+  const size_t colon = commandLine.rfind(':');
+  if (colon != std::string_view::npos && characterCount(commandLine.substr(0, colon)) + 1 >= kFirstForeignColon) {
+    return std::nullopt;
+  }
+  if (commandLine.front() != '"') return std::string(commandLine);
+  if (commandLine.size() < 2) return std::string();
+  return std::string(commandLine.substr(1, commandLine.size() - 2));
+}
+
+void startViewer(ViewerState &viewer, std::string_view commandLine) {
+  viewer.window.mainViewWidth = kEmptyViewWidth;
+  viewer.window.mainViewHeight = kEmptyViewHeight;
+  viewer.zoomMode = 1;
+  ApplyDisplayGeometry(viewer);
+  resetViewer(viewer);
+  if (const auto path = pathFromCommandLine(commandLine)) openPath(viewer, *path);
+}
+
+void openPath(ViewerState &viewer, const std::string &path) {
+  if (viewer.loadUnderWay) return;
+  viewer.loadUnderWay = true;
+  viewer.filePath = path;
+  openCurrentPath(viewer);
+  viewer.loadUnderWay = false;
+  if (viewer.exitRequested) menuExit_Click(viewer);
+}
+
+void menuClose_Click(ViewerState &viewer) {
+  if (viewer.loadUnderWay) return;
+  resetViewer(viewer);
+  showPictureInfo(viewer);
+}
+
+void menuCopyClipboard_Click(ViewerState &viewer) {
+  if (viewer.loadUnderWay) return;
+  const auto file = encodeBitmap(viewer.frameBits, viewer.frameWidth, viewer.frameHeight);
+  viewer.platform.copyToClipboard(viewer.platform.context, std::span(file).subspan(kBitmapFileHeaderBytes));
+}
+
+void menuExit_Click(ViewerState &viewer) {
+  viewer.exitRequested = viewer.loadUnderWay;
+  if (viewer.loadUnderWay) return;
+  closeInputFile(viewer.inputFile);
+  viewer.platform.exitProgram(viewer.platform.context);
+}

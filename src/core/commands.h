@@ -1,0 +1,26 @@
+// Commands of the main window. One that would load, render or close is ignored while a load is under way.
+#pragma once
+
+#include "core/viewer_state.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+// Window load: sizes, the reset, then the path of the command line. `commandLine` is all that follows the program's
+// name.
+void startViewer(ViewerState &viewer, std::string_view commandLine);
+
+// The one path that `commandLine` holds, or nothing where it is empty or holds several paths.
+std::optional<std::string> pathFromCommandLine(std::string_view commandLine);
+
+// Opens `path` as the Open command, a drop or the command line does.
+void openPath(ViewerState &viewer, const std::string &path);
+
+void menuClose_Click(ViewerState &viewer);
+
+// Puts the picture at its own size onto the clipboard as a bitmap.
+void menuCopyClipboard_Click(ViewerState &viewer);
+
+// Closes the files and ends the program, after the load where one is under way.
+void menuExit_Click(ViewerState &viewer);

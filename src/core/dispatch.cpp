@@ -1,0 +1,79 @@
+#include "core/dispatch.h"
+
+#include "core/file_kinds.h"
+#include "core/text.h"
+#include "screens/display_geometry.h"
+
+namespace {
+
+constexpr size_t kExtensionLength = 4;
+constexpr size_t kShortestPath = 5;
+
+void stopPlayback(ViewerState &viewer) {
+  viewer.evaPlayer.playing = kFalse;
+  viewer.vidPlayer.playing = kFalse;
+}
+
+// Also ends what the players know of their file: it is no longer the open one.
+void closeAllFiles(ViewerState &viewer) {
+  closeInputFile(viewer.inputFile);
+  viewer.evaPlayer.fileOpen = kFalse;
+  viewer.vidPlayer.fileOpen = kFalse;
+}
+
+} // namespace
+
+void openCurrentPath(ViewerState &viewer) {
+  if (characterCount(viewer.filePath) < kShortestPath) return;
+  if (videoPlaying(viewer)) stopPlayback(viewer);
+  viewer.window.menuDoubleHeight.checked = false;
+  viewer.fileExtension = upperCased(lastCharacters(viewer.filePath, kExtensionLength));
+  const FileKind *kind = findFileKind(viewer.fileExtension);
+  if (kind == nullptr) return;
+  viewer.typeDescription = kind->typeDescription;
+  kind->load(viewer);
+}
+
+bool openFileForReading(ViewerState &viewer) {
+  const size_t separator = viewer.filePath.find_last_of(kFolderSeparators);
+  const size_t folderLength = separator == std::string::npos ? 0 : separator + 1;
+  viewer.fileName = viewer.filePath.substr(folderLength);
+  viewer.folderPath = viewer.filePath.substr(0, folderLength);
+  viewer.window.caption = "Korilan - " + viewer.fileName;
+  viewer.fileLoaded = kTrue;
+  closeAllFiles(viewer);
+  viewer.paletteFilePos = 0;
+  viewer.vramPos = 0;
+  if (openInputFile(viewer.inputFile, *viewer.platform.files, viewer.filePath)) return true;
+  reportNotValid(viewer);
+  return false;
+}
+
+void reportNotValid(ViewerState &viewer) {
+  viewer.window.Label4 = "*** Error: Not a valid " + viewer.fileExtension + " file.";
+}
+
+void resetViewer(ViewerState &viewer) {
+  WindowModel &window = viewer.window;
+  closeAllFiles(viewer);
+  viewer.paletteFilePos = 0;
+  viewer.vramPos = 0;
+  if (videoPlaying(viewer)) stopPlayback(viewer);
+  window.menuViewPal = {.enabled = false, .checked = false};
+  for (Swatch &swatch : window.Label5) swatch.visible = false;
+  window.caption = "Korilan";
+  viewer.fileLoaded = kFalse;
+  for (MenuItem *item : {&window.menuView, &window.menuSavePal, &window.menuLoadPal, &window.menuRestPal,
+                         &window.menuClose, &window.menuSaveBMP, &window.menuCopyClipboard}) {
+    item->enabled = false;
+  }
+  window.menuDoubleHeight.checked = false;
+  viewer.vram.assign(kVideoMemoryBytes, 0);
+  viewer.packedData.assign(kVideoMemoryBytes, 0);
+  viewer.pictureShown = kFalse;
+  window.mainViewWidth = kEmptyViewWidth;
+  window.mainViewHeight = kEmptyViewHeight;
+  window.stretch = {};
+  ++window.pictureSerial;
+  ApplyDisplayGeometry(viewer);
+}

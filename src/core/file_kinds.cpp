@@ -1,0 +1,65 @@
+#include "core/file_kinds.h"
+
+#include "formats/closed_kind.h"
+#include "screens/bload_loaders.h"
+#include "screens/pattern_screen.h"
+
+#include <algorithm>
+
+// clang-format off
+constexpr std::array<FileKind, kFileKindCount> kFileKinds{{
+    // extension, type description,        loader,         linear bits per pixel
+    {".GE5", "DD-Graph BLOAD file",    loadClosedKind,    0},
+    {".DAT", "DD-Graph COPY file",     loadClosedKind,    0},
+    {".CMP", "DD-Graph .CMP file",     loadClosedKind,    0},
+    {".PCT", "Dynamic Publisher file", loadClosedKind,    0},
+    {".STP", "Dynamic Publisher file", loadClosedKind,    2},
+    {".PIC", "Designer Plus file",     loadScreen8,       0},
+    {".SC2", "Screen 2 BLOAD file",    loadPatternScreen, 0},
+    {".SR2", "Screen 2 BLOAD file",    loadPatternScreen, 0},
+    {".SC4", "Screen 4 BLOAD file",    loadPatternScreen, 0},
+    {".SR4", "Screen 4 BLOAD file",    loadPatternScreen, 0},
+    {".SC5", "Screen 5 BLOAD file",    loadScreen5,       0},
+    {".SR5", "Screen 5 BLOAD file",    loadScreen5,       0},
+    {".GL5", "Screen 5 COPY file ",    loadClosedKind,    4},
+    {".SCR", "VSCREEN Border file",    loadClosedKind,    0},
+    {".TGS", "VSCREEN Sprite file",    loadClosedKind,    0},
+    {".SC6", "Screen 6 BLOAD file",    loadScreen6,       0},
+    {".SR6", "Screen 6 BLOAD file",    loadScreen6,       0},
+    {".GL6", "Screen 6 COPY file ",    loadClosedKind,    2},
+    {".SC7", "Screen 7 BLOAD file",    loadScreen7,       0},
+    {".SR7", "Screen 7 BLOAD file",    loadScreen7,       0},
+    {".GL7", "Screen 7 COPY file ",    loadClosedKind,    4},
+    {".SC8", "Screen 8 BLOAD file",    loadScreen8,       0},
+    {".SR8", "Screen 8 BLOAD file",    loadScreen8,       0},
+    {".GE8", "Screen 8 BLOAD file",    loadScreen8,       0},
+    {".GL8", "Screen 8 COPY file ",    loadClosedKind,    0},
+    {".SCA", "Screen10 BLOAD file",    loadScreen10,      0},
+    {".SRA", "Screen10 BLOAD file",    loadScreen10,      0},
+    {".S10", "Screen10 BLOAD file",    loadScreen10,      0},
+    {".GLA", "Screen10 COPY file ",    loadClosedKind,    0},
+    {".SCB", "Screen11 BLOAD file",    loadScreen10,      0},
+    {".SRB", "Screen11 BLOAD file",    loadScreen10,      0},
+    {".S11", "Screen11 BLOAD file",    loadScreen10,      0},
+    {".GLB", "Screen11 COPY file ",    loadClosedKind,    0},
+    {".SCC", "Screen12 BLOAD file",    loadScreen12,      0},
+    {".SRC", "Screen12 BLOAD file",    loadScreen12,      0},
+    {".S12", "Screen12 BLOAD file",    loadScreen12,      0},
+    {".GLC", "Screen12 COPY file ",    loadClosedKind,    0},
+    {".HAM", "Screen 7 HAM file",      loadClosedKind,    0},
+    {".G9B", "Team Bomba G9B file",    loadClosedKind,    0},
+    {".SGX", "SymbOS graphic file",    loadClosedKind,    0},
+    {".VID", "SymbOS video file",      loadClosedKind,    0},
+    {".EVA", "EVA YJK video file",     loadClosedKind,    0},
+    {".EV8", "EVA RGB video file",     loadClosedKind,    0},
+}};
+// clang-format on
+
+// A row missing at the end of the table would be empty.
+static_assert(kFileKinds.back().extension != nullptr);
+
+const FileKind *findFileKind(std::string_view extension) {
+  const auto row = std::find_if(kFileKinds.begin(), kFileKinds.end(),
+                                [extension](const FileKind &kind) { return extension == kind.extension; });
+  return row != kFileKinds.end() ? &*row : nullptr;
+}

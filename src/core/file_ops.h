@@ -1,0 +1,32 @@
+// The file system as a table, so that a test can stand in for a disk that fails.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+
+// An open file; only the table that opened it knows what the pointer means.
+using FileHandle = void *;
+
+struct FileOps {
+  // Opens an ordinary file for reading; other programs may go on to read, rewrite, rename and delete it.
+  // `path` is UTF-8. Returns nullptr for what cannot be opened and for folders and devices.
+  FileHandle (*openForReading)(const char *path);
+
+  // Present length in bytes; 0 when it cannot be told.
+  int64_t (*length)(FileHandle file);
+
+  // Reads up to `count` bytes at the 0-based `offset`; returns how many bytes the file gave.
+  size_t (*readAt)(FileHandle file, int64_t offset, uint8_t *into, size_t count);
+
+  void (*close)(FileHandle file);
+
+  // Writes `bytes` to a new file beside `path` and puts it in the place of `path`, so that a failure leaves the
+  // old file whole. What is no ordinary file (a device, a pipe) is written in place.
+  // Returns an empty text, or the system's own words for what went wrong.
+  std::string (*replaceFile)(const char *path, std::span<const uint8_t> bytes);
+};
+
+// The file system of this computer. Defined once for each system: headless/posix_files.cpp, shell/windows_files.cpp.
+const FileOps &systemFiles();

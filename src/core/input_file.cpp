@@ -1,0 +1,39 @@
+#include "core/input_file.h"
+
+#include <algorithm>
+#include <array>
+
+bool openInputFile(InputFile &file, const FileOps &files, const std::string &path) {
+  closeInputFile(file);
+  file.files = &files;
+  file.handle = files.openForReading(path.c_str());
+  return file.handle != nullptr;
+}
+
+void closeInputFile(InputFile &file) {
+  if (file.handle != nullptr) file.files->close(file.handle);
+  file.handle = nullptr;
+}
+
+int64_t inputFileLength(const InputFile &file) { return file.handle != nullptr ? file.files->length(file.handle) : 0; }
+
+size_t readBytes(const InputFile &file, int64_t position, std::span<uint8_t> into) {
+  size_t given = 0;
+  if (file.handle != nullptr && position >= 1) {
+    given = file.files->readAt(file.handle, position - 1, into.data(), into.size());
+  }
+  std::fill(into.begin() + static_cast<std::ptrdiff_t>(given), into.end(), uint8_t{0});
+  return given;
+}
+
+uint8_t readByte(const InputFile &file, int64_t position) {
+  std::array<uint8_t, 1> byte{};
+  readBytes(file, position, byte);
+  return byte[0];
+}
+
+int16_t readSignedWord(const InputFile &file, int64_t position) {
+  std::array<uint8_t, 2> bytes{};
+  readBytes(file, position, bytes);
+  return static_cast<int16_t>(static_cast<uint16_t>(bytes[0] | bytes[1] << 8));
+}

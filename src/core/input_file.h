@@ -1,0 +1,31 @@
+// The one current input file, read by 1-based position the way the formats count.
+#pragma once
+
+#include "core/file_ops.h"
+
+#include <cstdint>
+#include <span>
+#include <string>
+
+struct InputFile {
+  const FileOps *files = nullptr;
+  FileHandle handle = nullptr; // nullptr while closed
+};
+
+// Closes what was open and opens `path`. Returns false, with the file closed, when that fails.
+bool openInputFile(InputFile &file, const FileOps &files, const std::string &path);
+
+void closeInputFile(InputFile &file);
+
+// Length in bytes; 0 while closed.
+int64_t inputFileLength(const InputFile &file);
+
+// Fills `into` from `position` (1-based) onward, with zeros where the file has no more bytes.
+// Returns how many bytes came from the file. A position below 1 gives zeros only.
+size_t readBytes(const InputFile &file, int64_t position, std::span<uint8_t> into);
+
+// The byte at `position`, zero past the end.
+uint8_t readByte(const InputFile &file, int64_t position);
+
+// The little-endian word at `position`, as the signed number that header bounds are compared with.
+int16_t readSignedWord(const InputFile &file, int64_t position);

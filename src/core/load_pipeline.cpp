@@ -1,0 +1,70 @@
+#include "core/load_pipeline.h"
+
+#include "screens/byte_pixels.h"
+#include "screens/display_geometry.h"
+#include "screens/render_dispatch.h"
+
+#include <string>
+
+namespace {
+
+// The colour text of the picture's description, or nullptr where the description has none.
+const char *colourText(const ViewerState &viewer) {
+  switch (viewer.bitsPerPixel) {
+  case 16: return "32K colors";
+  case 8:
+    switch (viewer.colourMode) {
+    case ColourModePalette: return "64 colors";
+    case ColourModeGrb332: return "256 colors";
+    case ColourModeYjk: return "YJK colors";
+    case ColourModeYuv: return "YUV colors";
+    case ColourModeYae: return "YAE colors";
+    default: return nullptr;
+    }
+  case 4: return "16 colors";
+  case 2: return "4 colors";
+  case 1:
+    if (viewer.colourCount == 16) return "16 colors";
+    return viewer.colourCount == 2 ? "2 colors" : nullptr;
+  default: return nullptr;
+  }
+}
+
+} // namespace
+
+void showPictureInfo(ViewerState &viewer) {
+  if (videoPlaying(viewer)) return;
+  WindowModel &window = viewer.window;
+  window.Label4.clear();
+  if (viewer.fileLoaded != kTrue) {
+    window.Label1.clear();
+    window.Label2.clear();
+    window.Label3.clear();
+    return;
+  }
+  window.Label1 = std::to_string(viewer.imageWidth) + "x" + std::to_string(viewer.imageHeight);
+  window.Label2 = std::to_string(viewer.bitsPerPixel) + " bpp";
+  if (const char *text = colourText(viewer); text != nullptr) window.Label3 = text;
+}
+
+void loadVram(ViewerState &viewer, int32_t position) {
+  viewer.window.Label4 = "Loading...";
+  readBytes(viewer.inputFile, position, viewer.vram);
+}
+
+void loadPackedData(ViewerState &viewer, int32_t position) {
+  readBytes(viewer.inputFile, position, viewer.packedData);
+  viewer.window.Label4 = "Depacking...";
+}
+
+void renderAndShow(ViewerState &viewer) {
+  WindowModel &window = viewer.window;
+  window.Label4 = "Rendering...";
+  renderPicture(viewer);
+  viewer.pictureShown = kTrue;
+  ApplyDisplayGeometry(viewer);
+  window.Label4.clear();
+  for (MenuItem *item : {&window.menuView, &window.menuClose, &window.menuSaveBMP, &window.menuCopyClipboard}) {
+    item->enabled = true;
+  }
+}

@@ -1,0 +1,31 @@
+#include "core/text.h"
+
+#include <algorithm>
+
+namespace {
+
+// In UTF-8 every byte of a character but its first reads 10xxxxxx.
+bool startsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; }
+
+} // namespace
+
+size_t characterCount(std::string_view text) {
+  return static_cast<size_t>(std::count_if(text.begin(), text.end(), startsCharacter));
+}
+
+std::string_view lastCharacters(std::string_view text, size_t count) {
+  size_t start = text.size();
+  while (start > 0 && count > 0) {
+    --start;
+    if (startsCharacter(text[start])) --count;
+  }
+  return text.substr(start);
+}
+
+std::string upperCased(std::string_view text) {
+  std::string upper(text);
+  for (char &byte : upper) {
+    if (byte >= 'a' && byte <= 'z') byte = static_cast<char>(byte - 'a' + 'A');
+  }
+  return upper;
+}

@@ -1,0 +1,15 @@
+// UTF-8 text counted in characters, as paths and names are.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+// Number of characters.
+size_t characterCount(std::string_view text);
+
+// The last `count` characters, or the whole text where it is shorter.
+std::string_view lastCharacters(std::string_view text, size_t count);
+
+// A to Z for a to z; other characters stay.
+std::string upperCased(std::string_view text);

@@ -1,0 +1,90 @@
+// The one record of a window: the current file, its picture, and the window as data. There is no other mutable state.
+#pragma once
+
+#include "core/input_file.h"
+#include "core/numbers.h"
+#include "core/platform_ops.h"
+#include "core/window_model.h"
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+// Bytes of `vram` and of `packedData`; video memory of the machines holds 128 KB, the V9990 512 KB.
+inline constexpr size_t kVideoMemoryBytes = 1024 * 1024;
+
+inline constexpr size_t kPaletteEntries = 256;
+
+// Check boxes of the Preferences dialog that other procedures read.
+struct Preferences {
+  Flag16 Check5 = kFalse; // "Disable auto aspect ratio"
+};
+
+struct EvaPlayer {
+  Flag16 fileOpen = kFalse;
+  Flag16 playing = kFalse;
+};
+
+struct VidPlayer {
+  Flag16 fileOpen = kFalse;
+  Flag16 playing = kFalse;
+};
+
+struct ViewerState {
+  // The current file. Texts are UTF-8.
+  std::string filePath;
+  std::string fileName;        // filePath without its folder
+  std::string folderPath;      // filePath without fileName; ends in the separator
+  std::string fileExtension;   // last 4 characters of filePath, upper case: ".SC5"
+  std::string typeDescription; // type text of the file's FileKind
+  Flag16 fileLoaded = kFalse;  // from the opening of a file to the reset
+  InputFile inputFile;
+
+  // Description of the picture.
+  uint8_t bitsPerPixel = 0;   // 1, 2, 3, 4, 8 or 16; chooses the renderer
+  uint8_t colourMode = 0;     // encoding of 8 bits per pixel, see screens/byte_pixels.h
+  uint8_t colourCount = 0;    // palette entries in use; 255 in the fixed 256-colour mode, 0 without a palette
+  Flag16 hasPalette = kFalse; // drawn through `palette`
+  Flag16 isPacked = kFalse;   // the file's body was packed
+  Flag16 spriteMode = kFalse; // 1 bit per pixel is drawn as a tile set
+  int32_t paletteFilePos = 0; // 1-based position of the next palette byte in the file
+  int32_t imageWidth = 0;     // pixels
+  int32_t imageHeight = 0;    // lines
+  int32_t vramPos = 0;        // next byte of `vram` that a renderer reads
+
+  // Video memory from address 0, and the packed body that it is unpacked from. Zero where no file has filled them.
+  std::vector<uint8_t> vram = std::vector<uint8_t>(kVideoMemoryBytes);
+  std::vector<uint8_t> packedData = std::vector<uint8_t>(kVideoMemoryBytes);
+
+  // Colour words 0x00RRGGBB.
+  std::array<uint32_t, kPaletteEntries> palette{};
+  uint8_t storedPaletteCount = 0; // entries that Store Palette kept
+
+  // The rendered picture: frameWidth x frameHeight words 0x00RRGGBB, top row first. The size is kept apart from
+  // imageWidth x imageHeight, which a loader that fails midway may already have changed.
+  std::vector<uint32_t> frameBits;
+  int32_t frameWidth = 0;
+  int32_t frameHeight = 0;
+  Flag16 pictureShown = kFalse; // MainView shows the rendered picture
+
+  // Paging through the folder of the current file.
+  std::vector<std::string> folderFiles;
+  int16_t folderFileCount = 0;
+  int16_t folderIndex = 0; // 1-based
+  std::string folderPrefix;
+
+  uint8_t zoomMode = 1; // 0 normal, 1 zoomed
+
+  Preferences preferences;
+  EvaPlayer evaPlayer;
+  VidPlayer vidPlayer;
+
+  WindowModel window;
+  PlatformOps platform;
+
+  bool loadUnderWay = false;  // commands that arrive meanwhile are ignored
+  bool exitRequested = false; // the window was closed during a load: exit when it has ended
+};
+
+bool videoPlaying(const ViewerState &viewer);

@@ -1,0 +1,13 @@
+// How many colours the shown picture has.
+#pragma once
+
+#include "core/viewer_state.h"
+
+#include <cstdint>
+#include <span>
+
+// Distinct 24-bit colours among words 0x00RRGGBB; 0 when there are none.
+int32_t CountUniqueColours(std::span<const uint32_t> frameBits);
+
+// The count as the user is told it: without the colours that the display of some kinds adds to the file's own.
+int32_t shownColourCount(const ViewerState &viewer);

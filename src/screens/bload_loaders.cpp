@@ -1,0 +1,100 @@
+#include "screens/bload_loaders.h"
+
+#include "core/dispatch.h"
+#include "core/load_pipeline.h"
+#include "core/palette.h"
+#include "formats/packed_bload.h"
+#include "screens/bload_file.h"
+#include "screens/byte_pixels.h"
+
+#include <string_view>
+
+namespace {
+
+struct BloadSettings {
+  int32_t endLowest; // lowest end address, signed
+  uint8_t bitsPerPixel;
+  uint8_t colourMode;
+  int32_t imageWidth;
+  int32_t imageHeight;
+  uint8_t colourCount;
+  int32_t paletteAddress;           // in video memory; kNoPalette: hasPalette and paletteFilePos keep their values
+  std::string_view packedExtension; // the extension that may hold a packed body; under the mode's other
+                                    // extensions a file without the plain identifier ends in silence: intended
+};
+
+constexpr int32_t kNoPalette = -1;
+constexpr int32_t kPalette5 = 0x7680;
+constexpr int32_t kPalette7 = 0xFA80;
+constexpr int32_t kEnd5 = signedAddress(0x69FF); // 256 x 212 pixels, 4 bits each
+constexpr int32_t kEnd7 = signedAddress(0xD3FF); // 54,272 bytes of pixels
+
+// clang-format off
+//                                   end,   bits, mode,             width, height, colours, palette,   packed
+constexpr BloadSettings kScreen5  = {kEnd5, 4,    0,                256,   212,    16,      kPalette5, ".SR5"};
+constexpr BloadSettings kScreen6  = {kEnd5, 2,    0,                512,   212,    4,       kPalette5, {}};
+constexpr BloadSettings kScreen7  = {kEnd7, 4,    0,                512,   212,    16,      kPalette7, ".SR7"};
+constexpr BloadSettings kScreen8  = {kEnd7, 8,    ColourModeGrb332, 256,   212,    255,     kNoPalette, {}};
+constexpr BloadSettings kScreen10 = {kEnd7, 8,    ColourModeYae,    256,   212,    16,      kPalette7, {}};
+constexpr BloadSettings kScreen12 = {kEnd7, 8,    ColourModeYjk,    256,   212,    0,       kNoPalette, {}};
+// clang-format on
+
+void storeSettings(ViewerState &viewer, const BloadSettings &settings) {
+  viewer.bitsPerPixel = settings.bitsPerPixel;
+  viewer.colourMode = settings.colourMode;
+  viewer.imageWidth = settings.imageWidth;
+  viewer.imageHeight = settings.imageHeight;
+  viewer.colourCount = settings.colourCount;
+  if (settings.paletteAddress == kNoPalette) return;
+  viewer.hasPalette = kTrue;
+  viewer.paletteFilePos = filePositionOf(settings.paletteAddress);
+}
+
+void loadPlain(ViewerState &viewer, const BloadSettings &settings) {
+  if (!bloadAddressesValid(viewer, settings.endLowest)) {
+    reportNotValid(viewer);
+    return;
+  }
+  storeSettings(viewer, settings);
+  if (settings.paletteAddress != kNoPalette) readFilePalette(viewer);
+  viewer.isPacked = kFalse;
+  showPictureInfo(viewer);
+  loadVram(viewer, kBodyPos);
+  renderAndShow(viewer);
+}
+
+void loadPacked(ViewerState &viewer, const BloadSettings &settings) {
+  if (readByte(viewer.inputFile, kIdentifierPos) != kPackedIdentifier || !packedBloadAddressesValid(viewer)) {
+    reportNotValid(viewer);
+    return;
+  }
+  storeSettings(viewer, settings);
+  viewer.isPacked = kTrue;
+  setDefaultPalette(viewer); // a palette in the packed body is not looked for
+  showPictureInfo(viewer);
+  loadVram(viewer, kBodyPos);
+  loadPackedData(viewer, kBodyPos);
+  const int32_t pictureBytes = viewer.imageWidth * viewer.imageHeight / (8 / viewer.bitsPerPixel);
+  depackBload(viewer.packedData, viewer.vram, static_cast<size_t>(pictureBytes));
+  renderAndShow(viewer);
+}
+
+void loadBload(ViewerState &viewer, const BloadSettings &settings) {
+  if (!openFileForReading(viewer)) return;
+  if (readByte(viewer.inputFile, kIdentifierPos) == kPlainIdentifier) {
+    loadPlain(viewer, settings);
+  } else if (settings.packedExtension.empty()) {
+    reportNotValid(viewer);
+  } else if (viewer.fileExtension == settings.packedExtension) {
+    loadPacked(viewer, settings);
+  }
+}
+
+} // namespace
+
+void loadScreen5(ViewerState &viewer) { loadBload(viewer, kScreen5); }
+void loadScreen6(ViewerState &viewer) { loadBload(viewer, kScreen6); }
+void loadScreen7(ViewerState &viewer) { loadBload(viewer, kScreen7); }
+void loadScreen8(ViewerState &viewer) { loadBload(viewer, kScreen8); }
+void loadScreen10(ViewerState &viewer) { loadBload(viewer, kScreen10); }
+void loadScreen12(ViewerState &viewer) { loadBload(viewer, kScreen12); }
