@@ -1,0 +1,27 @@
+// The command line of korilan-cli.
+#pragma once
+
+#include <span>
+#include <string>
+#include <vector>
+
+enum class CliCommand { kHelp, kInfo, kConvert };
+enum class ImageFormat { kBmp, kPpm };
+
+struct CliRequest {
+  CliCommand command = CliCommand::kHelp;
+  bool json = false;
+  bool shown = false;
+  ImageFormat format = ImageFormat::kBmp;
+  std::string outPath;      // -o; "-" is standard output
+  std::string outDirectory; // -d
+  unsigned jobs = 0;        // 0: as many as the computer has cores
+  std::vector<std::string> files;
+};
+
+// Reads the arguments behind the program's name into `request`. Returns an empty text, or one line that says what is
+// wrong with them.
+std::string parseArguments(std::span<const std::string> arguments, CliRequest &request);
+
+// What `korilan-cli --help` prints.
+extern const char *const kCliHelp;

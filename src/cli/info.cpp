@@ -1,0 +1,110 @@
+#include "cli/info.h"
+
+#include "cli/opened_file.h"
+#include "formats/colour_count.h"
+
+#include <array>
+#include <cstdio>
+#include <string_view>
+
+namespace {
+
+// Bytes of the UTF-8 character at the start of `text`, or 0 where there is none.
+size_t characterLength(std::string_view text) {
+  const auto byteAt = [text](size_t i) { return static_cast<unsigned char>(text[i]); };
+  const unsigned char lead = byteAt(0);
+  if (lead < 0x80) return 1;
+  const size_t length = lead >= 0xF0 && lead <= 0xF4 ? 4 : lead >= 0xE0 ? 3 : 2;
+  if (lead < 0xC2 || lead > 0xF4 || text.size() < length) return 0;
+  for (size_t i = 1; i < length; ++i) {
+    if ((byteAt(i) & 0xC0) != 0x80) return 0;
+  }
+  const unsigned char second = byteAt(1);
+  const bool overlong = (lead == 0xE0 && second < 0xA0) || (lead == 0xF0 && second < 0x90);
+  const bool noCharacter = (lead == 0xED && second > 0x9F) || (lead == 0xF4 && second > 0x8F);
+  return overlong || noCharacter ? 0 : length;
+}
+
+std::string quoted(std::string_view text) {
+  std::string json = "\"";
+  while (!text.empty()) {
+    const size_t length = characterLength(text);
+    const char first = text[0];
+    if (length == 0) {
+      json += "\\ufffd";
+    } else if (first == '"' || first == '\\') {
+      json += '\\';
+      json += first;
+    } else if (static_cast<unsigned char>(first) < 0x20) {
+      std::array<char, 8> escape{};
+      std::snprintf(escape.data(), escape.size(), "\\u%04x", static_cast<unsigned>(first));
+      json += escape.data();
+    } else {
+      json += text.substr(0, length);
+    }
+    text.remove_prefix(length == 0 ? 1 : length);
+  }
+  return json + '"';
+}
+
+// A JSON object that grows member by member.
+struct JsonLine {
+  std::string text = "{";
+
+  void member(const char *key, const std::string &value) {
+    if (text.size() > 1) text += ',';
+    text += quoted(key) + ":" + value;
+  }
+};
+
+std::string number(int64_t value) { return std::to_string(value); }
+std::string truth(bool value) { return value ? "true" : "false"; }
+std::string size(int32_t width, int32_t height) { return "[" + number(width) + "," + number(height) + "]"; }
+
+std::string paletteWords(const ViewerState &viewer) {
+  constexpr size_t kMost = 64;
+  constexpr size_t kUsual = 16;
+  const size_t count = viewer.colourCount == kMost ? kMost : kUsual;
+  std::string words = "[";
+  for (size_t i = 0; i < count; ++i) words += (i == 0 ? "" : ",") + number(viewer.palette[i]);
+  return words + "]";
+}
+
+} // namespace
+
+std::string infoJson(const ViewerState &viewer) {
+  const WindowModel &window = viewer.window;
+  const std::string error = errorLine(viewer);
+  JsonLine line;
+  line.member("fileExtension", quoted(viewer.fileExtension));
+  line.member("typeDescription", quoted(viewer.typeDescription));
+  line.member("fileLoaded", truth(viewer.fileLoaded == kTrue));
+  line.member("bitsPerPixel", number(viewer.bitsPerPixel));
+  line.member("colourMode", number(viewer.colourMode));
+  line.member("colourCount", number(viewer.colourCount));
+  line.member("hasPalette", truth(viewer.hasPalette == kTrue));
+  line.member("isPacked", truth(viewer.isPacked == kTrue));
+  line.member("spriteMode", truth(viewer.spriteMode == kTrue));
+  line.member("imageWidth", number(viewer.imageWidth));
+  line.member("imageHeight", number(viewer.imageHeight));
+  line.member("caption", quoted(window.caption));
+  line.member("label1", quoted(window.Label1));
+  line.member("label2", quoted(window.Label2));
+  line.member("label3", quoted(window.Label3));
+  line.member("label4", quoted(window.Label4));
+  line.member("doubleHeight", truth(window.menuDoubleHeight.checked));
+  line.member("palette", paletteWords(viewer));
+  line.member("mainView", size(window.mainViewWidth, window.mainViewHeight));
+  line.member("target", size(window.stretch.targetWidth, window.stretch.targetHeight));
+  line.member("colourCountShown", number(viewer.pictureShown == kTrue ? shownColourCount(viewer) : 0));
+  line.member("error", error.empty() ? "null" : quoted(error));
+  line.member("shown", truth(viewer.pictureShown == kTrue));
+  return line.text + "}";
+}
+
+std::string infoText(const ViewerState &viewer) {
+  const WindowModel &window = viewer.window;
+  return viewer.filePath + ": " + viewer.typeDescription + ", " + window.Label1 + ", " + window.Label2 + ", " +
+         window.Label3 + ", shown " + std::to_string(window.stretch.targetWidth) + "x" +
+         std::to_string(window.stretch.targetHeight);
+}

@@ -1,0 +1,60 @@
+// korilan-cli: the viewer without a window.
+#include "cli/arguments.h"
+#include "cli/convert.h"
+#include "cli/info.h"
+#include "cli/opened_file.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <memory>
+
+#ifdef _WIN32
+#include <fcntl.h>
+#include <io.h>
+#endif
+
+namespace {
+
+enum ExitStatus { kAllShown = 0, kSomeNotShown = 1, kWrongUsage = 2 };
+
+bool printInfo(const CliRequest &request) {
+  bool allShown = true;
+  for (const std::string &path : request.files) {
+    const auto file = std::make_unique<OpenedFile>();
+    openFile(*file, path);
+    const std::string failure = refusal(file->viewer);
+    if (request.json) std::printf("%s\n", infoJson(file->viewer).c_str());
+    if (failure.empty()) {
+      if (!request.json) std::printf("%s\n", infoText(file->viewer).c_str());
+      continue;
+    }
+    allShown = false;
+    std::fprintf(stderr, "%s\n", failure.c_str());
+  }
+  return allShown;
+}
+
+} // namespace
+
+int main(int argumentCount, char **argumentTexts) {
+#ifdef _WIN32
+  _setmode(_fileno(stdout), _O_BINARY); // bitmaps to standard output, and the same line ends everywhere
+#endif
+  const std::vector<std::string> arguments(argumentTexts + std::min(argumentCount, 1), argumentTexts + argumentCount);
+  CliRequest request;
+  if (const std::string wrong = parseArguments(arguments, request); !wrong.empty()) {
+    std::fprintf(stderr, "korilan-cli: %s\n", wrong.c_str());
+    return kWrongUsage;
+  }
+#ifdef _WIN32
+  for (std::string &path : request.files) std::replace(path.begin(), path.end(), '/', '\\');
+#endif
+  bool allShown = true;
+  switch (request.command) {
+  case CliCommand::kHelp: std::fputs(kCliHelp, stdout); break;
+  case CliCommand::kInfo: allShown = printInfo(request); break;
+  case CliCommand::kConvert: allShown = convertFiles(request); break;
+  }
+  if (std::fflush(stdout) != 0) allShown = false;
+  return allShown ? kAllShown : kSomeNotShown;
+}

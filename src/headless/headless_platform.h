@@ -1,0 +1,25 @@
+// A stand-in for the window system: delivers scripted events, one in each event pass, and keeps a log of all calls.
+#pragma once
+
+#include "core/viewer_state.h"
+
+#include <cstdint>
+#include <deque>
+#include <string>
+#include <vector>
+
+// Something that the user does while the viewer is busy.
+struct HeadlessEvent {
+  void (*deliver)(ViewerState &viewer, const std::string &argument);
+  std::string argument;
+};
+
+struct HeadlessPlatform {
+  ViewerState *viewer = nullptr;
+  std::deque<HeadlessEvent> events;
+  std::vector<std::string> log;   // a line for each call, "presentPicture 256x212"
+  std::vector<uint8_t> clipboard; // the bitmap last copied
+};
+
+// Hands the viewer a table that calls `headless`; both must live as long as the other is used.
+void attachHeadless(ViewerState &viewer, HeadlessPlatform &headless);
