@@ -11,7 +11,7 @@ size_t depackBload(std::span<const uint8_t> packed, std::span<uint8_t> unpacked,
   constexpr size_t kLongestRun = 256;
   size_t source = 0;
   size_t written = 0;
-  while (written < size) {
+  do {
     if (source == packed.size()) return written;
     size_t count = packed[source++];
     if (count == 0) {
@@ -24,7 +24,6 @@ size_t depackBload(std::span<const uint8_t> packed, std::span<uint8_t> unpacked,
     count = std::min(count, unpacked.size() - written);
     std::fill_n(unpacked.begin() + static_cast<std::ptrdiff_t>(written), count, value);
     written += count;
-    if (written == unpacked.size()) return written;
-  }
+  } while (written < size && written < unpacked.size());
   return written;
 }

@@ -1,0 +1,20 @@
+#pragma once
+
+// What the screen modes show, in the plainest form: one pixel after the other, by the definition.
+
+#include "picture_types.h"
+
+namespace samples {
+
+// Colours of pictures without a palette of their own.
+extern const ColourWords kDefaultColours;
+
+// Levels 0..7 as round(level * 255 / 7).
+ColourWords coloursOfPalette(const Palette &palette);
+
+std::vector<std::uint32_t> shownIndexes(const Bytes &indexes, const ColourWords &colours);
+std::vector<std::uint32_t> shownGrb332(const Bytes &bytes);
+std::vector<std::uint32_t> shownYjk(const Bytes &bytes);
+std::vector<std::uint32_t> shownYae(const Bytes &bytes, const ColourWords &colours);
+
+} // namespace samples

@@ -1,0 +1,45 @@
+// make_samples DIR: writes all sample pictures below DIR, the unusual ones in DIR/odd.
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <system_error>
+
+#include "sample_pictures.h"
+
+namespace {
+
+std::filesystem::path pathOfUtf8(const std::string &text) {
+  return std::filesystem::path(std::u8string(text.begin(), text.end()));
+}
+
+bool writeWholeFile(const std::filesystem::path &path, const std::vector<std::uint8_t> &bytes) {
+  std::ofstream file(path, std::ios::binary | std::ios::trunc);
+  file.write(reinterpret_cast<const char *>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+  file.close();
+  return file.good();
+}
+
+} // namespace
+
+int main(int argumentCount, char **arguments) {
+  if (argumentCount != 2 || arguments[1][0] == '\0') {
+    std::fprintf(stderr, "usage: make_samples DIR\n");
+    return 2;
+  }
+  const std::filesystem::path folder = pathOfUtf8(arguments[1]);
+  std::error_code failure;
+  std::filesystem::create_directories(folder / "odd", failure);
+  if (failure) {
+    std::fprintf(stderr, "make_samples: cannot create %s/odd: %s\n", arguments[1], failure.message().c_str());
+    return 1;
+  }
+  for (const samples::SamplePicture &picture : samples::allSamplePictures()) {
+    if (!writeWholeFile(folder / pathOfUtf8(picture.name), picture.bytes)) {
+      std::fprintf(stderr, "make_samples: cannot write %s/%s\n", arguments[1], picture.name.c_str());
+      return 1;
+    }
+  }
+  return 0;
+}

@@ -1,0 +1,29 @@
+#pragma once
+
+// Sample picture files of the BLOAD screens, drawn and encoded by code of their own, so that the
+// viewer and its samples cannot share a mistake.
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace samples {
+
+struct SamplePicture {
+  std::string name;                // UTF-8; may hold one folder, "odd/short_body.SC5"
+  std::vector<std::uint8_t> bytes; // the whole file
+  int width = 0;                   // of the picture to be shown; 0 x 0: the file is refused
+  int height = 0;
+  std::vector<std::uint32_t> expected; // width * height words 0x00RRGGBB, top row first
+  std::string error;                   // error line of a refused file; "" when it ends silently
+};
+
+// All samples, normal ones first. The bytes are the same with every compiler and on every machine.
+std::vector<SamplePicture> allSamplePictures();
+
+// The two halves of the above: well-formed pictures of every extension; files in "odd/" with unusual
+// or broken headers, bodies, palettes and names.
+std::vector<SamplePicture> normalSamplePictures();
+std::vector<SamplePicture> oddSamplePictures();
+
+} // namespace samples
