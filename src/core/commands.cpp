@@ -48,7 +48,6 @@ void menuClose_Click(ViewerState &viewer) {
 }
 
 void menuCopyClipboard_Click(ViewerState &viewer) {
-  if (viewer.loadUnderWay) return;
   const auto file = encodeBitmap(viewer.frameBits, viewer.frameWidth, viewer.frameHeight);
   viewer.platform.copyToClipboard(viewer.platform.context, std::span(file).subspan(kBitmapFileHeaderBytes));
 }

@@ -1,4 +1,4 @@
-// Commands of the main window. One that would load, render or close is ignored while a load is under way.
+// Commands of the main window. One that would load or close is ignored while a load is under way.
 #pragma once
 
 #include "core/viewer_state.h"

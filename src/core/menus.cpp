@@ -5,12 +5,6 @@
 
 #include <string_view>
 
-namespace {
-
-constexpr const char *kViewMenu = "View";
-
-} // namespace
-
 // clang-format off
 constexpr std::array<MenuRow, kMenuRowCount> kMenuRows{{
     {"File",    "Open",              &WindowModel::menuOpen,          nullptr},

@@ -6,6 +6,9 @@
 #include <array>
 #include <cstddef>
 
+// The one menu that is enabled and disabled as a whole, by menuView.
+inline constexpr const char *kViewMenu = "View";
+
 using MenuCommand = void (*)(ViewerState &viewer);
 
 struct MenuRow {

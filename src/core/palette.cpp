@@ -18,6 +18,14 @@ constexpr std::array<uint32_t, kStandardEntries> kDefaultPalette{
     packColour(255,  36,  36), packColour(255, 109, 109), packColour(218, 218,  36), packColour(218, 218, 145),
     packColour( 36, 145,  36), packColour(218,  72, 182), packColour(182, 182, 182), packColour(255, 255, 255),
 };
+
+// Each channel is off, half or full.
+constexpr std::array<uint32_t, kStandardEntries> kSymbosPalette{
+    packColour(255, 255, 145), packColour(  0,   0,   0), packColour(255, 145,   0), packColour(145,   0,   0),
+    packColour(  0, 255, 255), packColour(  0,   0, 145), packColour(145, 145, 255), packColour(  0,   0, 255),
+    packColour(255, 255, 255), packColour(  0, 145,   0), packColour(  0, 255,   0), packColour(255,   0, 255),
+    packColour(255, 255,   0), packColour(145, 145, 145), packColour(255, 145, 145), packColour(255,   0,   0),
+};
 // clang-format on
 
 // Level 0 to 7 as 0 to 255: round(level * 255 / 7).
@@ -27,6 +35,10 @@ constexpr std::array<uint8_t, kHighestLevel + 1> kLevels{0, 36, 73, 109, 146, 18
 
 void setDefaultPalette(ViewerState &viewer) {
   std::copy(kDefaultPalette.begin(), kDefaultPalette.end(), viewer.palette.begin());
+}
+
+void setSymbosPalette(ViewerState &viewer) {
+  std::copy(kSymbosPalette.begin(), kSymbosPalette.end(), viewer.palette.begin());
 }
 
 void readFilePalette(ViewerState &viewer) {

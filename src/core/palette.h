@@ -16,6 +16,9 @@ constexpr uint32_t swapRedBlue(uint32_t word) {
 // Writes the 16 standard colours to entries 0 to 15.
 void setDefaultPalette(ViewerState &viewer);
 
+// Writes the 16 colours of the SymbOS desktop to entries 0 to 15.
+void setSymbosPalette(ViewerState &viewer);
+
 // Reads `colourCount` entries from the open file at `paletteFilePos`, which ends at the byte that was refused or behind
 // the last one. An entry is two bytes in V9938 palette register order: 0 R2 R1 R0 0 B2 B1 B0, then
 // 0 0 0 0 0 G2 G1 G0. A byte with another bit set, or colours that are all black, give the standard colours instead.

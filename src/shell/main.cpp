@@ -1,0 +1,43 @@
+// The Windows program: makes the window, hands the command line to the viewer, runs the message loop.
+#include "core/commands.h"
+#include "core/viewer_state.h"
+#include "shell/main_window.h"
+#include "shell/platform_windows.h"
+
+#include <windows.h>
+
+#include <string_view>
+
+namespace {
+
+constexpr std::string_view kBlanks = " \t";
+
+// All that follows the program's name, which stands first and in quotes where it holds a blank.
+std::string_view withoutProgramName(std::string_view line) {
+  const bool quoted = line.starts_with('"');
+  const size_t end = quoted ? line.find('"', 1) : line.find_first_of(kBlanks);
+  if (end == std::string_view::npos) return {};
+  line.remove_prefix(end + (quoted ? 1 : 0));
+  const size_t first = line.find_first_not_of(kBlanks);
+  if (first == std::string_view::npos) return {};
+  return line.substr(first, line.find_last_not_of(kBlanks) - first + 1);
+}
+
+int runMessageLoop() {
+  MSG message;
+  while (GetMessageA(&message, nullptr, 0, 0) > 0) handleMessage(message);
+  return static_cast<int>(message.wParam);
+}
+
+} // namespace
+
+// The manifest makes UTF-8 the code page of the A functions, so all texts pass through as they are.
+int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int showCommand) {
+  ViewerState viewer;
+  MainWindow main;
+  viewer.platform = windowsPlatform(main);
+  if (!createMainWindow(main, viewer, instance)) return 1;
+  startViewer(viewer, withoutProgramName(GetCommandLineA()));
+  showMainWindow(main, showCommand);
+  return runMessageLoop();
+}

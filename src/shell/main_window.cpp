@@ -1,0 +1,157 @@
+#include "shell/main_window.h"
+
+#include "core/commands.h"
+#include "core/menus.h"
+#include "shell/control_ids.h"
+#include "shell/window_placement.h"
+#include "shell/window_sync.h"
+
+#include <shellapi.h>
+
+#include <string>
+#include <string_view>
+
+namespace {
+
+constexpr char kWindowClass[] = "KorilanMainWindow";
+constexpr int kIconResource = 1;
+
+// The menus of kMenuRows as WindowModel{} has them.
+HMENU buildMenuBar() {
+  const WindowModel initial;
+  const HMENU menuBar = CreateMenu();
+  HMENU menu = nullptr;
+  std::string_view menuName;
+  for (size_t index = 0; index < kMenuRows.size(); ++index) {
+    const MenuRow &row = kMenuRows[index];
+    if (row.menu != menuName) {
+      menuName = row.menu;
+      menu = CreatePopupMenu();
+      AppendMenuA(menuBar, MF_POPUP, reinterpret_cast<UINT_PTR>(menu), row.menu);
+    }
+    if (row.caption == nullptr) {
+      AppendMenuA(menu, MF_SEPARATOR, 0, nullptr);
+    } else {
+      const auto state = static_cast<UINT>(menuRowEnabled(initial, row) ? MF_ENABLED : MF_GRAYED);
+      AppendMenuA(menu, MF_STRING | state, kFirstMenuCommand + index, row.caption);
+    }
+  }
+  return menuBar;
+}
+
+bool createControls(MainWindow &main, HINSTANCE instance) {
+  for (size_t label = 0; label < main.labels.size(); ++label) {
+    main.labels[label] = CreateWindowExA(
+        0, "STATIC", "", WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS, 0, 0, 0, 0,
+        main.window, reinterpret_cast<HMENU>(kLabel1Id + label), instance, nullptr);
+    if (main.labels[label] == nullptr) return false;
+  }
+  return createMainView(main.mainView, main.window, instance);
+}
+
+// Path of the first file of a drop.
+std::string droppedPath(HDROP drop) {
+  std::wstring wide(DragQueryFileW(drop, 0, nullptr, 0), L'\0');
+  if (wide.empty()) return {};
+  DragQueryFileW(drop, 0, wide.data(), static_cast<UINT>(wide.size() + 1));
+  const int wideLength = static_cast<int>(wide.size());
+  const int length = WideCharToMultiByte(CP_UTF8, 0, wide.data(), wideLength, nullptr, 0, nullptr, nullptr);
+  std::string path(static_cast<size_t>(length), '\0');
+  WideCharToMultiByte(CP_UTF8, 0, wide.data(), wideLength, path.data(), length, nullptr, nullptr);
+  return path;
+}
+
+void openDroppedFile(MainWindow &main, HDROP drop) {
+  const std::string path = droppedPath(drop);
+  DragFinish(drop);
+  if (path.empty()) return;
+  SetForegroundWindow(main.window);
+  openPath(*main.viewer, path);
+}
+
+// At another resolution the window keeps the corner that the system proposes; its size follows from the content.
+void changeResolution(MainWindow &main, UINT dotsPerInch, const RECT &proposed) {
+  updateFont(main, dotsPerInch);
+  SetWindowPos(main.window, nullptr, proposed.left, proposed.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  fitWindow(main);
+}
+
+void releaseWindow(MainWindow &main) {
+  main.window = nullptr;
+  if (main.font != nullptr) DeleteObject(main.font);
+  main.font = nullptr;
+  PostQuitMessage(0);
+}
+
+LRESULT CALLBACK mainWindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  auto *main = reinterpret_cast<MainWindow *>(GetWindowLongPtrA(window, GWLP_USERDATA));
+  if (main == nullptr || main->window == nullptr) return DefWindowProcA(window, message, wParam, lParam);
+
+  switch (message) {
+  case WM_COMMAND:
+    if (lParam == 0) runMenuRow(*main->viewer, size_t{LOWORD(wParam)} - kFirstMenuCommand);
+    break;
+  case WM_DROPFILES: openDroppedFile(*main, reinterpret_cast<HDROP>(wParam)); break;
+  case WM_CLOSE: menuExit_Click(*main->viewer); break;
+  case WM_SIZE:
+    if (wParam == SIZE_RESTORED && main->fitWhenRestored) {
+      fitWindow(*main);
+    } else if (wParam != SIZE_MINIMIZED) {
+      placeControls(*main);
+    }
+    return 0;
+  case WM_GETMINMAXINFO: {
+    const SIZE least = leastWindowSize(*main);
+    reinterpret_cast<MINMAXINFO *>(lParam)->ptMinTrackSize = {least.cx, least.cy};
+    return 0;
+  }
+  case WM_DPICHANGED: changeResolution(*main, LOWORD(wParam), *reinterpret_cast<const RECT *>(lParam)); return 0;
+  case WM_DISPLAYCHANGE: keepWindowOnWorkArea(*main); return 0;
+  case WM_DESTROY: releaseWindow(*main); return 0;
+  default: return DefWindowProcA(window, message, wParam, lParam);
+  }
+  syncWindow(*main);
+  return 0;
+}
+
+bool registerWindowClass(HINSTANCE instance) {
+  WNDCLASSEXA windowClass{};
+  windowClass.cbSize = sizeof windowClass;
+  windowClass.lpfnWndProc = mainWindowProcedure;
+  windowClass.hInstance = instance;
+  windowClass.hIcon = LoadIconA(instance, MAKEINTRESOURCEA(kIconResource));
+  windowClass.hIconSm = static_cast<HICON>(LoadImageA(instance, MAKEINTRESOURCEA(kIconResource), IMAGE_ICON,
+                                                      GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON), 0));
+  windowClass.hCursor = LoadCursorA(nullptr, IDC_ARROW);
+  windowClass.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
+  windowClass.lpszClassName = kWindowClass;
+  return RegisterClassExA(&windowClass) != 0;
+}
+
+} // namespace
+
+bool createMainWindow(MainWindow &main, ViewerState &viewer, HINSTANCE instance) {
+  if (!registerWindowClass(instance)) return false;
+  main.viewer = &viewer;
+  main.menuBar = buildMenuBar();
+  main.window = CreateWindowExA(WS_EX_ACCEPTFILES, kWindowClass, main.shown.caption.c_str(),
+                                WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT,
+                                CW_USEDEFAULT, nullptr, main.menuBar, instance, nullptr);
+  if (main.window == nullptr || !createControls(main, instance)) return false;
+  updateFont(main, GetDpiForWindow(main.window));
+  SetWindowLongPtrA(main.window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&main));
+  return true;
+}
+
+void showMainWindow(MainWindow &main, int showCommand) {
+  syncWindow(main);
+  if (main.window == nullptr) return;
+  centreWindow(main);
+  ShowWindow(main.window, showCommand);
+  UpdateWindow(main.window);
+}
+
+void handleMessage(const MSG &message) {
+  TranslateMessage(&message);
+  DispatchMessageA(&message);
+}

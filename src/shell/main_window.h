@@ -1,0 +1,33 @@
+// The main window: the viewer's WindowModel as Windows shows it.
+#pragma once
+
+#include "core/viewer_state.h"
+#include "shell/main_view.h"
+#include "shell/window_layout.h"
+
+#include <windows.h>
+
+#include <array>
+
+struct MainWindow {
+  ViewerState *viewer = nullptr;
+  HWND window = nullptr; // nullptr once destroyed
+  HMENU menuBar = nullptr;
+  MainView mainView;
+  std::array<HWND, 4> labels{}; // Label1 to Label4
+  HFONT font = nullptr;
+  TextMetrics metrics;
+
+  WindowModel shown;            // what the controls show at present
+  bool fitWhenRestored = false; // MainView changed its size while the window was maximised or minimised
+};
+
+// Makes the window with its controls, still hidden. Both records must outlive it. Returns false when the system
+// refuses.
+bool createMainWindow(MainWindow &main, ViewerState &viewer, HINSTANCE instance);
+
+// Shows the window for the first time, in the middle of the work area.
+void showMainWindow(MainWindow &main, int showCommand);
+
+// Hands one message of the queue to its window.
+void handleMessage(const MSG &message);

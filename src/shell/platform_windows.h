@@ -1,0 +1,8 @@
+// What the viewer asks of Windows.
+#pragma once
+
+#include "core/platform_ops.h"
+#include "shell/main_window.h"
+
+// The table for that window, which must outlive every call.
+PlatformOps windowsPlatform(MainWindow &main);

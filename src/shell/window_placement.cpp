@@ -1,0 +1,103 @@
+#include "shell/window_placement.h"
+
+#include <algorithm>
+
+namespace {
+
+RECT workAreaOf(HWND window) {
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  GetMonitorInfoA(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
+  return monitor.rcWork;
+}
+
+SIZE sizeOf(const RECT &rectangle) { return {rectangle.right - rectangle.left, rectangle.bottom - rectangle.top}; }
+
+SIZE clientSizeOf(HWND window) {
+  RECT client{};
+  GetClientRect(window, &client);
+  return sizeOf(client);
+}
+
+// Client area plus frame, title bar and a menu bar of one row.
+SIZE outerSize(const MainWindow &main, SIZE client) {
+  RECT outer{0, 0, client.cx, client.cy};
+  const auto style = static_cast<DWORD>(GetWindowLongA(main.window, GWL_STYLE));
+  const auto extendedStyle = static_cast<DWORD>(GetWindowLongA(main.window, GWL_EXSTYLE));
+  AdjustWindowRectExForDpi(&outer, style, TRUE, extendedStyle, static_cast<UINT>(main.metrics.dotsPerInch));
+  return sizeOf(outer);
+}
+
+void moveWindow(HWND window, const RECT &to) {
+  SetWindowPos(window, nullptr, to.left, to.top, to.right - to.left, to.bottom - to.top, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void resizeOnWorkArea(HWND window, SIZE size) {
+  RECT place{};
+  GetWindowRect(window, &place);
+  place.right = place.left + size.cx;
+  place.bottom = place.top + size.cy;
+  moveWindow(window, keptOnWorkArea(place, workAreaOf(window)));
+}
+
+} // namespace
+
+void updateFont(MainWindow &main, UINT dotsPerInch) {
+  NONCLIENTMETRICSW system{}; // the call knows only this form
+  system.cbSize = sizeof system;
+  SystemParametersInfoForDpi(SPI_GETNONCLIENTMETRICS, sizeof system, &system, 0, dotsPerInch);
+  const HFONT font = CreateFontIndirectW(&system.lfMessageFont);
+  for (const HWND label : main.labels) SendMessageA(label, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+  if (main.font != nullptr) DeleteObject(main.font);
+  main.font = font;
+
+  TEXTMETRICA text{};
+  const HDC screen = GetDC(main.window);
+  const HGDIOBJ former = SelectObject(screen, font);
+  GetTextMetricsA(screen, &text);
+  SelectObject(screen, former);
+  ReleaseDC(main.window, screen);
+  main.metrics = {
+      .dotsPerInch = static_cast<int>(dotsPerInch),
+      .lineHeight = static_cast<int>(text.tmHeight),
+      .characterWidth = static_cast<int>(text.tmAveCharWidth),
+  };
+}
+
+void placeControls(MainWindow &main) {
+  const WindowLayout layout = layOutWindow(main.shown, main.metrics, clientSizeOf(main.window));
+  moveWindow(main.mainView.window, layout.mainView);
+  for (size_t label = 0; label < main.labels.size(); ++label) moveWindow(main.labels[label], layout.labels[label]);
+}
+
+void fitWindow(MainWindow &main) {
+  main.fitWhenRestored = IsZoomed(main.window) || IsIconic(main.window);
+  if (!main.fitWhenRestored) {
+    const SIZE content = contentSize(main.shown, main.metrics);
+    const SIZE outer = outerSize(main, content);
+    resizeOnWorkArea(main.window, outer);
+    // A menu bar that needs several rows takes its room from the client area.
+    const LONG lacking = content.cy - clientSizeOf(main.window).cy;
+    if (lacking > 0) resizeOnWorkArea(main.window, {outer.cx, outer.cy + lacking});
+  }
+  placeControls(main);
+}
+
+void keepWindowOnWorkArea(const MainWindow &main) {
+  if (IsZoomed(main.window) || IsIconic(main.window)) return;
+  RECT place{};
+  GetWindowRect(main.window, &place);
+  resizeOnWorkArea(main.window, sizeOf(place));
+}
+
+void centreWindow(const MainWindow &main) {
+  RECT place{};
+  GetWindowRect(main.window, &place);
+  moveWindow(main.window, centredOnWorkArea(sizeOf(place), workAreaOf(main.window)));
+}
+
+SIZE leastWindowSize(const MainWindow &main) {
+  const SIZE content = outerSize(main, contentSize(main.shown, main.metrics));
+  const SIZE workArea = sizeOf(workAreaOf(main.window));
+  return {std::min(content.cx, workArea.cx), std::min(content.cy, workArea.cy)};
+}

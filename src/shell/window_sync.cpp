@@ -1,0 +1,66 @@
+#include "shell/window_sync.h"
+
+#include "core/menus.h"
+#include "shell/control_ids.h"
+#include "shell/window_placement.h"
+
+#include <string>
+#include <string_view>
+
+namespace {
+
+constexpr std::array<std::string WindowModel::*, 4> kLabelTexts = {&WindowModel::Label1, &WindowModel::Label2,
+                                                                   &WindowModel::Label3, &WindowModel::Label4};
+
+constexpr UINT greyed(bool enabled) { return static_cast<UINT>(enabled ? MF_ENABLED : MF_GRAYED); }
+
+void syncMenuItems(const MainWindow &main, const WindowModel &model) {
+  for (size_t index = 0; index < kMenuRows.size(); ++index) {
+    const MenuRow &row = kMenuRows[index];
+    if (row.item == nullptr) continue;
+    const UINT command = kFirstMenuCommand + static_cast<UINT>(index);
+    const bool enabled = menuRowEnabled(model, row);
+    if (enabled != menuRowEnabled(main.shown, row)) {
+      EnableMenuItem(main.menuBar, command, MF_BYCOMMAND | greyed(enabled));
+    }
+    const bool checked = (model.*row.item).checked;
+    if (checked != (main.shown.*row.item).checked) {
+      CheckMenuItem(main.menuBar, command, static_cast<UINT>(MF_BYCOMMAND | (checked ? MF_CHECKED : MF_UNCHECKED)));
+    }
+  }
+}
+
+void syncViewMenu(const MainWindow &main, const WindowModel &model) {
+  if (model.menuView.enabled == main.shown.menuView.enabled) return;
+  UINT position = 0;
+  for (size_t index = 0; index < kMenuRows.size(); ++index) {
+    const std::string_view menu = kMenuRows[index].menu;
+    if (index > 0 && menu != kMenuRows[index - 1].menu) ++position;
+    if (menu == kViewMenu) break;
+  }
+  EnableMenuItem(main.menuBar, position, MF_BYPOSITION | greyed(model.menuView.enabled));
+  DrawMenuBar(main.window);
+}
+
+} // namespace
+
+void syncWindow(MainWindow &main) {
+  if (main.window == nullptr) return;
+  const WindowModel &model = main.viewer->window;
+
+  if (model.caption != main.shown.caption) SetWindowTextA(main.window, model.caption.c_str());
+  for (size_t label = 0; label < kLabelTexts.size(); ++label) {
+    const std::string &text = model.*kLabelTexts[label];
+    if (text != main.shown.*kLabelTexts[label]) SetWindowTextA(main.labels[label], text.c_str());
+  }
+  syncMenuItems(main, model);
+  syncViewMenu(main, model);
+
+  const bool resized =
+      model.mainViewWidth != main.shown.mainViewWidth || model.mainViewHeight != main.shown.mainViewHeight;
+  const bool redrawn = model.pictureSerial != main.shown.pictureSerial || model.stretch != main.shown.stretch;
+  // Resizing brings in further messages, for which this model is then the one shown.
+  main.shown = model;
+  if (redrawn) redrawPicture(main.mainView, model.stretch);
+  if (resized) fitWindow(main);
+}

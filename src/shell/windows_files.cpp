@@ -1,0 +1,134 @@
+// The file system of Windows. Paths are UTF-8, which the programs' manifests make the code page of the A functions.
+#include "core/file_ops.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <atomic>
+#include <cstdio>
+
+namespace {
+
+constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
+// One call moves at most a DWORD of bytes.
+constexpr size_t kLargestTransfer = size_t{1} << 30;
+
+FileHandle openForReading(const char *path) {
+  const HANDLE file =
+      CreateFileA(path, GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE) return nullptr;
+  if (GetFileType(file) != FILE_TYPE_DISK) {
+    CloseHandle(file);
+    return nullptr;
+  }
+  return file;
+}
+
+int64_t length(FileHandle file) {
+  LARGE_INTEGER size{};
+  return GetFileSizeEx(file, &size) ? size.QuadPart : 0;
+}
+
+size_t readAt(FileHandle file, int64_t offset, uint8_t *into, size_t count) {
+  size_t done = 0;
+  while (done < count) {
+    const auto position = static_cast<uint64_t>(offset) + done;
+    OVERLAPPED from{};
+    from.Offset = static_cast<DWORD>(position);
+    from.OffsetHigh = static_cast<DWORD>(position >> 32);
+    const auto wanted = static_cast<DWORD>(std::min(count - done, kLargestTransfer));
+    DWORD given = 0;
+    if (!ReadFile(file, into + done, wanted, &given, &from) || given == 0) break;
+    done += given;
+  }
+  return done;
+}
+
+void closeFile(FileHandle file) { CloseHandle(file); }
+
+// The system's own words for an error number.
+std::string errorText(DWORD error) {
+  char buffer[512];
+  const DWORD size = FormatMessageA(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error, 0,
+                                    buffer, sizeof buffer, nullptr);
+  std::string text(buffer, size);
+  text.erase(text.find_last_not_of("\r\n") + 1);
+  return text.empty() ? "Error " + std::to_string(error) : text;
+}
+
+// Writes all bytes and closes the file. Returns the number of the first error, or ERROR_SUCCESS.
+DWORD writeAndClose(HANDLE file, std::span<const uint8_t> bytes) {
+  DWORD error = ERROR_SUCCESS;
+  while (!bytes.empty() && error == ERROR_SUCCESS) {
+    const auto wanted = static_cast<DWORD>(std::min(bytes.size(), kLargestTransfer));
+    DWORD written = 0;
+    if (!WriteFile(file, bytes.data(), wanted, &written, nullptr)) {
+      error = GetLastError();
+    } else if (written == 0) {
+      error = ERROR_WRITE_FAULT;
+    }
+    bytes = bytes.subspan(written);
+  }
+  if (!CloseHandle(file) && error == ERROR_SUCCESS) error = GetLastError();
+  return error;
+}
+
+// Opens `path` for writing where it is a device or a pipe; INVALID_HANDLE_VALUE for files and where nothing is.
+HANDLE openDevice(const char *path) {
+  const HANDLE device =
+      CreateFileA(path, GENERIC_WRITE, kShareAll, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (device == INVALID_HANDLE_VALUE) return device;
+  if (GetFileType(device) == FILE_TYPE_DISK) {
+    CloseHandle(device);
+    return INVALID_HANDLE_VALUE;
+  }
+  return device;
+}
+
+// Makes a new file in the folder of `path` and stores its path in `temporaryPath`.
+HANDLE createTemporary(const std::string &path, std::string &temporaryPath) {
+  static std::atomic<unsigned> serial{0};
+  constexpr int kAttempts = 100;
+  const size_t folderEnd = path.find_last_of("\\/:");
+  const std::string folder = folderEnd == std::string::npos ? "" : path.substr(0, folderEnd + 1);
+  for (int attempt = 0; attempt < kAttempts; ++attempt) {
+    char name[32];
+    std::snprintf(name, sizeof name, "~%lx-%x.tmp", GetCurrentProcessId(), serial++);
+    temporaryPath = folder + name;
+    const HANDLE file =
+        CreateFileA(temporaryPath.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file != INVALID_HANDLE_VALUE || GetLastError() != ERROR_FILE_EXISTS) return file;
+  }
+  return INVALID_HANDLE_VALUE;
+}
+
+std::string replaceFile(const char *path, std::span<const uint8_t> bytes) {
+  DWORD error = ERROR_SUCCESS;
+  if (const HANDLE device = openDevice(path); device != INVALID_HANDLE_VALUE) {
+    error = writeAndClose(device, bytes);
+  } else {
+    std::string temporaryPath;
+    const HANDLE temporary = createTemporary(path, temporaryPath);
+    if (temporary == INVALID_HANDLE_VALUE) return errorText(GetLastError());
+    error = writeAndClose(temporary, bytes);
+    if (error == ERROR_SUCCESS && !MoveFileExA(temporaryPath.c_str(), path, MOVEFILE_REPLACE_EXISTING)) {
+      error = GetLastError();
+    }
+    if (error != ERROR_SUCCESS) DeleteFileA(temporaryPath.c_str());
+  }
+  return error == ERROR_SUCCESS ? std::string() : errorText(error);
+}
+
+} // namespace
+
+const FileOps &systemFiles() {
+  static constexpr FileOps kFiles = {
+      .openForReading = openForReading,
+      .length = length,
+      .readAt = readAt,
+      .close = closeFile,
+      .replaceFile = replaceFile,
+  };
+  return kFiles;
+}

@@ -1,0 +1,81 @@
+#include "cli/convert.h"
+#include "core/bitmap_export.h"
+#include "encoders.h"
+#include "screens/display_geometry.h"
+#include "support/temporary_folder.h"
+#include "support/test_viewer.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using samples::Bytes;
+
+// A Screen 8 file of one colour but for its first pixel.
+Bytes screen8File(uint8_t colour) {
+  Bytes pixels(54272, colour);
+  pixels[0] = 0xFF;
+  return samples::bloadFile(pixels, 0xD3FF);
+}
+
+// What Save as Bitmap writes for the same file in a window.
+Bytes savedBitmap(const Bytes &file) {
+  TestViewer test;
+  test.open("picture.SC8", file);
+  menuSaveBMP_Click(test.viewer);
+  return memoryDisk()["picture.bmp"];
+}
+
+TEST(CliConvert, WritesWhatSaveAsBitmapWrites) {
+  const TemporaryFolder folder("convert");
+  const Bytes first = screen8File(0x03);
+  const Bytes second = screen8File(0xE0);
+  CliRequest request;
+  request.command = CliCommand::kConvert;
+  request.files = {folder.write(u8"first.SC8", first), folder.write(u8"城.Sc8", second)};
+  EXPECT_TRUE(convertFiles(request));
+  EXPECT_EQ(folder.read(u8"first.bmp"), savedBitmap(first));
+  EXPECT_EQ(folder.read(u8"城.bmp"), savedBitmap(second));
+  EXPECT_EQ(folder.fileCount(), 4U);
+}
+
+TEST(CliConvert, WritesPortablePixmapsAsShown) {
+  const TemporaryFolder folder("shown");
+  CliRequest request;
+  request.command = CliCommand::kConvert;
+  request.format = ImageFormat::kPpm;
+  request.shown = true;
+  request.files = {folder.write(u8"picture.SC8", screen8File(0x03))};
+  EXPECT_TRUE(convertFiles(request));
+  const Bytes file = folder.read(u8"picture.ppm");
+  const std::string header = "P6\n512 424\n255\n";
+  ASSERT_EQ(file.size(), header.size() + 512 * 424 * 3);
+  EXPECT_EQ(std::string(file.begin(), file.begin() + std::ssize(header)), header);
+  const auto pixel = [&](size_t x, size_t y) {
+    const size_t at = header.size() + (y * 512 + x) * 3;
+    return Bytes{file[at], file[at + 1], file[at + 2]};
+  };
+  EXPECT_EQ(pixel(1, 1), (Bytes{252, 252, 255})); // the first pixel, doubled both ways
+  EXPECT_EQ(pixel(2, 0), (Bytes{0, 0, 255}));
+  EXPECT_EQ(pixel(0, 2), (Bytes{0, 0, 255}));
+}
+
+TEST(CliConvert, BadFilesDoNotStopTheOthers) {
+  const TemporaryFolder folder("bad");
+  const TemporaryFolder target("bad_target");
+  CliRequest request;
+  request.command = CliCommand::kConvert;
+  request.outDirectory = target.path;
+  request.files = {folder.write(u8"dump.SCC", {'A', 'B'}), folder.path + "missing.SC5",
+                   folder.write(u8"good.SC8", screen8File(0)),
+                   folder.write(u8"good.PIC", screen8File(0xFF))}; // would become good.bmp as well
+  EXPECT_FALSE(convertFiles(request));
+  EXPECT_EQ(target.fileCount(), 1U);
+  EXPECT_EQ(target.read(u8"good.bmp"), savedBitmap(screen8File(0)));
+
+  request.files = {folder.path + "good.SC8"};
+  request.outDirectory = folder.path + "missing";
+  EXPECT_FALSE(convertFiles(request));
+}
+
+} // namespace

@@ -1,0 +1,97 @@
+#include "core/bitmap_export.h"
+
+#include "support/bload_builder.h"
+#include "support/test_viewer.h"
+#include "support/viewer_text.h"
+
+#include <gtest/gtest.h>
+#include <tuple>
+
+namespace {
+
+TEST(BitmapExport, FileByteForByte) {
+  const uint32_t frame[] = {0x010203, 0x040506, 0x070809, 0xFFFEFD}; // two rows
+  // clang-format off
+  const Bytes expected{
+      'B', 'M',               // mark
+      70, 0, 0, 0,            // length of the file
+      0, 0, 0, 0,
+      54, 0, 0, 0,            // offset of the rows
+      40, 0, 0, 0,            // length of the information header
+      2, 0, 0, 0,             // width
+      2, 0, 0, 0,             // height: bottom row first
+      1, 0,                   // planes
+      24, 0,                  // bits per pixel
+      0, 0, 0, 0,             // uncompressed
+      16, 0, 0, 0,            // length of the rows
+      0, 0, 0, 0, 0, 0, 0, 0, // pixels per metre
+      0, 0, 0, 0, 0, 0, 0, 0, // colours
+      0x09, 0x08, 0x07, 0xFD, 0xFE, 0xFF, 0, 0,
+      0x03, 0x02, 0x01, 0x06, 0x05, 0x04, 0, 0,
+  };
+  // clang-format on
+  EXPECT_EQ(encodeBitmap(frame, 2, 2), expected);
+}
+
+TEST(BitmapExport, RowsAreFilledUpToFourBytes) {
+  for (const auto &[width, rowBytes] : {std::pair<size_t, size_t>{1, 4}, {2, 8}, {3, 12}, {4, 12}, {5, 16}}) {
+    std::vector<uint32_t> frame;
+    Bytes rows(2 * rowBytes);
+    for (size_t n = 0; n < width * 2; ++n) {
+      frame.push_back(static_cast<uint32_t>(n + 1));
+      rows[(n < width ? rowBytes : 0) + n % width * 3] = static_cast<uint8_t>(n + 1);
+    }
+    const Bytes file = encodeBitmap(frame, static_cast<int32_t>(width), 2);
+    EXPECT_EQ(Bytes(file.begin() + 54, file.end()), rows) << width;
+  }
+}
+
+TEST(BitmapExport, NameBesideTheSourceFile) {
+  using Row = std::tuple<const char *, const char *, bool, bool, int32_t, const char *>;
+  for (const auto &[folder, name, evaOpen, vidOpen, frame, expected] :
+       {Row{"C:\\d.x\\", "a.SC5", false, false, 7, "C:\\d.x\\a.bmp"},
+        Row{"", "name.ab", false, false, 7, "namebmp"}, // always three characters
+        Row{"d\\", "movie.EVA", true, false, 0, "d\\movie - 0000.bmp"},
+        Row{"d\\", "movie.VID", false, true, 12, "d\\movie - 0012.bmp"},
+        Row{"d\\", "movie.VID", false, true, 10000, "d\\movie - 10000.bmp"}}) {
+    ViewerState viewer;
+    viewer.folderPath = folder;
+    viewer.fileName = name;
+    viewer.filePath = viewer.folderPath + viewer.fileName;
+    viewer.evaPlayer.fileOpen = toFlag(evaOpen);
+    viewer.vidPlayer.fileOpen = toFlag(vidOpen);
+    viewer.window.HScroll1.value = frame;
+    EXPECT_EQ(bitmapPath(viewer), expected);
+  }
+}
+
+TEST(BitmapExport, SavesThePictureAtItsOwnSize) {
+  TestViewer window;
+  memoryDisk()["d\\a.bmp"] = {1, 2, 3}; // is replaced
+  window.open("d\\a.SC7", BloadBuilder{.body = {0x1F}}.build());
+  menuSaveBMP_Click(window.viewer);
+  const Bytes &file = memoryDisk().at("d\\a.bmp");
+  ASSERT_EQ(file.size(), 54u + 512 * 212 * 3);
+  // The pixels at the top left begin the last row of the file: standard colours 1, 15 and 0.
+  const auto row = file.end() - 512 * 3;
+  EXPECT_EQ(Bytes(row, row + 9), (Bytes{8, 8, 8, 255, 255, 255, 0, 0, 0}));
+  menuCopyClipboard_Click(window.viewer);
+  EXPECT_EQ(window.platform.clipboard, Bytes(file.begin() + 14, file.end()));
+
+  window.open("holiday.bmp", {1, 2, 3}); // refused, and must not be written over
+  EXPECT_EQ(bitmapPath(window.viewer), "d\\a.bmp");
+}
+
+TEST(BitmapExport, FailureOnlyShowsAMessage) {
+  TestViewer window;
+  window.open("locked.SC5", BloadBuilder{}.build());
+  const std::string before = pictureText(window.viewer);
+  window.platform.log.clear();
+  menuSaveBMP_Click(window.viewer);
+  EXPECT_EQ(window.platform.log,
+            std::vector<std::string>{"showMessage Korilan: Could not save locked.bmp\n\ndisk is locked"});
+  EXPECT_EQ(pictureText(window.viewer), before);
+  EXPECT_EQ(window.viewer.window.Label4, "");
+}
+
+} // namespace

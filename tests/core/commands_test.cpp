@@ -1,0 +1,100 @@
+#include "core/commands.h"
+
+#include "core/load_pipeline.h"
+#include "core/menus.h"
+#include "support/bload_builder.h"
+#include "support/test_viewer.h"
+#include "support/viewer_text.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <thread>
+
+namespace {
+
+const Bytes kPicture = BloadBuilder{.body = {0x1F, 0x23}}.build();
+
+TEST(Commands, EventsDuringALoad) {
+  struct Row {
+    const char *name;
+    void (*deliver)(ViewerState &viewer, const std::string &argument);
+    std::vector<std::string> log;
+    bool fileStaysOpen;
+  };
+  const auto close = [](ViewerState &viewer, const std::string &) { menuClose_Click(viewer); };
+  const auto exit = [](ViewerState &viewer, const std::string &) { menuExit_Click(viewer); };
+  const auto look = [](ViewerState &viewer, const std::string &) { EXPECT_EQ(viewer.window.Label4, "Rendering..."); };
+  TestViewer quiet;
+  quiet.open("a.SC5", kPicture);
+  for (const Row &row : {Row{"nothing", look, {"runPendingEvents", "presentPicture 256x212"}, true},
+                         Row{"open", openPath, {"runPendingEvents", "presentPicture 256x212"}, true},
+                         Row{"close", close, {"runPendingEvents", "presentPicture 256x212"}, true},
+                         Row{"exit", exit, {"runPendingEvents", "presentPicture 256x212", "exitProgram"}, false}}) {
+    SCOPED_TRACE(row.name);
+    TestViewer window;
+    memoryDisk()["other.SC6"] = kPicture;
+    window.platform.events.push_back({row.deliver, "other.SC6"});
+    window.open("a.SC5", kPicture);
+    EXPECT_EQ(window.platform.log, row.log);
+    EXPECT_EQ(window.viewer.filePath, "a.SC5");
+    EXPECT_EQ(pictureText(window.viewer), pictureText(quiet.viewer));
+    EXPECT_EQ(window.viewer.window.Label4, "");
+    EXPECT_EQ(window.viewer.inputFile.handle != nullptr, row.fileStaysOpen);
+    window.open("b.SC6", kPicture); // after the load commands work again
+    EXPECT_EQ(window.viewer.window.Label1, "512x212");
+  }
+}
+
+TEST(Commands, LabelsStayWhileAVideoPlays) {
+  TestViewer window;
+  window.viewer.evaPlayer.playing = kTrue;
+  window.viewer.window.Label4 = "kept";
+  showPictureInfo(window.viewer);
+  EXPECT_EQ(window.viewer.window.Label4, "kept");
+}
+
+TEST(Menus, EveryItemHasOneRowAndOnlyEnabledOnesRun) {
+  const auto rowOf = [](MenuItem WindowModel::*item) {
+    return std::find_if(kMenuRows.begin(), kMenuRows.end(), [=](const MenuRow &row) { return row.item == item; });
+  };
+  for (const MenuRow &row : kMenuRows) EXPECT_TRUE(row.item == nullptr || rowOf(row.item) == &row) << row.caption;
+  EXPECT_STREQ(rowOf(&WindowModel::menuDoubleHeight)->caption, "1:2 Aspect  Ratio"); // two blanks
+
+  const auto closeRow = static_cast<size_t>(rowOf(&WindowModel::menuClose) - kMenuRows.begin());
+  TestViewer window;
+  window.viewer.window.Label1 = "kept";
+  runMenuRow(window.viewer, closeRow);
+  runMenuRow(window.viewer, kMenuRows.size());
+  EXPECT_EQ(window.viewer.window.Label1, "kept");
+  window.open("a.SC5", kPicture);
+  runMenuRow(window.viewer, closeRow);
+  EXPECT_EQ(window.viewer.window.Label1, "");
+
+  MenuRow row = *rowOf(&WindowModel::menuZoom);
+  row.command = menuExit_Click;
+  EXPECT_FALSE(menuRowEnabled(window.viewer.window, row)); // with its whole menu
+  window.viewer.window.menuView.enabled = true;
+  EXPECT_TRUE(menuRowEnabled(window.viewer.window, row));
+}
+
+TEST(Commands, ViewersInTwoThreadsDoNotMeet) {
+  const auto texts = [] {
+    std::string all;
+    TestViewer window;
+    for (uint8_t turn = 0; turn < 4; ++turn) {
+      for (const char *path : {"a.SC5", "a.SC8", "a.SC2", "a.SC6", "a.SCC"}) {
+        window.open(path, BloadBuilder{.body = Bytes(54272, static_cast<uint8_t>(37 + turn))}.build());
+        all += pictureText(window.viewer) + "\n";
+      }
+    }
+    return all;
+  };
+  std::string left, right;
+  std::thread other([&] { left = texts(); });
+  right = texts();
+  other.join();
+  EXPECT_EQ(left, right);
+  EXPECT_EQ(left, texts());
+}
+
+} // namespace

@@ -1,0 +1,227 @@
+#include "screens/byte_pixels.h"
+#include "screens/packed_pixels.h"
+#include "screens/pattern_screen.h"
+#include "screens/render_dispatch.h"
+#include "support/bload_builder.h"
+#include "support/test_viewer.h"
+
+#include <algorithm>
+#include <cmath>
+#include <gtest/gtest.h>
+#include <tuple>
+
+namespace {
+
+constexpr uint32_t kUntouched = 0x7F000000; // no renderer writes a top byte
+
+// A viewer that holds `bytes` as video memory and a palette of 256 different colours.
+ViewerState viewerOf(int32_t width, int32_t height, const Bytes &bytes) {
+  ViewerState viewer;
+  viewer.imageWidth = width;
+  viewer.imageHeight = height;
+  std::copy(bytes.begin(), bytes.end(), viewer.vram.begin());
+  for (uint32_t i = 0; i < 256; ++i) viewer.palette[i] = 0x010000 * i + 0x00FF00 - 0x0100 * i + 0x5A;
+  viewer.frameBits.assign(static_cast<size_t>(width) * static_cast<size_t>(height), kUntouched);
+  return viewer;
+}
+
+// Palette indices of the frame, -1 where nothing was drawn.
+std::vector<int> indicesOf(const ViewerState &viewer) {
+  std::vector<int> indices;
+  for (const uint32_t word : viewer.frameBits) {
+    const auto entry = std::find(viewer.palette.begin(), viewer.palette.end(), word);
+    indices.push_back(entry != viewer.palette.end() ? static_cast<int>(entry - viewer.palette.begin()) : -1);
+  }
+  return indices;
+}
+
+TEST(PackedPixels, Walks) {
+  struct Row {
+    const char *name;
+    void (*render)(ViewerState &viewer);
+    int32_t width;
+    int32_t height;
+    Bytes bytes; // the first one is skipped by the walks that begin at the read position
+    std::vector<int> expected;
+    int32_t endsAt;
+  };
+  for (const Row &row :
+       {Row{"nibbles", renderNibbleStream, 4, 2, {0xEE, 0x1F, 0x20, 0x34, 0x56}, {1, 15, 2, 0, 3, 4, 5, 6}, 5},
+        Row{"nibbles, odd width", renderNibbleStream, 3, 2, {0xEE, 0x12, 0x34}, {1, 2, -1, 3, 4, -1}, 3},
+        Row{"crumbs", renderCrumbStream, 4, 2, {0xEE, 0x1B, 0xE4}, {0, 1, 2, 3, 3, 2, 1, 0}, 3},
+        Row{"crumbs, width 7", renderCrumbStream, 7, 1, {0xEE, 0x1B, 0xFF}, {0, 1, 2, 3, -1, -1, -1}, 2},
+        Row{"nibbles run on", renderNibbleLinear, 3, 2, {0x12, 0x34, 0x56}, {1, 2, 3, 4, 5, 6}, 1},
+        Row{"nibbles run on, half a byte left", renderNibbleLinear, 1, 3, {0x12, 0x34}, {1, 2, 3}, 1},
+        Row{"crumbs run on", renderCrumbLinear, 3, 3, {0x1B, 0xE4, 0x40}, {0, 1, 2, 3, 3, 2, 1, 0, 1}, 1},
+        Row{"no lines", renderNibbleStream, 4, 0, {0xEE}, {}, 1}}) {
+    SCOPED_TRACE(row.name);
+    ViewerState viewer = viewerOf(row.width, row.height, row.bytes);
+    viewer.vramPos = 1;
+    row.render(viewer);
+    EXPECT_EQ(indicesOf(viewer), row.expected);
+    EXPECT_EQ(viewer.vramPos, row.endsAt);
+  }
+}
+
+TEST(Renderers, DrawOnlyWhatVideoMemoryHolds) {
+  using Row = std::tuple<void (*)(ViewerState &), int32_t, bool>;
+  for (const auto &[render, bytes, fromReadPosition] :
+       {Row{renderNibbleStream, 6, true}, Row{renderCrumbStream, 3, true}, Row{renderNibbleLinear, 8, false},
+        Row{renderCrumbLinear, 4, false}, Row{RenderBytePixels, 15, true}}) {
+    SCOPED_TRACE(testing::Message() << bytes << " bytes from the read position " << fromReadPosition);
+    for (const int32_t missing : {0, 1}) {
+      ViewerState viewer = viewerOf(5, 3, {});
+      viewer.vram = Bytes(static_cast<size_t>(fromReadPosition ? 100 : bytes - missing));
+      if (fromReadPosition) viewer.vramPos = 100 - bytes + missing;
+      render(viewer);
+      EXPECT_EQ(viewer.frameBits[0] != kUntouched, missing == 0);
+      EXPECT_EQ(viewer.frameBits[10] != kUntouched, missing == 0);
+    }
+    ViewerState viewer = viewerOf(5, 3, {});
+    viewer.frameBits.resize(14);
+    render(viewer);
+    EXPECT_EQ(viewer.frameBits[0], kUntouched);
+  }
+}
+
+TEST(BytePixels, EveryByteOfScreen8AndOfThePaletteMode) {
+  Bytes bytes(257, 0xEE); // the first byte is not drawn
+  for (size_t i = 0; i < 256; ++i) bytes[i + 1] = static_cast<uint8_t>(i);
+  for (const uint8_t mode : {ColourModeGrb332, ColourModePalette}) {
+    ViewerState viewer = viewerOf(32, 8, bytes);
+    viewer.colourMode = mode;
+    viewer.vramPos = 1;
+    RenderBytePixels(viewer);
+    EXPECT_EQ(viewer.vramPos, 257);
+    for (uint32_t byte = 0; byte < 256; ++byte) {
+      const uint32_t green = (byte >> 5) * 36, red = (byte >> 2 & 7) * 36, blue = (byte & 3) * 85;
+      const uint32_t expected = mode == ColourModePalette ? viewer.palette[byte] : red << 16 | green << 8 | blue;
+      EXPECT_EQ(viewer.frameBits[byte], expected) << int{mode} << " " << byte;
+    }
+  }
+}
+
+// Level 0 to 31, in real numbers, as a channel.
+uint32_t channel(double level) { return static_cast<uint32_t>(std::lround(std::clamp(level, 0.0, 31.0) * 8)); }
+
+TEST(BytePixels, EveryYOfEveryJAndK) {
+  Bytes bytes;
+  for (int j = -32; j < 32; ++j) {
+    for (int k = -32; k < 32; ++k) {
+      for (int y = 0; y < 32; ++y) {
+        const int chroma[] = {k & 7, k >> 3 & 7, j & 7, j >> 3 & 7};
+        bytes.push_back(static_cast<uint8_t>(y << 3 | chroma[y % 4]));
+      }
+    }
+  }
+  for (const uint8_t mode : {ColourModeYjk, ColourModeYuv, ColourModeYae}) {
+    ViewerState viewer = viewerOf(32, 64 * 64, bytes);
+    viewer.colourMode = mode;
+    RenderBytePixels(viewer);
+    EXPECT_EQ(viewer.vramPos, 32 * 64 * 64);
+    size_t n = 0;
+    for (int j = -32; j < 32; ++j) {
+      for (int k = -32; k < 32; ++k) {
+        for (size_t y = 0; y < 32; ++y, ++n) {
+          const auto level = static_cast<double>(y);
+          const uint32_t red = channel(level + j), second = channel(level + k);
+          const uint32_t third = channel(5 * level / 4 - j / 2.0 - k / 4.0);
+          uint32_t expected = red << 16 | (mode == ColourModeYuv ? third << 8 | second : second << 8 | third);
+          if (mode == ColourModeYae && y % 2 == 1) expected = viewer.palette[y / 2];
+          ASSERT_EQ(viewer.frameBits[n], expected) << int{mode} << ": y " << y << " j " << j << " k " << k;
+        }
+      }
+    }
+  }
+}
+
+TEST(BytePixels, GroupsLeaveTheOddEndOfALine) {
+  constexpr uint8_t kUnknownMode = 0x41;
+  for (const uint8_t mode : {ColourModeYjk, ColourModeYuv, ColourModeYae, kUnknownMode}) {
+    for (size_t width = 0; width < 10; ++width) {
+      ViewerState viewer = viewerOf(static_cast<int32_t>(width), 3, {}); // all black
+      viewer.colourMode = mode;
+      RenderBytePixels(viewer);
+      const size_t drawn = mode == kUnknownMode ? 0 : width / 4 * 4;
+      EXPECT_EQ(viewer.vramPos, static_cast<int32_t>(3 * drawn)) << int{mode} << " " << width;
+      for (size_t n = 0; n < width * 3; ++n) {
+        EXPECT_EQ(viewer.frameBits[n], n % width < drawn ? 0 : kUntouched) << int{mode} << " " << width << " " << n;
+      }
+    }
+  }
+}
+
+TEST(PatternScreen, EveryPixelByItsAddresses) {
+  ViewerState viewer = viewerOf(256, 192, {});
+  uint32_t random = 1;
+  for (uint8_t &byte : viewer.vram) byte = static_cast<uint8_t>((random = random * 1664525 + 1013904223) >> 24);
+  viewer.vramPos = 99;
+  renderPatternScreen(viewer);
+  EXPECT_EQ(viewer.vramPos, 99);
+  for (size_t y = 0; y < 192; ++y) {
+    for (size_t x = 0; x < 256; ++x) {
+      const size_t pattern = viewer.vram[0x1800 + y / 8 * 32 + x / 8] + y / 64 * 256;
+      const uint8_t colours = viewer.vram[0x2000 + pattern * 8 + y % 8];
+      const bool set = (viewer.vram[pattern * 8 + y % 8] & 0x80 >> x % 8) != 0;
+      ASSERT_EQ(viewer.frameBits[y * 256 + x], viewer.palette[set ? colours / 16 : colours % 16]) << x << " " << y;
+    }
+  }
+}
+
+TEST(RenderDispatch, ExtensionChoosesTheWalk) {
+  // The extensions whose pixels run on, and the word that then begins the second of two lines of 5 pixels.
+  using Row = std::tuple<uint8_t, const char *, Bytes, uint32_t, uint32_t>;
+  for (const auto &[bitsPerPixel, runningOn, bytes, runOnStart, streamStart] :
+       {Row{uint8_t{4}, ".GL5 .GL7", Bytes{0x11, 0x22, 0x34}, 4u, 3u},
+        Row{uint8_t{2}, ".GL6 .STP", Bytes{0x55, 0x6C}, 2u, 1u}}) {
+    for (const char *extension : {".GL5", ".GL6", ".GL7", ".STP", ".SC5", ".SC6", ".GE5", ".G9B", ".GL8", ""}) {
+      TestViewer window;
+      ViewerState &viewer = window.viewer;
+      viewer.fileExtension = extension;
+      viewer.bitsPerPixel = bitsPerPixel;
+      viewer.imageWidth = 5;
+      viewer.imageHeight = 2;
+      for (uint32_t i = 0; i < 16; ++i) viewer.palette[i] = i;
+      std::copy(bytes.begin(), bytes.end(), viewer.vram.begin());
+      renderPicture(viewer);
+      const bool runsOn = *extension != 0 && std::string(runningOn).find(extension) != std::string::npos;
+      EXPECT_EQ(viewer.frameBits[5], runsOn ? runOnStart : streamStart) << extension << " " << int{bitsPerPixel};
+    }
+  }
+}
+
+TEST(RenderDispatch, ViewPaletteAndTheHandOver) {
+  using Row = std::tuple<Flag16, uint8_t, bool>;
+  for (const auto &[hasPalette, colourCount, enabled] :
+       {Row{kTrue, 16, true}, Row{kTrue, 17, false}, Row{kTrue, 255, false}, Row{kTrue, 0, true},
+        Row{kFalse, 16, false}}) {
+    TestViewer window;
+    ViewerState &viewer = window.viewer;
+    viewer.hasPalette = hasPalette;
+    viewer.colourCount = colourCount;
+    viewer.bitsPerPixel = 8;
+    viewer.colourMode = ColourModeGrb332;
+    viewer.imageWidth = 2;
+    viewer.imageHeight = 3;
+    viewer.vram[0] = 0x1C;
+    viewer.vramPos = 1; // every render begins at 0
+    viewer.window.menuViewPal.checked = true;
+    for (Swatch &swatch : viewer.window.Label5) swatch.visible = true;
+    renderPicture(viewer);
+    EXPECT_EQ(viewer.window.menuViewPal.enabled, enabled) << hasPalette << " " << int{colourCount};
+    EXPECT_FALSE(viewer.window.menuViewPal.checked);
+    for (const Swatch &swatch : viewer.window.Label5) EXPECT_FALSE(swatch.visible);
+    EXPECT_EQ(viewer.frameBits, (std::vector<uint32_t>{0xFC0000, 0, 0, 0, 0, 0}));
+    EXPECT_EQ(window.platform.log, (std::vector<std::string>{"runPendingEvents", "presentPicture 2x3"}));
+  }
+}
+
+TEST(RenderDispatch, PixelsThatNoRuleWritesAreBlack) {
+  TestViewer window;
+  window.open("a.SC5", BloadBuilder{.body = Bytes(27136, 0x2F)}.build());
+  window.viewer.bitsPerPixel = 5;
+  renderPicture(window.viewer);
+  EXPECT_EQ(window.viewer.frameBits, std::vector<uint32_t>(256 * 212));
+}
+
+} // namespace

@@ -1,0 +1,146 @@
+#include "shell/driven_window.h"
+
+#include "core/menus.h"
+#include "shell/shell_probe.h"
+#include "shell/control_ids.h"
+
+#include <array>
+#include <cstring>
+
+ShellPaths shellPaths;
+
+namespace {
+
+constexpr DWORD kPatienceMilliseconds = 30000;
+constexpr DWORD kPauseMilliseconds = 20;
+
+HWND findWindowOf(DWORD processId) {
+  HWND window = nullptr;
+  while ((window = FindWindowExA(nullptr, window, "KorilanMainWindow", nullptr)) != nullptr) {
+    DWORD owner = 0;
+    GetWindowThreadProcessId(window, &owner);
+    if (owner == processId && IsWindowVisible(window)) return window;
+  }
+  return nullptr;
+}
+
+// Runs `use` on the text that test and probe share.
+void withSharedText(const DrivenWindow &driven, const std::function<void(char *)> &use) {
+  auto *text = static_cast<char *>(MapViewOfFile(driven.sharedText, FILE_MAP_ALL_ACCESS, 0, 0, kSharedTextBytes));
+  use(text);
+  UnmapViewOfFile(text);
+}
+
+} // namespace
+
+DrivenWindow::DrivenWindow(const std::string &commandLine) {
+  std::string line = "\"" + shellPaths.viewer + "\" " + commandLine;
+  STARTUPINFOA startup{};
+  startup.cb = sizeof startup;
+  if (!CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process)) return;
+  waitUntil([this] { return (window = findWindowOf(process.dwProcessId)) != nullptr; });
+
+  sharedText = CreateFileMappingA(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, kSharedTextBytes, kSharedTextName);
+  probe = LoadLibraryA(shellPaths.probe.c_str());
+  const auto procedure =
+      reinterpret_cast<HOOKPROC>(reinterpret_cast<void *>(GetProcAddress(probe, kProbeProcedureName)));
+  hook = SetWindowsHookExA(WH_CALLWNDPROC, procedure, probe, GetWindowThreadProcessId(window, nullptr));
+}
+
+DrivenWindow::~DrivenWindow() {
+  if (hook != nullptr) UnhookWindowsHookEx(hook);
+  if (probe != nullptr) FreeLibrary(probe);
+  if (sharedText != nullptr) CloseHandle(sharedText);
+  TerminateProcess(process.hProcess, 99); // of no effect where it has ended, as it should
+  CloseHandle(process.hProcess);
+  CloseHandle(process.hThread);
+}
+
+bool waitUntil(const std::function<bool()> &holds) {
+  const DWORD start = GetTickCount();
+  while (!holds()) {
+    if (GetTickCount() - start > kPatienceMilliseconds) return false;
+    Sleep(kPauseMilliseconds);
+  }
+  return true;
+}
+
+std::string textOf(const DrivenWindow &driven, int controlId) {
+  const HWND control = controlId == 0 ? driven.window : GetDlgItem(driven.window, controlId);
+  std::array<char, 1024> text{};
+  const LRESULT length = SendMessageA(control, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
+  return std::string(text.data(), static_cast<size_t>(length));
+}
+
+std::string menusOf(const DrivenWindow &driven) {
+  std::string states;
+  SendMessageA(driven.window, RegisterWindowMessageA(kAskMenusMessage), 0, 0);
+  withSharedText(driven, [&](const char *text) { states = text; });
+  return states;
+}
+
+void choose(const DrivenWindow &driven, const char *caption) {
+  for (size_t row = 0; row < kMenuRows.size(); ++row) {
+    if (kMenuRows[row].caption == nullptr || std::strcmp(kMenuRows[row].caption, caption) != 0) continue;
+    PostMessageA(driven.window, WM_COMMAND, kFirstMenuCommand + row, 0);
+  }
+}
+
+void dropFile(const DrivenWindow &driven, const std::string &path) {
+  withSharedText(driven, [&](char *text) { std::strncpy(text, path.c_str(), kSharedTextBytes - 1); });
+  SendMessageA(driven.window, RegisterWindowMessageA(kDropFileMessage), 0, 0);
+}
+
+ScreenPicture shownPicture(const DrivenWindow &driven) {
+  const HWND view = GetDlgItem(driven.window, kMainViewId);
+  RECT client{};
+  GetClientRect(view, &client);
+  POINT corner{};
+  ClientToScreen(view, &corner);
+
+  ScreenPicture picture{.width = client.right, .height = client.bottom, .pixels = {}};
+  BITMAPINFO info{};
+  info.bmiHeader.biSize = sizeof info.bmiHeader;
+  info.bmiHeader.biWidth = picture.width;
+  info.bmiHeader.biHeight = -picture.height;
+  info.bmiHeader.biPlanes = 1;
+  info.bmiHeader.biBitCount = 32;
+  const HDC screen = GetDC(nullptr);
+  const HDC memory = CreateCompatibleDC(screen);
+  void *pixels = nullptr;
+  const HBITMAP bitmap = CreateDIBSection(screen, &info, DIB_RGB_COLORS, &pixels, nullptr, 0);
+  const HGDIOBJ former = SelectObject(memory, bitmap);
+  BitBlt(memory, 0, 0, picture.width, picture.height, screen, corner.x, corner.y, SRCCOPY);
+  GdiFlush();
+  const auto *words = static_cast<const uint32_t *>(pixels);
+  for (int64_t i = 0; i < int64_t{picture.width} * picture.height; ++i) picture.pixels.push_back(words[i] & 0xFFFFFF);
+  SelectObject(memory, former);
+  DeleteObject(bitmap);
+  DeleteDC(memory);
+  ReleaseDC(nullptr, screen);
+  return picture;
+}
+
+SIZE mainViewSize(const DrivenWindow &driven) {
+  RECT outer{};
+  GetWindowRect(GetDlgItem(driven.window, kMainViewId), &outer);
+  return {outer.right - outer.left, outer.bottom - outer.top};
+}
+
+int exitCodeOf(const DrivenWindow &driven) {
+  DWORD code = 0;
+  if (WaitForSingleObject(driven.process.hProcess, kPatienceMilliseconds) != WAIT_OBJECT_0) return -1;
+  return GetExitCodeProcess(driven.process.hProcess, &code) ? static_cast<int>(code) : -1;
+}
+
+std::vector<uint8_t> clipboardBitmap() {
+  std::vector<uint8_t> bytes;
+  if (!OpenClipboard(nullptr)) return bytes;
+  if (const HANDLE memory = GetClipboardData(CF_DIB); memory != nullptr) {
+    const auto *data = static_cast<const uint8_t *>(GlobalLock(memory));
+    bytes.assign(data, data + GlobalSize(memory));
+    GlobalUnlock(memory);
+  }
+  CloseClipboard();
+  return bytes;
+}

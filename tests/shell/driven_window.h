@@ -1,0 +1,62 @@
+// Korilan.exe in a process of its own, watched and driven from outside.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include <windows.h>
+
+// Paths of the programs under test, set by main.
+struct ShellPaths {
+  std::string viewer;
+  std::string probe;
+};
+extern ShellPaths shellPaths;
+
+struct ScreenPicture {
+  int32_t width = 0;
+  int32_t height = 0;
+  std::vector<uint32_t> pixels; // 0x00RRGGBB, top row first
+};
+
+struct DrivenWindow {
+  PROCESS_INFORMATION process{};
+  HWND window = nullptr;
+  HANDLE sharedText = nullptr;
+  HMODULE probe = nullptr;
+  HHOOK hook = nullptr;
+
+  // Starts the viewer with `commandLine` behind its name and waits for its window.
+  explicit DrivenWindow(const std::string &commandLine);
+  ~DrivenWindow();
+  DrivenWindow(const DrivenWindow &) = delete;
+  DrivenWindow &operator=(const DrivenWindow &) = delete;
+};
+
+// Waits until `holds` is true; false when that takes longer than is bearable.
+bool waitUntil(const std::function<bool()> &holds);
+
+// Text of the main window (0) or of one of its controls.
+std::string textOf(const DrivenWindow &driven, int controlId);
+
+// A line for each menu item, as shell_probe.h describes.
+std::string menusOf(const DrivenWindow &driven);
+
+// Chooses the menu item with that caption.
+void choose(const DrivenWindow &driven, const char *caption);
+
+void dropFile(const DrivenWindow &driven, const std::string &path);
+
+// The inside of the picture area as it stands on the screen.
+ScreenPicture shownPicture(const DrivenWindow &driven);
+
+// Outer size of the picture area.
+SIZE mainViewSize(const DrivenWindow &driven);
+
+// Waits for the end of the viewer; its exit code, or -1 when it goes on.
+int exitCodeOf(const DrivenWindow &driven);
+
+// The device-independent bitmap on the clipboard; empty when there is none.
+std::vector<uint8_t> clipboardBitmap();

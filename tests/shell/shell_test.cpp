@@ -1,0 +1,184 @@
+// The window of Korilan.exe, held against the core over the headless platform.
+#include "cli/opened_file.h"
+#include "core/bitmap_export.h"
+#include "sample_pictures.h"
+#include "screens/display_geometry.h"
+#include "shell/control_ids.h"
+#include "shell/driven_window.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <utility>
+
+namespace {
+
+constexpr char kStartMenus[] = "File/Open grey\n"
+                               "File/Close grey\n"
+                               "File/Save as Bitmap grey\n"
+                               "File/Copy to Clipboard grey\n"
+                               "File/Preferences grey\n"
+                               "File/Exit\n"
+                               "View grey\n"
+                               "View/Zoom grey\n"
+                               "View/1:2 Aspect  Ratio grey\n"
+                               "View/Image Info grey\n"
+                               "View/Count Colors grey\n"
+                               "Palette/View Palette grey\n"
+                               "Palette/Load Palette grey\n"
+                               "Palette/Store Palette grey\n"
+                               "Palette/Restore Palette grey\n"
+                               "Help/Help grey\n"
+                               "Help/About grey\n";
+
+const samples::SamplePicture &sampleNamed(const std::string &name) {
+  static const std::vector<samples::SamplePicture> all = samples::allSamplePictures();
+  return *std::find_if(all.begin(), all.end(), [&](const auto &sample) { return sample.name == name; });
+}
+
+// A sample on the disk, and what the core makes of it.
+struct SampleFile {
+  std::string path;
+  std::unique_ptr<OpenedFile> opened = std::make_unique<OpenedFile>();
+  const WindowModel &model = opened->viewer.window;
+
+  SampleFile(const TemporaryFolder &folder, const samples::SamplePicture &sample) {
+    const std::string name = sample.name.substr(sample.name.find_last_of('/') + 1);
+    path = folder.write(std::u8string(name.begin(), name.end()), sample.bytes);
+    openFile(*opened, path);
+  }
+};
+
+void expectTexts(const DrivenWindow &driven, const WindowModel &model) {
+  EXPECT_TRUE(waitUntil([&] { return textOf(driven, 0) == model.caption; })) << textOf(driven, 0);
+  EXPECT_TRUE(waitUntil([&] { return textOf(driven, kLabel1Id + 3) == model.Label4; }));
+  EXPECT_EQ(textOf(driven, kLabel1Id), model.Label1);
+  EXPECT_EQ(textOf(driven, kLabel1Id + 1), model.Label2);
+  EXPECT_EQ(textOf(driven, kLabel1Id + 2), model.Label3);
+}
+
+// The stretched picture stands in the top left corner of the picture area, pixel for pixel.
+void expectPicture(const DrivenWindow &driven, const ViewerState &viewer) {
+  const SIZE size = mainViewSize(driven);
+  EXPECT_EQ(size.cx, viewer.window.mainViewWidth);
+  EXPECT_EQ(size.cy, viewer.window.mainViewHeight);
+  const std::vector<uint32_t> wanted = stretchedPicture(viewer);
+  const Stretch &stretch = viewer.window.stretch;
+  const auto standsOnScreen = [&] {
+    const ScreenPicture shown = shownPicture(driven);
+    if (shown.width < stretch.targetWidth || shown.height < stretch.targetHeight) return false;
+    for (int64_t y = 0; y < stretch.targetHeight; ++y) {
+      const auto line = wanted.begin() + y * stretch.targetWidth;
+      if (!std::equal(line, line + stretch.targetWidth, shown.pixels.begin() + y * shown.width)) return false;
+    }
+    return true;
+  };
+  EXPECT_TRUE(waitUntil(standsOnScreen)) << viewer.filePath;
+}
+
+TEST(Shell, EmptyWindow) {
+  const DrivenWindow driven("");
+  ASSERT_NE(driven.window, nullptr);
+  EXPECT_EQ(textOf(driven, 0), "Korilan");
+  for (int label = 0; label < 4; ++label) EXPECT_EQ(textOf(driven, kLabel1Id + label), "");
+  EXPECT_EQ(menusOf(driven), kStartMenus);
+  EXPECT_EQ(mainViewSize(driven).cx, 516);
+  EXPECT_EQ(mainViewSize(driven).cy, 428);
+  choose(driven, "Close"); // grey: nothing happens
+  choose(driven, "Exit");
+  EXPECT_EQ(exitCodeOf(driven), 0);
+}
+
+TEST(Shell, PictureFromTheCommandLineToTheClipboard) {
+  const TemporaryFolder folder("shell picture"); // the path is handed over in quotes
+  const SampleFile picture(folder, sampleNamed("odd/日本の城.SC5"));
+  const DrivenWindow driven("\"" + picture.path + "\"");
+  ASSERT_NE(driven.window, nullptr);
+  expectTexts(driven, picture.model);
+  expectPicture(driven, picture.opened->viewer);
+
+  std::string menus = kStartMenus;
+  for (const char *enabled : {"File/Close", "File/Save as Bitmap", "File/Copy to Clipboard", "View"}) {
+    menus.erase(menus.find(std::string(enabled) + " grey\n") + std::string(enabled).size(), 5);
+  }
+  menus.erase(menus.find("View\n"), 5); // the menu itself is named only while it is grey
+  EXPECT_EQ(menusOf(driven), menus);
+
+  const auto bitmap = encodeBitmap(picture.opened->viewer.frameBits, 256, 212);
+  choose(driven, "Save as Bitmap");
+  EXPECT_TRUE(waitUntil([&] { return folder.read(u8"日本の城.bmp") == bitmap; }));
+  choose(driven, "Copy to Clipboard");
+  const std::vector<uint8_t> copied(bitmap.begin() + kBitmapFileHeaderBytes, bitmap.end());
+  EXPECT_TRUE(waitUntil([&] { return clipboardBitmap() == copied; }));
+
+  choose(driven, "Close");
+  EXPECT_TRUE(waitUntil([&] { return textOf(driven, 0) == "Korilan"; }));
+  for (int label = 0; label < 4; ++label) EXPECT_EQ(textOf(driven, kLabel1Id + label), "");
+  EXPECT_EQ(menusOf(driven), kStartMenus);
+  PostMessageA(driven.window, WM_CLOSE, 0, 0);
+  EXPECT_EQ(exitCodeOf(driven), 0);
+}
+
+TEST(Shell, DroppedFilesShowOrLeaveThePictureAlone) {
+  const TemporaryFolder folder("shell_drop");
+  const SampleFile first(folder, sampleNamed("odd/Picture.Sc8"));
+  DrivenWindow driven(first.path);
+  ASSERT_NE(driven.window, nullptr);
+  expectPicture(driven, first.opened->viewer);
+
+  dropFile(driven, folder.write(u8"cartridge.SCC", {'A', 'B', 0x10, 0x40}));
+  EXPECT_TRUE(waitUntil([&] { return textOf(driven, kLabel1Id + 3) == "*** Error: Not a valid .SCC file."; }));
+  EXPECT_EQ(textOf(driven, 0), "Korilan - cartridge.SCC");
+  EXPECT_EQ(textOf(driven, kLabel1Id), "256x212");
+  expectPicture(driven, first.opened->viewer);
+
+  dropFile(driven, folder.write(u8"letter.txt", {'H', 'i'}));
+  EXPECT_EQ(textOf(driven, 0), "Korilan - cartridge.SCC");
+  // Every kind once, in a size that differs from the one before where there are several.
+  std::string lastKind;
+  for (const samples::SamplePicture &sample : samples::normalSamplePictures()) {
+    const std::string kind = sample.name.substr(sample.name.size() - 4);
+    if (std::exchange(lastKind, kind) == kind) continue;
+    const SampleFile picture(folder, sample);
+    dropFile(driven, picture.path);
+    expectTexts(driven, picture.model);
+    expectPicture(driven, picture.opened->viewer);
+  }
+  choose(driven, "Exit");
+  EXPECT_EQ(exitCodeOf(driven), 0);
+}
+
+TEST(Shell, CoveredAndUncoveredPictureStandsAgain) {
+  const TemporaryFolder folder("shell_cover");
+  const SampleFile picture(folder, sampleNamed("odd/Desk.sR7"));
+  const DrivenWindow driven(picture.path);
+  ASSERT_NE(driven.window, nullptr);
+  expectPicture(driven, picture.opened->viewer);
+  EXPECT_NE(menusOf(driven).find("1:2 Aspect  Ratio grey checked"), std::string::npos);
+  RECT place{};
+  GetWindowRect(driven.window, &place);
+  const int width = place.right - place.left;
+  const int height = place.bottom - place.top;
+  const HWND cover = CreateWindowExA(WS_EX_TOPMOST, "STATIC", "", WS_POPUP | WS_VISIBLE, place.left, place.top, width,
+                                     height, nullptr, nullptr, nullptr, nullptr);
+  UpdateWindow(cover);
+  SetWindowPos(driven.window, nullptr, 20, 10, width + 100, height + 60, SWP_NOZORDER | SWP_NOACTIVATE);
+  DestroyWindow(cover);
+  expectPicture(driven, picture.opened->viewer);
+}
+
+} // namespace
+
+int main(int argumentCount, char **arguments) {
+  ::testing::InitGoogleTest(&argumentCount, arguments);
+  if (argumentCount != 3) return 2;
+  const auto absolute = [](const char *path) {
+    std::array<char, MAX_PATH> full{};
+    return std::string(full.data(), GetFullPathNameA(path, full.size(), full.data(), nullptr));
+  };
+  shellPaths = {.viewer = absolute(arguments[1]), .probe = absolute(arguments[2])};
+  return RUN_ALL_TESTS();
+}

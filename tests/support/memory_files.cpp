@@ -1,0 +1,46 @@
+#include "support/memory_files.h"
+
+#include <algorithm>
+
+namespace {
+
+FileHandle openForReading(const char *path) {
+  const auto file = memoryDisk().find(path);
+  return file != memoryDisk().end() ? &file->second : nullptr;
+}
+
+const std::vector<uint8_t> &bytesOf(FileHandle file) { return *static_cast<std::vector<uint8_t> *>(file); }
+
+int64_t lengthOf(FileHandle file) { return static_cast<int64_t>(bytesOf(file).size()); }
+
+size_t readAt(FileHandle file, int64_t offset, uint8_t *into, size_t count) {
+  const auto &bytes = bytesOf(file);
+  if (offset < 0 || offset >= lengthOf(file)) return 0;
+  const auto start = bytes.begin() + static_cast<std::ptrdiff_t>(offset);
+  const size_t given = std::min(count, static_cast<size_t>(bytes.end() - start));
+  std::copy_n(start, given, into);
+  return given;
+}
+
+void closeFile(FileHandle) {}
+
+std::string replaceFile(const char *path, std::span<const uint8_t> bytes) {
+  if (std::string(path).starts_with("locked")) return "disk is locked";
+  memoryDisk()[path].assign(bytes.begin(), bytes.end());
+  return "";
+}
+
+constexpr FileOps kMemoryFiles{.openForReading = openForReading,
+                               .length = lengthOf,
+                               .readAt = readAt,
+                               .close = closeFile,
+                               .replaceFile = replaceFile};
+
+} // namespace
+
+MemoryDisk &memoryDisk() {
+  static thread_local MemoryDisk disk;
+  return disk;
+}
+
+const FileOps &memoryFiles() { return kMemoryFiles; }

@@ -1,0 +1,52 @@
+// A folder on the real disk for one test.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <system_error>
+#include <vector>
+
+// Made empty, and removed with all that it holds.
+struct TemporaryFolder {
+  std::string path; // UTF-8, ends in a separator
+
+  explicit TemporaryFolder(const std::string &name) {
+    std::error_code error;
+    auto folder = std::filesystem::temp_directory_path(error) / ("korilan_tests_" + name);
+    std::filesystem::remove_all(folder, error);
+    std::filesystem::create_directories(folder, error);
+    folder /= "";
+    path = folder.make_preferred().string();
+  }
+
+  ~TemporaryFolder() {
+    std::error_code error;
+    std::filesystem::remove_all(path, error);
+  }
+
+  TemporaryFolder(const TemporaryFolder &) = delete;
+  TemporaryFolder &operator=(const TemporaryFolder &) = delete;
+
+  // Writes a file and returns its path.
+  std::string write(const std::u8string &name, const std::vector<uint8_t> &bytes) const {
+    const std::filesystem::path file = std::filesystem::path(path) / name;
+    std::ofstream(file, std::ios::binary).write(reinterpret_cast<const char *>(bytes.data()), std::ssize(bytes));
+    const std::u8string text = file.u8string();
+    return std::string(text.begin(), text.end());
+  }
+
+  // The bytes of a file; empty where there is none.
+  std::vector<uint8_t> read(const std::u8string &name) const {
+    std::ifstream file(std::filesystem::path(path) / name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+  }
+
+  size_t fileCount() const {
+    std::error_code error;
+    const std::filesystem::directory_iterator files(path, error);
+    return static_cast<size_t>(std::distance(begin(files), end(files)));
+  }
+};
