@@ -34,9 +34,14 @@ constexpr char kStartMenus[] = "File/Open grey\n"
                                "Help/Help grey\n"
                                "Help/About grey\n";
 
-const samples::SamplePicture &sampleNamed(const std::string &name) {
+const std::vector<samples::SamplePicture> &allSamples() {
   static const std::vector<samples::SamplePicture> all = samples::allSamplePictures();
-  return *std::find_if(all.begin(), all.end(), [&](const auto &sample) { return sample.name == name; });
+  return all;
+}
+
+const samples::SamplePicture &sampleNamed(const std::string &name) {
+  return *std::find_if(allSamples().begin(), allSamples().end(),
+                       [&](const auto &sample) { return sample.name == name; });
 }
 
 // A sample on the disk, and what the core makes of it.
@@ -122,7 +127,7 @@ TEST(Shell, PictureFromTheCommandLineToTheClipboard) {
   EXPECT_EQ(exitCodeOf(driven), 0);
 }
 
-TEST(Shell, DroppedFilesShowOrLeaveThePictureAlone) {
+TEST(Shell, DroppedFilesShowEverySampleOrLeaveThePictureAlone) {
   const TemporaryFolder folder("shell_drop");
   const SampleFile first(folder, sampleNamed("odd/Picture.Sc8"));
   DrivenWindow driven(first.path);
@@ -137,11 +142,8 @@ TEST(Shell, DroppedFilesShowOrLeaveThePictureAlone) {
 
   dropFile(driven, folder.write(u8"letter.txt", {'H', 'i'}));
   EXPECT_EQ(textOf(driven, 0), "Korilan - cartridge.SCC");
-  // Every kind once, in a size that differs from the one before where there are several.
-  std::string lastKind;
-  for (const samples::SamplePicture &sample : samples::normalSamplePictures()) {
-    const std::string kind = sample.name.substr(sample.name.size() - 4);
-    if (std::exchange(lastKind, kind) == kind) continue;
+  for (const samples::SamplePicture &sample : allSamples()) {
+    if (sample.width == 0) continue;
     const SampleFile picture(folder, sample);
     dropFile(driven, picture.path);
     expectTexts(driven, picture.model);
