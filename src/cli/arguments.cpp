@@ -47,6 +47,14 @@ bool takesValue(const std::string &option) {
   return option == "-o" || option == "-d" || option == "--format" || option == "--jobs";
 }
 
+// Asked for anywhere in front of "--", help outranks all else.
+bool wantsHelp(std::span<const std::string> arguments) {
+  const auto options =
+      arguments.first(static_cast<size_t>(std::find(arguments.begin(), arguments.end(), "--") - arguments.begin()));
+  return std::any_of(options.begin(), options.end(),
+                     [](const std::string &text) { return text == "--help" || text == "-h"; });
+}
+
 std::string parseOptions(std::span<const std::string> arguments, CliRequest &request) {
   const bool convert = request.command == CliCommand::kConvert;
   bool formatGiven = false;
@@ -79,7 +87,7 @@ std::string parseArguments(std::span<const std::string> arguments, CliRequest &r
   request = {};
   if (arguments.empty()) return "no command given; korilan-cli --help lists them";
   const std::string &command = arguments[0];
-  if (command == "--help" || command == "-h" || command == "help") return "";
+  if (command == "help" || wantsHelp(arguments)) return "";
   if (command == "info") {
     request.command = CliCommand::kInfo;
   } else if (command == "convert") {

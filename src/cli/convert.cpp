@@ -3,25 +3,28 @@
 #include "cli/opened_file.h"
 #include "core/bitmap_export.h"
 #include "core/dispatch.h"
+#include "core/text.h"
 #include "screens/display_geometry.h"
 
 #include <algorithm>
 #include <atomic>
 #include <cstdio>
+#include <filesystem>
 #include <map>
 #include <memory>
+#include <system_error>
 #include <thread>
 
 namespace {
 
 constexpr const char *kStandardOutput = "-";
 
-// Files of the request whose output an earlier file of the request already takes: index -> the earlier file.
-using Clashes = std::map<size_t, std::string>;
+// Files of the request that would all take the same name, in the order given: their pictures go to one file.
+using NameGroup = std::vector<std::string>;
 
 struct Conversion {
   const CliRequest &request;
-  const Clashes clashes;
+  const std::vector<NameGroup> groups;
   std::atomic<size_t> next{0};
   std::atomic<bool> allConverted{true};
 };
@@ -44,12 +47,20 @@ std::vector<uint8_t> encodePicture(const ViewerState &viewer, const CliRequest &
 }
 
 std::string outputPath(const ViewerState &viewer, const CliRequest &request) {
-  constexpr size_t kExtensionLetters = 3;
   if (!request.outPath.empty()) return request.outPath;
   std::string path = bitmapPath(viewer);
-  if (request.format == ImageFormat::kPpm) path.replace(path.size() - kExtensionLetters, kExtensionLetters, "ppm");
+  if (request.format == ImageFormat::kPpm) path = withLastLetters(path, "ppm");
   if (request.outDirectory.empty()) return path;
-  return request.outDirectory + "/" + path.substr(viewer.folderPath.size());
+  return request.outDirectory + kFolderSeparators.back() + path.substr(viewer.folderPath.size());
+}
+
+// Whether both paths lead to one file, by whatever way.
+bool sameFile(const std::string &left, const std::string &right) {
+  const auto pathOf = [](const std::string &text) {
+    return std::filesystem::path(std::u8string(text.begin(), text.end()));
+  };
+  std::error_code error;
+  return std::filesystem::equivalent(pathOf(left), pathOf(right), error);
 }
 
 std::string writeStandardOutput(std::span<const uint8_t> bytes) {
@@ -57,55 +68,59 @@ std::string writeStandardOutput(std::span<const uint8_t> bytes) {
   return written ? "" : "could not be written";
 }
 
-// Two files of one call may differ only in their extension, or in their folder where all go to one; the later one must
-// not replace the picture of the earlier.
-Clashes findClashes(const CliRequest &request) {
-  constexpr size_t kExtensionLetters = 3;
-  Clashes clashes;
-  std::map<std::string, std::string> takenBy; // path without its extension -> file
-  for (size_t i = 0; i < request.files.size(); ++i) {
-    const std::string &path = request.files[i];
+std::vector<NameGroup> groupByName(const CliRequest &request) {
+  std::vector<NameGroup> groups;
+  std::map<std::string, size_t> groupOf; // path without its extension -> group
+  for (const std::string &path : request.files) {
     const size_t nameStart = request.outDirectory.empty() ? 0 : path.find_last_of(kFolderSeparators) + 1;
-    const size_t stemEnd = std::max(nameStart, path.size() - std::min(path.size(), kExtensionLetters));
-    const auto [taken, isNew] = takenBy.emplace(path.substr(nameStart, stemEnd - nameStart), path);
-    if (!isNew && taken->second != path) clashes.emplace(i, taken->second);
+    std::string name = withLastLetters(path.substr(nameStart), "");
+#ifdef _WIN32
+    name = upperCased(name); // names that differ only in case are one
+#endif
+    const auto [entry, isNew] = groupOf.emplace(name, groups.size());
+    if (isNew) groups.emplace_back();
+    groups[entry->second].push_back(path);
   }
-  return clashes;
+  return groups;
 }
 
-// Converts one file; returns what went wrong, or an empty text.
-std::string convertFile(const CliRequest &request, const std::string &path) {
+// Converts one file, unless `taken` says that another file's picture already stands under the name; a file that is
+// converted takes the name. Returns what went wrong, or an empty text.
+std::string convertFile(const CliRequest &request, const std::string &path, std::string &taken) {
   const auto file = std::make_unique<OpenedFile>();
   openFile(*file, path);
   const ViewerState &viewer = file->viewer;
   if (viewer.pictureShown != kTrue) return refusal(viewer);
+  if (!taken.empty() && taken != path) return path + ": its picture would replace that of " + taken;
 
   const auto bytes = encodePicture(viewer, request);
   const std::string target = outputPath(viewer, request);
+  if (target != kStandardOutput && sameFile(target, path)) return path + ": its picture would replace the file itself";
   const std::string failure =
       target == kStandardOutput ? writeStandardOutput(bytes) : systemFiles().replaceFile(target.c_str(), bytes);
-  return failure.empty() ? "" : target + ": " + failure;
+  if (!failure.empty()) return target + ": " + failure;
+  taken = path;
+  return "";
 }
 
 void convertUntilDone(Conversion &conversion) {
-  const auto &files = conversion.request.files;
-  for (size_t i = conversion.next++; i < files.size(); i = conversion.next++) {
-    const auto clash = conversion.clashes.find(i);
-    const std::string failure = clash == conversion.clashes.end()
-                                    ? convertFile(conversion.request, files[i])
-                                    : files[i] + ": its picture would replace that of " + clash->second;
-    if (failure.empty()) continue;
-    conversion.allConverted = false;
-    std::fprintf(stderr, "%s\n", failure.c_str());
+  for (size_t i = conversion.next++; i < conversion.groups.size(); i = conversion.next++) {
+    std::string taken;
+    for (const std::string &path : conversion.groups[i]) {
+      const std::string failure = convertFile(conversion.request, path, taken);
+      if (failure.empty()) continue;
+      conversion.allConverted = false;
+      std::fprintf(stderr, "%s\n", failure.c_str());
+    }
   }
 }
 
 } // namespace
 
 bool convertFiles(const CliRequest &request) {
-  Conversion conversion{.request = request, .clashes = findClashes(request)};
+  Conversion conversion{.request = request, .groups = groupByName(request)};
   const size_t cores = request.jobs != 0 ? request.jobs : std::max(1U, std::thread::hardware_concurrency());
-  const size_t threadCount = std::min(cores, request.files.size());
+  const size_t threadCount = std::min(cores, conversion.groups.size());
   std::vector<std::thread> helpers;
   for (size_t i = 1; i < threadCount; ++i) helpers.emplace_back([&conversion] { convertUntilDone(conversion); });
   convertUntilDone(conversion);

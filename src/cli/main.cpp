@@ -55,6 +55,9 @@ int main(int argumentCount, char **argumentTexts) {
   case CliCommand::kInfo: allShown = printInfo(request); break;
   case CliCommand::kConvert: allShown = convertFiles(request); break;
   }
-  if (std::fflush(stdout) != 0) allShown = false;
+  if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+    std::fputs("korilan-cli: standard output could not be written\n", stderr);
+    allShown = false;
+  }
   return allShown ? kAllShown : kSomeNotShown;
 }

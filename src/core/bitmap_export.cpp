@@ -1,5 +1,7 @@
 #include "core/bitmap_export.h"
 
+#include "core/text.h"
+
 #include <algorithm>
 
 namespace {
@@ -63,15 +65,12 @@ std::vector<uint8_t> encodeBitmap(std::span<const uint32_t> frameBits, int32_t w
 }
 
 std::string bitmapPath(const ViewerState &viewer) {
-  constexpr size_t kExtensionLetters = 3;
   constexpr size_t kExtensionLength = 4;
   constexpr size_t kFrameDigits = 4;
 
-  // The file that the caption names, also after a file of an unknown kind was dropped and refused: a dropped
-  // holiday.bmp must not be written over by the picture on screen.
-  const std::string path = viewer.folderPath + viewer.fileName;
+  const std::string &path = viewer.picturePath;
   const bool videoOpen = viewer.evaPlayer.fileOpen == kTrue || viewer.vidPlayer.fileOpen == kTrue;
-  if (!videoOpen) return path.substr(0, path.size() - std::min(path.size(), kExtensionLetters)) + "bmp";
+  if (!videoOpen) return withLastLetters(path, "bmp");
 
   std::string number = std::to_string(viewer.window.HScroll1.value);
   number.insert(0, kFrameDigits - std::min(number.size(), kFrameDigits), '0');
@@ -83,5 +82,6 @@ void menuSaveBMP_Click(ViewerState &viewer) {
   const std::string path = bitmapPath(viewer);
   const std::string failure = viewer.platform.files->replaceFile(path.c_str(), file);
   if (failure.empty()) return;
-  viewer.platform.showMessage(viewer.platform.context, "Korilan", "Could not save " + path + "\n\n" + failure);
+  viewer.platform.showMessage(viewer.platform.context, "Korilan", "Could not save " + path + "\n\n" + failure,
+                              MessageIcon::kWarning);
 }

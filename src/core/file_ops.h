@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <vector>
 
 // An open file; only the table that opened it knows what the pointer means.
 using FileHandle = void *;
@@ -21,6 +22,10 @@ struct FileOps {
   size_t (*readAt)(FileHandle file, int64_t offset, uint8_t *into, size_t count);
 
   void (*close)(FileHandle file);
+
+  // Names of the ordinary files of a folder, in the order that the system lists them. `folder` is UTF-8 and ends in a
+  // separator; an empty one is the current folder.
+  std::vector<std::string> (*listFolder)(const char *folder);
 
   // Writes `bytes` to a new file beside `path` and puts it in the place of `path`, so that a failure leaves the
   // old file whole. What is no ordinary file (a device, a pipe) is written in place.

@@ -17,11 +17,13 @@ void closeInputFile(InputFile &file) {
 
 int64_t inputFileLength(const InputFile &file) { return file.handle != nullptr ? file.files->length(file.handle) : 0; }
 
+size_t readAvailableBytes(const InputFile &file, int64_t position, std::span<uint8_t> into) {
+  if (file.handle == nullptr || position < 1) return 0;
+  return file.files->readAt(file.handle, position - 1, into.data(), into.size());
+}
+
 size_t readBytes(const InputFile &file, int64_t position, std::span<uint8_t> into) {
-  size_t given = 0;
-  if (file.handle != nullptr && position >= 1) {
-    given = file.files->readAt(file.handle, position - 1, into.data(), into.size());
-  }
+  const size_t given = readAvailableBytes(file, position, into);
   std::fill(into.begin() + static_cast<std::ptrdiff_t>(given), into.end(), uint8_t{0});
   return given;
 }
@@ -32,8 +34,12 @@ uint8_t readByte(const InputFile &file, int64_t position) {
   return byte[0];
 }
 
-int16_t readSignedWord(const InputFile &file, int64_t position) {
+uint16_t readWord(const InputFile &file, int64_t position) {
   std::array<uint8_t, 2> bytes{};
   readBytes(file, position, bytes);
-  return static_cast<int16_t>(static_cast<uint16_t>(bytes[0] | bytes[1] << 8));
+  return static_cast<uint16_t>(bytes[0] | bytes[1] << 8);
+}
+
+int16_t readSignedWord(const InputFile &file, int64_t position) {
+  return static_cast<int16_t>(readWord(file, position));
 }

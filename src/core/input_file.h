@@ -24,8 +24,14 @@ int64_t inputFileLength(const InputFile &file);
 // Returns how many bytes came from the file. A position below 1 gives zeros only.
 size_t readBytes(const InputFile &file, int64_t position, std::span<uint8_t> into);
 
+// The same, but what the file does not give keeps its value.
+size_t readAvailableBytes(const InputFile &file, int64_t position, std::span<uint8_t> into);
+
 // The byte at `position`, zero past the end.
 uint8_t readByte(const InputFile &file, int64_t position);
 
 // The little-endian word at `position`, as the signed number that header bounds are compared with.
 int16_t readSignedWord(const InputFile &file, int64_t position);
+
+// The same word as a number from 0 to 65535.
+uint16_t readWord(const InputFile &file, int64_t position);

@@ -4,6 +4,7 @@
 #include "screens/display_geometry.h"
 #include "screens/render_dispatch.h"
 
+#include <algorithm>
 #include <string>
 
 namespace {
@@ -47,12 +48,27 @@ void showPictureInfo(ViewerState &viewer) {
   if (const char *text = colourText(viewer); text != nullptr) window.Label3 = text;
 }
 
-void loadVram(ViewerState &viewer, int32_t position) {
+bool pictureFits(int64_t width, int64_t height) { return width <= 0 || height <= 0 || width <= kMaxPixels / height; }
+
+void loadVram(ViewerState &viewer, int32_t position, size_t pictureBytes) {
   viewer.window.Label4 = "Loading...";
+  viewer.vram.resize(std::max(kVideoMemoryBytes, pictureBytes));
   readBytes(viewer.inputFile, position, viewer.vram);
 }
 
-void loadPackedData(ViewerState &viewer, int32_t position) {
+void overlayVram(ViewerState &viewer, int32_t position) {
+  viewer.window.Label4 = "Loading...";
+  viewer.vram.resize(kVideoMemoryBytes);
+  readAvailableBytes(viewer.inputFile, position, viewer.vram);
+}
+
+void clearVram(ViewerState &viewer, size_t pictureBytes) {
+  viewer.vram.assign(std::max(kVideoMemoryBytes, pictureBytes), 0);
+}
+
+void loadPackedData(ViewerState &viewer, int32_t position, size_t mostBytes) {
+  viewer.window.Label4 = "Loading...";
+  viewer.packedData.resize(std::max(kVideoMemoryBytes, mostBytes));
   readBytes(viewer.inputFile, position, viewer.packedData);
   viewer.window.Label4 = "Depacking...";
 }
@@ -61,6 +77,7 @@ void renderAndShow(ViewerState &viewer) {
   WindowModel &window = viewer.window;
   window.Label4 = "Rendering...";
   renderPicture(viewer);
+  viewer.picturePath = viewer.filePath;
   viewer.pictureShown = kTrue;
   ApplyDisplayGeometry(viewer);
   window.Label4.clear();

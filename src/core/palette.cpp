@@ -28,10 +28,11 @@ constexpr std::array<uint32_t, kStandardEntries> kSymbosPalette{
 };
 // clang-format on
 
-// Level 0 to 7 as 0 to 255: round(level * 255 / 7).
 constexpr std::array<uint8_t, kHighestLevel + 1> kLevels{0, 36, 73, 109, 146, 182, 219, 255};
 
 } // namespace
+
+uint8_t fileLevel(int level) { return kLevels[static_cast<size_t>(level)]; }
 
 void setDefaultPalette(ViewerState &viewer) {
   std::copy(kDefaultPalette.begin(), kDefaultPalette.end(), viewer.palette.begin());
@@ -60,7 +61,7 @@ void readFilePalette(ViewerState &viewer) {
       return;
     }
     viewer.paletteFilePos += 1;
-    viewer.palette[i] = packColour(kLevels[redBlue >> 4], kLevels[green], kLevels[redBlue & 0x0F]);
+    viewer.palette[i] = packColour(fileLevel(redBlue >> 4), fileLevel(green), fileLevel(redBlue & 0x0F));
     sum += viewer.palette[i]; // at most 256 words below 2^24: stays below 2^32
   }
   if (sum == 0) setDefaultPalette(viewer); // saved without a palette

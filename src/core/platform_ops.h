@@ -8,6 +8,8 @@
 #include <span>
 #include <string>
 
+enum class MessageIcon { kWarning, kInformation };
+
 struct PlatformOps {
   void *context = nullptr;
   const FileOps *files = nullptr;
@@ -23,7 +25,7 @@ struct PlatformOps {
   void (*copyToClipboard)(void *context, std::span<const uint8_t> bitmap) = nullptr;
 
   // Shows a message with an OK button and waits for it.
-  void (*showMessage)(void *context, const std::string &title, const std::string &text) = nullptr;
+  void (*showMessage)(void *context, const std::string &title, const std::string &text, MessageIcon icon) = nullptr;
 
   // Ends the program; may return before it has ended.
   void (*exitProgram)(void *context) = nullptr;

@@ -22,6 +22,12 @@ std::string_view lastCharacters(std::string_view text, size_t count) {
   return text.substr(start);
 }
 
+std::string withLastLetters(std::string_view path, std::string_view letters) {
+  constexpr size_t kExtensionLetters = 3;
+  path.remove_suffix(lastCharacters(path, kExtensionLetters).size());
+  return std::string(path) + std::string(letters);
+}
+
 std::string upperCased(std::string_view text) {
   std::string upper(text);
   for (char &byte : upper) {

@@ -11,5 +11,8 @@ size_t characterCount(std::string_view text);
 // The last `count` characters, or the whole text where it is shorter.
 std::string_view lastCharacters(std::string_view text, size_t count);
 
+// `path` with its last three characters, the letters of its extension, replaced by `letters`.
+std::string withLastLetters(std::string_view path, std::string_view letters);
+
 // A to Z for a to z; other characters stay.
 std::string upperCased(std::string_view text);

@@ -31,6 +31,21 @@ struct VidPlayer {
   Flag16 playing = kFalse;
 };
 
+// Where a part of a SymbOS graphic goes.
+struct SymbosTile {
+  uint8_t bytesPerLine = 0;
+  uint8_t width = 0;  // pixels
+  int32_t height = 0; // lines
+  int32_t x = 0;      // pixels
+  int32_t y = 0;      // lines
+};
+
+// The blocks of a HAM picture; page 0 holds the even lines, page 1 the odd ones. Layout: screens/ham_picture.cpp.
+struct HamPage {
+  std::vector<uint8_t> palette; // start palette and the changes line by line
+  std::vector<uint8_t> pixels;
+};
+
 struct ViewerState {
   // The current file. Texts are UTF-8.
   std::string filePath;
@@ -57,6 +72,12 @@ struct ViewerState {
   std::vector<uint8_t> vram = std::vector<uint8_t>(kVideoMemoryBytes);
   std::vector<uint8_t> packedData = std::vector<uint8_t>(kVideoMemoryBytes);
 
+  // Tiles of a SymbOS graphic in the order of the file; those from the 257th on overwrite the first.
+  std::array<SymbosTile, 256> symbosTiles{};
+  int32_t symbosTileCount = 0; // entries in use, 0 to 256
+
+  std::array<HamPage, 2> hamPages;
+
   // Colour words 0x00RRGGBB.
   std::array<uint32_t, kPaletteEntries> palette{};
   uint8_t storedPaletteCount = 0; // entries that Store Palette kept
@@ -66,6 +87,8 @@ struct ViewerState {
   std::vector<uint32_t> frameBits;
   int32_t frameWidth = 0;
   int32_t frameHeight = 0;
+  std::string picturePath;      // the file that it is from; a bitmap is saved beside that, also after another file was
+                                // opened and refused, so that no other picture's bitmap is written over
   Flag16 pictureShown = kFalse; // MainView shows the rendered picture
 
   // Paging through the folder of the current file.

@@ -4,11 +4,13 @@
 #include "screens/pattern_screen.h"
 
 #include <algorithm>
+#include <string>
 #include <vector>
 
 namespace {
 
-constexpr size_t kColours = size_t{1} << 24;
+constexpr int kColourBits = 24;
+constexpr size_t kColours = size_t{1} << kColourBits;
 constexpr int32_t kPatternColours = 16;
 
 constexpr const char *kVideoWithBorder = ".VID"; // its frames stand in one colour more: intended
@@ -35,8 +37,15 @@ int32_t shownColourCount(const ViewerState &viewer) {
   int32_t count = CountUniqueColours(viewer.frameBits);
   if (viewer.fileExtension == kVideoWithBorder) --count;
   if (viewer.fileExtension == kManyPalettes) return count;
-  if (viewer.bitsPerPixel >= 2) return std::min(count, int32_t{1} << viewer.bitsPerPixel);
+  if (viewer.bitsPerPixel >= 2) return std::min(count, int32_t{1} << std::min<int>(viewer.bitsPerPixel, kColourBits));
   const FileKind *kind = findFileKind(viewer.fileExtension);
   if (kind != nullptr && kind->load == loadPatternScreen) return std::min(count, kPatternColours);
   return count == 3 ? 2 : count;
+}
+
+void menuCountColors_Click(ViewerState &viewer) {
+  const int32_t count = shownColourCount(viewer);
+  const std::string number = (count < 0 ? "" : " ") + std::to_string(count);
+  viewer.platform.showMessage(viewer.platform.context, "Image Color Count",
+                              "The amount of unique colors in this image is" + number + ".", MessageIcon::kInformation);
 }

@@ -11,3 +11,6 @@ int32_t CountUniqueColours(std::span<const uint32_t> frameBits);
 
 // The count as the user is told it: without the colours that the display of some kinds adds to the file's own.
 int32_t shownColourCount(const ViewerState &viewer);
+
+// "Count Colors": tells the user the count in a message.
+void menuCountColors_Click(ViewerState &viewer);

@@ -8,7 +8,8 @@ HeadlessPlatform &platformOf(void *context) { return *static_cast<HeadlessPlatfo
 
 void runPendingEvents(void *context) {
   HeadlessPlatform &headless = platformOf(context);
-  headless.log.emplace_back("runPendingEvents");
+  // Depackers make tens of thousands of passes: one line stands for all in a row.
+  if (headless.log.empty() || headless.log.back() != "runPendingEvents") headless.log.emplace_back("runPendingEvents");
   if (headless.events.empty()) return;
   const HeadlessEvent event = std::move(headless.events.front());
   headless.events.pop_front();
@@ -25,8 +26,9 @@ void copyToClipboard(void *context, std::span<const uint8_t> bitmap) {
   headless.clipboard.assign(bitmap.begin(), bitmap.end());
 }
 
-void showMessage(void *context, const std::string &title, const std::string &text) {
-  platformOf(context).log.push_back("showMessage " + title + ": " + text);
+void showMessage(void *context, const std::string &title, const std::string &text, MessageIcon icon) {
+  const char *kind = icon == MessageIcon::kInformation ? "showMessage (i) " : "showMessage (!) ";
+  platformOf(context).log.push_back(kind + title + ": " + text);
 }
 
 void exitProgram(void *context) { platformOf(context).log.emplace_back("exitProgram"); }

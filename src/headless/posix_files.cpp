@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -44,6 +45,19 @@ size_t readAt(FileHandle file, int64_t offset, uint8_t *into, size_t count) {
 }
 
 void closeFile(FileHandle file) { close(descriptorOf(file)); }
+
+std::vector<std::string> listFolder(const char *folder) {
+  std::vector<std::string> names;
+  DIR *listing = opendir(*folder == '\0' ? "." : folder);
+  if (listing == nullptr) return names;
+  while (const dirent *entry = readdir(listing)) {
+    struct stat status {};
+    const bool known = fstatat(dirfd(listing), entry->d_name, &status, 0) == 0;
+    if (known && S_ISREG(status.st_mode)) names.emplace_back(entry->d_name);
+  }
+  closedir(listing);
+  return names;
+}
 
 std::string systemWords(int error) { return std::strerror(error); }
 
@@ -104,6 +118,7 @@ constexpr FileOps kPosixFiles{.openForReading = openForReading,
                               .length = lengthOf,
                               .readAt = readAt,
                               .close = closeFile,
+                              .listFolder = listFolder,
                               .replaceFile = replaceFile};
 
 } // namespace

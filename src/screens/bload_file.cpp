@@ -1,9 +1,8 @@
 #include "screens/bload_file.h"
 
-bool bloadAddressesValid(const ViewerState &viewer, int32_t endLowest) {
-  // As signed numbers the addresses from 0x8000 on lie below 0, so a bound of 0x69FF shuts them out, while one of
-  // 0xD3FF lets everything below 0x8000 in: intended.
-  return packedBloadAddressesValid(viewer) && readSignedWord(viewer.inputFile, kEndAddressPos) >= endLowest;
+bool bloadAddressesValid(const ViewerState &viewer, int32_t endLowest, int32_t endHighest) {
+  const int32_t end = readSignedWord(viewer.inputFile, kEndAddressPos);
+  return packedBloadAddressesValid(viewer) && end >= endLowest && end <= endHighest;
 }
 
 bool packedBloadAddressesValid(const ViewerState &viewer) {

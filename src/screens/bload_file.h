@@ -24,11 +24,16 @@ inline constexpr uint8_t kPackedIdentifier = 0xFD;
 // A 16-bit address as the signed number that the bounds are compared with.
 constexpr int32_t signedAddress(uint16_t address) { return static_cast<int16_t>(address); }
 
+// As signed numbers the addresses from 0x8000 on lie below 0, so a lowest end address of 0x69FF shuts them out, while
+// one of 0xD3FF lets everything below 0x8000 in: intended.
+inline constexpr int32_t kHighestAddress = signedAddress(0x7FFF);
+
 // Position in the file of the byte that lies at a video memory address.
 constexpr int32_t filePositionOf(int32_t address) { return kBodyPos + address; }
 
-// Whether start and execution address are 0 and the end address is at least `endLowest` (a signed number).
-bool bloadAddressesValid(const ViewerState &viewer, int32_t endLowest);
+// Whether start and execution address are 0 and the end address lies from `endLowest` to `endHighest`, as signed
+// numbers.
+bool bloadAddressesValid(const ViewerState &viewer, int32_t endLowest, int32_t endHighest);
 
 // Whether start and execution address are 0, whatever the end address.
 bool packedBloadAddressesValid(const ViewerState &viewer);

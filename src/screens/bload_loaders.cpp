@@ -7,56 +7,43 @@
 #include "screens/bload_file.h"
 #include "screens/byte_pixels.h"
 
-#include <string_view>
-
 namespace {
 
-struct BloadSettings {
-  int32_t endLowest; // lowest end address, signed
-  uint8_t bitsPerPixel;
-  uint8_t colourMode;
-  int32_t imageWidth;
-  int32_t imageHeight;
-  uint8_t colourCount;
-  int32_t paletteAddress;           // in video memory; kNoPalette: hasPalette and paletteFilePos keep their values
-  std::string_view packedExtension; // the extension that may hold a packed body; under the mode's other
-                                    // extensions a file without the plain identifier ends in silence: intended
-};
-
-constexpr int32_t kNoPalette = -1;
 constexpr int32_t kPalette5 = 0x7680;
 constexpr int32_t kPalette7 = 0xFA80;
 constexpr int32_t kEnd5 = signedAddress(0x69FF); // 256 x 212 pixels, 4 bits each
 constexpr int32_t kEnd7 = signedAddress(0xD3FF); // 54,272 bytes of pixels
+constexpr int32_t kAny = kHighestAddress;
+using enum BloadPalette;
 
 // clang-format off
-//                                   end,   bits, mode,             width, height, colours, palette,   packed
-constexpr BloadSettings kScreen5  = {kEnd5, 4,    0,                256,   212,    16,      kPalette5, ".SR5"};
-constexpr BloadSettings kScreen6  = {kEnd5, 2,    0,                512,   212,    4,       kPalette5, {}};
-constexpr BloadSettings kScreen7  = {kEnd7, 4,    0,                512,   212,    16,      kPalette7, ".SR7"};
-constexpr BloadSettings kScreen8  = {kEnd7, 8,    ColourModeGrb332, 256,   212,    255,     kNoPalette, {}};
-constexpr BloadSettings kScreen10 = {kEnd7, 8,    ColourModeYae,    256,   212,    16,      kPalette7, {}};
-constexpr BloadSettings kScreen12 = {kEnd7, 8,    ColourModeYjk,    256,   212,    0,       kNoPalette, {}};
+//                                   end from, to,   bits, mode,             width, height, colours, palette, at,        packed
+constexpr BloadSettings kScreen5  = {kEnd5,    kAny, 4,    0,                256,   212,    16,      kInFile, kPalette5, ".SR5"};
+constexpr BloadSettings kScreen6  = {kEnd5,    kAny, 2,    0,                512,   212,    4,       kInFile, kPalette5, {}};
+constexpr BloadSettings kScreen7  = {kEnd7,    kAny, 4,    0,                512,   212,    16,      kInFile, kPalette7, ".SR7"};
+constexpr BloadSettings kScreen8  = {kEnd7,    kAny, 8,    ColourModeGrb332, 256,   212,    255,     kNone,   0,         {}};
+constexpr BloadSettings kScreen10 = {kEnd7,    kAny, 8,    ColourModeYae,    256,   212,    16,      kInFile, kPalette7, {}};
+constexpr BloadSettings kScreen12 = {kEnd7,    kAny, 8,    ColourModeYjk,    256,   212,    0,       kNone,   0,         {}};
 // clang-format on
 
 void storeSettings(ViewerState &viewer, const BloadSettings &settings) {
   viewer.bitsPerPixel = settings.bitsPerPixel;
-  viewer.colourMode = settings.colourMode;
+  if (settings.colourMode != kKeptMode) viewer.colourMode = static_cast<uint8_t>(settings.colourMode);
   viewer.imageWidth = settings.imageWidth;
   viewer.imageHeight = settings.imageHeight;
   viewer.colourCount = settings.colourCount;
-  if (settings.paletteAddress == kNoPalette) return;
-  viewer.hasPalette = kTrue;
-  viewer.paletteFilePos = filePositionOf(settings.paletteAddress);
+  if (settings.palette != kNone) viewer.hasPalette = kTrue;
+  if (settings.palette == kInFile) viewer.paletteFilePos = filePositionOf(settings.paletteAddress);
 }
 
 void loadPlain(ViewerState &viewer, const BloadSettings &settings) {
-  if (!bloadAddressesValid(viewer, settings.endLowest)) {
+  if (!bloadAddressesValid(viewer, settings.endLowest, settings.endHighest)) {
     reportNotValid(viewer);
     return;
   }
   storeSettings(viewer, settings);
-  if (settings.paletteAddress != kNoPalette) readFilePalette(viewer);
+  if (settings.palette == kInFile) readFilePalette(viewer);
+  if (settings.palette == kStandard) setDefaultPalette(viewer);
   viewer.isPacked = kFalse;
   showPictureInfo(viewer);
   loadVram(viewer, kBodyPos);
@@ -79,6 +66,8 @@ void loadPacked(ViewerState &viewer, const BloadSettings &settings) {
   renderAndShow(viewer);
 }
 
+} // namespace
+
 void loadBload(ViewerState &viewer, const BloadSettings &settings) {
   if (!openFileForReading(viewer)) return;
   if (readByte(viewer.inputFile, kIdentifierPos) == kPlainIdentifier) {
@@ -89,8 +78,6 @@ void loadBload(ViewerState &viewer, const BloadSettings &settings) {
     loadPacked(viewer, settings);
   }
 }
-
-} // namespace
 
 void loadScreen5(ViewerState &viewer) { loadBload(viewer, kScreen5); }
 void loadScreen6(ViewerState &viewer) { loadBload(viewer, kScreen6); }

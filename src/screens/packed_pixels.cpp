@@ -25,8 +25,37 @@ bool holdsFrame(const ViewerState &viewer) {
          viewer.frameBits.size() >= static_cast<size_t>(viewer.imageWidth) * static_cast<size_t>(viewer.imageHeight);
 }
 
+constexpr const char *kTiledExtension = ".SGX";
+
+// Draws the tiles of the tile table; their bytes follow one another from `vramPos` on. A tile that is wider than the
+// picture goes on in the next line.
+template <size_t kPixels> void renderTiles(ViewerState &viewer) {
+  const auto colours = byteColourTable<kPixels>(viewer);
+  const auto frameSize = static_cast<int64_t>(viewer.frameBits.size());
+  auto source = static_cast<size_t>(viewer.vramPos);
+  for (int32_t i = 0; i < viewer.symbosTileCount; ++i) {
+    const SymbosTile &tile = viewer.symbosTiles[static_cast<size_t>(i)];
+    for (int64_t row = 0; row < tile.height; ++row) {
+      if (tile.bytesPerLine > viewer.vram.size() - source) return;
+      int64_t target = (tile.y + row) * viewer.imageWidth + tile.x;
+      for (size_t k = 0; k < tile.bytesPerLine; ++k) {
+        for (const uint32_t colour : colours[viewer.vram[source + k]]) {
+          if (target >= 0 && target < frameSize) viewer.frameBits[static_cast<size_t>(target)] = colour;
+          ++target;
+        }
+      }
+      source += tile.bytesPerLine;
+    }
+  }
+  viewer.vramPos = static_cast<int32_t>(source);
+}
+
 template <size_t kPixels> void renderStream(ViewerState &viewer) {
   if (!holdsFrame(viewer)) return;
+  if (viewer.fileExtension == kTiledExtension) {
+    renderTiles<kPixels>(viewer);
+    return;
+  }
   const auto width = static_cast<size_t>(viewer.imageWidth);
   const auto height = static_cast<size_t>(viewer.imageHeight);
   const size_t lineBytes = width / kPixels;

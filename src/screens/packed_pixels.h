@@ -6,7 +6,8 @@
 #include "core/viewer_state.h"
 
 // Lines of whole bytes, one after another from `vramPos` on, which ends behind the picture. Pixels of a last, partial
-// byte of a line are not stored and not drawn.
+// byte of a line are not stored and not drawn. A SymbOS graphic is drawn tile by tile, each line of a tile in whole
+// bytes; pixels outside the frame are dropped.
 void renderNibbleStream(ViewerState &viewer);
 void renderCrumbStream(ViewerState &viewer);
 

@@ -3,6 +3,7 @@
 #include "core/dispatch.h"
 #include "core/load_pipeline.h"
 #include "core/palette.h"
+#include "formats/vscreen_level.h"
 #include "screens/bload_file.h"
 
 // Video memory, at the addresses that BASIC gives the tables:
@@ -32,7 +33,12 @@ constexpr char kOwnPaletteMark = '4'; // last character of the Screen 4 extensio
 
 void loadPatternScreen(ViewerState &viewer) {
   if (!openFileForReading(viewer)) return;
-  if (readByte(viewer.inputFile, kIdentifierPos) != kPlainIdentifier || !bloadAddressesValid(viewer, kEndLowest)) {
+  const bool plain = readByte(viewer.inputFile, kIdentifierPos) == kPlainIdentifier;
+  if (!plain && inputFileLength(viewer.inputFile) == kTileSetBytes) {
+    loadTileSet(viewer);
+    return;
+  }
+  if (!plain || !bloadAddressesValid(viewer, kEndLowest, kHighestAddress)) {
     reportNotValid(viewer);
     return;
   }
@@ -55,20 +61,22 @@ void loadPatternScreen(ViewerState &viewer) {
   renderAndShow(viewer);
 }
 
+void drawCell(ViewerState &viewer, size_t patternAt, size_t coloursAt, size_t corner) {
+  const uint8_t *bits = viewer.vram.data() + patternAt;
+  const uint8_t *colours = viewer.vram.data() + coloursAt;
+  uint32_t *target = viewer.frameBits.data() + corner;
+  for (size_t row = 0; row < kCellSize; ++row, target += kWidth) {
+    const uint32_t twoColours[2] = {viewer.palette[colours[row] & 0x0F], viewer.palette[colours[row] >> 4]};
+    for (size_t k = 0; k < kCellSize; ++k) target[k] = twoColours[bits[row] >> (7 - k) & 1];
+  }
+}
+
 void renderPatternScreen(ViewerState &viewer) {
   if (viewer.imageWidth != kWidth || viewer.imageHeight != kHeight || viewer.vram.size() < kTablesEnd) return;
   if (viewer.frameBits.size() < static_cast<size_t>(kWidth) * kHeight) return;
-
-  const uint8_t *vram = viewer.vram.data();
   for (size_t cell = 0; cell < kCells; ++cell) {
-    const size_t pattern = vram[kNameTable + cell] + (cell & kThirdMask);
-    const uint8_t *bits = vram + pattern * kCellSize;
-    const uint8_t *colours = vram + kColourTable + pattern * kCellSize;
-    const size_t line = cell / kCellsPerRow * kCellSize;
-    uint32_t *target = viewer.frameBits.data() + line * kWidth + cell % kCellsPerRow * kCellSize;
-    for (size_t row = 0; row < kCellSize; ++row, target += kWidth) {
-      const uint32_t twoColours[2] = {viewer.palette[colours[row] & 0x0F], viewer.palette[colours[row] >> 4]};
-      for (size_t k = 0; k < kCellSize; ++k) target[k] = twoColours[bits[row] >> (7 - k) & 1];
-    }
+    const size_t pattern = viewer.vram[kNameTable + cell] + (cell & kThirdMask);
+    const size_t corner = cell / kCellsPerRow * kCellSize * kWidth + cell % kCellsPerRow * kCellSize;
+    drawCell(viewer, pattern * kCellSize, kColourTable + pattern * kCellSize, corner);
   }
 }

@@ -1,13 +1,21 @@
 #include "screens/render_dispatch.h"
 
 #include "core/file_kinds.h"
+#include "core/load_pipeline.h"
+#include "formats/publisher_page.h"
+#include "formats/vscreen_level.h"
 #include "screens/byte_pixels.h"
+#include "screens/g9b_picture.h"
+#include "screens/ham_picture.h"
 #include "screens/packed_pixels.h"
 #include "screens/pattern_screen.h"
+
+#include <algorithm>
 
 namespace {
 
 constexpr uint8_t kMostSwatches = 16;
+constexpr const char *kLinePaletteExtension = ".HAM"; // drawn again, with a palette for each line
 
 // Whether pixels of the present depth run on from line to line without a new byte for each line.
 bool pixelsRunOn(const ViewerState &viewer) {
@@ -18,11 +26,18 @@ bool pixelsRunOn(const ViewerState &viewer) {
 void drawFrame(ViewerState &viewer) {
   switch (viewer.bitsPerPixel) {
   case 1:
+    if (viewer.spriteMode == kTrue) renderTileSet(viewer);
     if (viewer.colourCount == 16 && viewer.spriteMode == kFalse) renderPatternScreen(viewer);
+    if (viewer.colourCount == 2) renderPublisherPage(viewer);
     break;
   case 2: pixelsRunOn(viewer) ? renderCrumbLinear(viewer) : renderCrumbStream(viewer); break;
-  case 4: pixelsRunOn(viewer) ? renderNibbleLinear(viewer) : renderNibbleStream(viewer); break;
+  case 3: renderSpriteSet(viewer); break;
+  case 4:
+    pixelsRunOn(viewer) ? renderNibbleLinear(viewer) : renderNibbleStream(viewer);
+    if (viewer.fileExtension == kLinePaletteExtension) RenderHamPicture(viewer);
+    break;
   case 8: RenderBytePixels(viewer); break;
+  case 16: RenderG9b16(viewer); break;
   default: break;
   }
 }
@@ -31,8 +46,10 @@ void drawFrame(ViewerState &viewer) {
 
 void renderPicture(ViewerState &viewer) {
   viewer.vramPos = 0;
-  viewer.frameWidth = viewer.imageWidth;
-  viewer.frameHeight = viewer.imageHeight;
+  // One side of an empty picture may be of any length.
+  constexpr auto kLongestSide = static_cast<int32_t>(kMaxPixels);
+  viewer.frameWidth = std::clamp(viewer.imageWidth, 0, kLongestSide);
+  viewer.frameHeight = std::clamp(viewer.imageHeight, 0, kLongestSide);
   // Black where no rule writes a pixel.
   viewer.frameBits.assign(static_cast<size_t>(viewer.frameWidth) * static_cast<size_t>(viewer.frameHeight), 0);
   drawFrame(viewer);

@@ -19,6 +19,7 @@ struct MainWindow {
   TextMetrics metrics;
 
   WindowModel shown;            // what the controls show at present
+  DWORD lastEventPass = 0;      // tick count of the last pass over waiting events during a load
   bool fitWhenRestored = false; // MainView changed its size while the window was maximised or minimised
 };
 

@@ -9,7 +9,13 @@ namespace {
 MainWindow &mainWindowOf(void *context) { return *static_cast<MainWindow *>(context); }
 
 void runPendingEvents(void *context) {
-  syncWindow(mainWindowOf(context));
+  // A depacker asks after every byte; to look for events that often would take far longer than the depacking.
+  constexpr DWORD kLeastPauseMilliseconds = 5;
+  MainWindow &main = mainWindowOf(context);
+  const DWORD now = GetTickCount();
+  if (now - main.lastEventPass < kLeastPauseMilliseconds) return;
+  main.lastEventPass = now;
+  syncWindow(main);
   MSG message;
   while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
     if (message.message == WM_QUIT) {
@@ -62,10 +68,11 @@ void copyToClipboard(void *context, std::span<const uint8_t> bitmap) {
   if (!taken) GlobalFree(memory);
 }
 
-void showMessage(void *context, const std::string &title, const std::string &text) {
+void showMessage(void *context, const std::string &title, const std::string &text, MessageIcon icon) {
   MainWindow &main = mainWindowOf(context);
   syncWindow(main);
-  MessageBoxA(main.window, text.c_str(), title.c_str(), MB_OK | MB_ICONWARNING);
+  const auto iconFlag = static_cast<UINT>(icon == MessageIcon::kInformation ? MB_ICONINFORMATION : MB_ICONWARNING);
+  MessageBoxA(main.window, text.c_str(), title.c_str(), MB_OK | iconFlag);
 }
 
 void exitProgram(void *context) {

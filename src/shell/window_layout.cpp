@@ -35,11 +35,15 @@ SIZE contentSize(const WindowModel &model, const TextMetrics &metrics) {
 WindowLayout layOutWindow(const WindowModel &model, const TextMetrics &metrics, SIZE client) {
   const int margin = scaled(kMargin, metrics);
   WindowLayout layout;
-  layout.mainView = {margin, margin, margin + model.mainViewWidth, margin + model.mainViewHeight};
+  // On a small screen the picture area is cut, and the labels stay readable below it.
+  const int gap = scaled(kLabelGap, metrics);
+  const int mostWidth = std::max(0, static_cast<int>(client.cx) - 2 * margin);
+  const int mostHeight = std::max(0, static_cast<int>(client.cy) - 2 * margin - gap - labelRowsHeight(metrics));
+  const int width = std::min(static_cast<int>(model.mainViewWidth), mostWidth);
+  const int height = std::min(static_cast<int>(model.mainViewHeight), mostHeight);
+  layout.mainView = {margin, margin, margin + width, margin + height};
 
-  const int belowPicture = static_cast<int>(layout.mainView.bottom) + scaled(kLabelGap, metrics);
-  const int lowestRow = static_cast<int>(client.cy) - margin - labelRowsHeight(metrics);
-  const int fieldsTop = std::max(0, std::min(belowPicture, lowestRow));
+  const int fieldsTop = margin + height + gap;
   int left = margin;
   for (size_t field = 0; field < kFieldCharacters.size(); ++field) {
     const int right = left + kFieldCharacters[field] * metrics.characterWidth;

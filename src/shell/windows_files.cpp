@@ -1,4 +1,4 @@
-// The file system of Windows. Paths are UTF-8, which the programs' manifests make the code page of the A functions.
+// The file system of Windows. Only the W functions take paths of more than 260 characters.
 #include "core/file_ops.h"
 
 #include <windows.h>
@@ -14,9 +14,26 @@ constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELE
 // One call moves at most a DWORD of bytes.
 constexpr size_t kLargestTransfer = size_t{1} << 30;
 
+// UTF-8 as Windows writes it within. Bytes that are no UTF-8 name no file.
+std::wstring wide(const std::string &text) {
+  const int bytes = static_cast<int>(text.size());
+  const int length = MultiByteToWideChar(CP_UTF8, 0, text.data(), bytes, nullptr, 0);
+  std::wstring wideText(static_cast<size_t>(length), L'\0');
+  MultiByteToWideChar(CP_UTF8, 0, text.data(), bytes, wideText.data(), length);
+  return wideText;
+}
+
+std::string narrow(const wchar_t *wideText) {
+  const int length = WideCharToMultiByte(CP_UTF8, 0, wideText, -1, nullptr, 0, nullptr, nullptr);
+  std::string text(static_cast<size_t>(length), '\0');
+  WideCharToMultiByte(CP_UTF8, 0, wideText, -1, text.data(), length, nullptr, nullptr);
+  text.resize(text.find('\0') == std::string::npos ? text.size() : text.find('\0'));
+  return text;
+}
+
 FileHandle openForReading(const char *path) {
   const HANDLE file =
-      CreateFileA(path, GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+      CreateFileW(wide(path).c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
   if (file == INVALID_HANDLE_VALUE) return nullptr;
   if (GetFileType(file) != FILE_TYPE_DISK) {
     CloseHandle(file);
@@ -46,6 +63,18 @@ size_t readAt(FileHandle file, int64_t offset, uint8_t *into, size_t count) {
 }
 
 void closeFile(FileHandle file) { CloseHandle(file); }
+
+std::vector<std::string> listFolder(const char *folder) {
+  std::vector<std::string> names;
+  WIN32_FIND_DATAW found{};
+  const HANDLE listing = FindFirstFileW(wide(std::string(folder) + "*").c_str(), &found);
+  if (listing == INVALID_HANDLE_VALUE) return names;
+  do {
+    if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) names.push_back(narrow(found.cFileName));
+  } while (FindNextFileW(listing, &found));
+  FindClose(listing);
+  return names;
+}
 
 // The system's own words for an error number.
 std::string errorText(DWORD error) {
@@ -77,7 +106,7 @@ DWORD writeAndClose(HANDLE file, std::span<const uint8_t> bytes) {
 // Opens `path` for writing where it is a device or a pipe; INVALID_HANDLE_VALUE for files and where nothing is.
 HANDLE openDevice(const char *path) {
   const HANDLE device =
-      CreateFileA(path, GENERIC_WRITE, kShareAll, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+      CreateFileW(wide(path).c_str(), GENERIC_WRITE, kShareAll, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
   if (device == INVALID_HANDLE_VALUE) return device;
   if (GetFileType(device) == FILE_TYPE_DISK) {
     CloseHandle(device);
@@ -97,7 +126,7 @@ HANDLE createTemporary(const std::string &path, std::string &temporaryPath) {
     std::snprintf(name, sizeof name, "~%lx-%x.tmp", GetCurrentProcessId(), serial++);
     temporaryPath = folder + name;
     const HANDLE file =
-        CreateFileA(temporaryPath.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+        CreateFileW(wide(temporaryPath).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file != INVALID_HANDLE_VALUE || GetLastError() != ERROR_FILE_EXISTS) return file;
   }
   return INVALID_HANDLE_VALUE;
@@ -112,10 +141,11 @@ std::string replaceFile(const char *path, std::span<const uint8_t> bytes) {
     const HANDLE temporary = createTemporary(path, temporaryPath);
     if (temporary == INVALID_HANDLE_VALUE) return errorText(GetLastError());
     error = writeAndClose(temporary, bytes);
-    if (error == ERROR_SUCCESS && !MoveFileExA(temporaryPath.c_str(), path, MOVEFILE_REPLACE_EXISTING)) {
+    if (error == ERROR_SUCCESS &&
+        !MoveFileExW(wide(temporaryPath).c_str(), wide(path).c_str(), MOVEFILE_REPLACE_EXISTING)) {
       error = GetLastError();
     }
-    if (error != ERROR_SUCCESS) DeleteFileA(temporaryPath.c_str());
+    if (error != ERROR_SUCCESS) DeleteFileW(wide(temporaryPath).c_str());
   }
   return error == ERROR_SUCCESS ? std::string() : errorText(error);
 }
@@ -128,6 +158,7 @@ const FileOps &systemFiles() {
       .length = length,
       .readAt = readAt,
       .close = closeFile,
+      .listFolder = listFolder,
       .replaceFile = replaceFile,
   };
   return kFiles;

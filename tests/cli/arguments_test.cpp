@@ -49,6 +49,8 @@ TEST(CliArguments, OptionsReachTheRequest) {
   EXPECT_EQ(request.format, ImageFormat::kBmp);
   EXPECT_EQ(parseArguments(Arguments{"info", "--json", "a.SC5"}, request), "");
   EXPECT_TRUE(request.json);
+  EXPECT_EQ(parseArguments(Arguments{"convert", "--help"}, request), "");
+  EXPECT_EQ(request.command, CliCommand::kHelp);
 }
 
 } // namespace

@@ -73,7 +73,18 @@ TEST(CliConvert, BadFilesDoNotStopTheOthers) {
   EXPECT_EQ(target.fileCount(), 1U);
   EXPECT_EQ(target.read(u8"good.bmp"), savedBitmap(screen8File(0)));
 
+  // A refused file takes no name from a good one, and no way of writing its path lets a file replace itself.
+  folder.write(u8"taken.SC8", {'A', 'B'});
+  request.files = {folder.path + "taken.SC8", folder.write(u8"taken.PIC", screen8File(0xFF))};
+  EXPECT_FALSE(convertFiles(request));
+  EXPECT_EQ(target.read(u8"taken.bmp"), savedBitmap(screen8File(0xFF)));
   request.files = {folder.path + "good.SC8"};
+  request.outDirectory.clear();
+  request.outPath = folder.path + "." + folder.path.back() + "good.SC8";
+  EXPECT_FALSE(convertFiles(request));
+  EXPECT_EQ(folder.read(u8"good.SC8"), screen8File(0));
+  request.outPath.clear();
+
   request.outDirectory = folder.path + "missing";
   EXPECT_FALSE(convertFiles(request));
 }

@@ -55,9 +55,7 @@ TEST(BitmapExport, NameBesideTheSourceFile) {
         Row{"d\\", "movie.VID", false, true, 12, "d\\movie - 0012.bmp"},
         Row{"d\\", "movie.VID", false, true, 10000, "d\\movie - 10000.bmp"}}) {
     ViewerState viewer;
-    viewer.folderPath = folder;
-    viewer.fileName = name;
-    viewer.filePath = viewer.folderPath + viewer.fileName;
+    viewer.picturePath = std::string(folder) + name;
     viewer.evaPlayer.fileOpen = toFlag(evaOpen);
     viewer.vidPlayer.fileOpen = toFlag(vidOpen);
     viewer.window.HScroll1.value = frame;
@@ -78,8 +76,10 @@ TEST(BitmapExport, SavesThePictureAtItsOwnSize) {
   menuCopyClipboard_Click(window.viewer);
   EXPECT_EQ(window.platform.clipboard, Bytes(file.begin() + 14, file.end()));
 
-  window.open("holiday.bmp", {1, 2, 3}); // refused, and must not be written over
-  EXPECT_EQ(bitmapPath(window.viewer), "d\\a.bmp");
+  for (const char *refused : {"holiday.bmp", "notes.SC8"}) { // their bitmaps must not be written over
+    window.open(refused, {1, 2, 3});
+    EXPECT_EQ(bitmapPath(window.viewer), "d\\a.bmp");
+  }
 }
 
 TEST(BitmapExport, FailureOnlyShowsAMessage) {
@@ -89,7 +89,7 @@ TEST(BitmapExport, FailureOnlyShowsAMessage) {
   window.platform.log.clear();
   menuSaveBMP_Click(window.viewer);
   EXPECT_EQ(window.platform.log,
-            std::vector<std::string>{"showMessage Korilan: Could not save locked.bmp\n\ndisk is locked"});
+            std::vector<std::string>{"showMessage (!) Korilan: Could not save locked.bmp\n\ndisk is locked"});
   EXPECT_EQ(pictureText(window.viewer), before);
   EXPECT_EQ(window.viewer.window.Label4, "");
 }

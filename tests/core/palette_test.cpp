@@ -81,4 +81,9 @@ TEST(Palette, FallsBackToTheDefaultAsAWhole) {
   }
 }
 
+TEST(Palette, WordsOfTheWindowSystem) {
+  EXPECT_EQ(packColour(0x12, 0x34, 0x56), 0x123456u);
+  EXPECT_EQ(swapRedBlue(0xFF123456), 0x563412u);
+}
+
 } // namespace

@@ -37,6 +37,21 @@ TEST(SystemFiles, OpensNamesOfAnyScript) {
   closeInputFile(file);
 }
 
+TEST(SystemFiles, ListsAndOpensInFoldersOfLongNames) {
+  const TemporaryFolder folder("long");
+  const std::string deep = folder.path + std::string(150, 'd') + folder.path.back();
+  std::error_code error;
+  std::filesystem::create_directories(deep + "folder", error);
+  const std::string name = std::string(150, 'n') + ".SC5";
+  ASSERT_EQ(systemFiles().replaceFile((deep + name).c_str(), Bytes{9}), "");
+  InputFile file;
+  EXPECT_TRUE(openInputFile(file, systemFiles(), deep + name));
+  EXPECT_EQ(readByte(file, 1), 9);
+  closeInputFile(file);
+  EXPECT_EQ(systemFiles().listFolder(deep.c_str()), std::vector<std::string>{name});
+  EXPECT_TRUE(systemFiles().listFolder((deep + "missing").c_str()).empty());
+}
+
 TEST(SystemFiles, RefusesWhatIsNoOrdinaryFile) {
   const TemporaryFolder folder("refuses");
   InputFile file;

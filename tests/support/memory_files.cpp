@@ -24,6 +24,15 @@ size_t readAt(FileHandle file, int64_t offset, uint8_t *into, size_t count) {
 
 void closeFile(FileHandle) {}
 
+std::vector<std::string> listFolder(const char *folder) {
+  std::vector<std::string> names;
+  const std::string prefix = folder;
+  for (const auto &[path, bytes] : memoryDisk()) {
+    if (path.starts_with(prefix)) names.push_back(path.substr(prefix.size()));
+  }
+  return names;
+}
+
 std::string replaceFile(const char *path, std::span<const uint8_t> bytes) {
   if (std::string(path).starts_with("locked")) return "disk is locked";
   memoryDisk()[path].assign(bytes.begin(), bytes.end());
@@ -34,6 +43,7 @@ constexpr FileOps kMemoryFiles{.openForReading = openForReading,
                                .length = lengthOf,
                                .readAt = readAt,
                                .close = closeFile,
+                               .listFolder = listFolder,
                                .replaceFile = replaceFile};
 
 } // namespace

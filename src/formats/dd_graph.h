@@ -1,0 +1,8 @@
+// Pictures of the paint program DD-Graph.
+#pragma once
+
+#include "core/viewer_state.h"
+
+void loadDdGraphScreen(ViewerState &viewer);     // .GE5
+void loadDdGraphRectangle(ViewerState &viewer);  // .DAT
+void loadDdGraphCompressed(ViewerState &viewer); // .CMP

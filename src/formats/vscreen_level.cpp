@@ -1,0 +1,137 @@
+#include "formats/vscreen_level.h"
+
+#include "core/dispatch.h"
+#include "core/load_pipeline.h"
+#include "core/palette.h"
+#include "core/text.h"
+#include "screens/bload_loaders.h"
+#include "screens/pattern_screen.h"
+
+#include <algorithm>
+
+// Tile set:    palette (32 bytes), then what renderTileSet reads: 256 tiles of 8 pattern bytes, and from 2048 on 256
+//              tiles of 8 colour bytes (high nibble foreground, low nibble background), a byte for each line
+// Sprite set:  46 sprites of 64 bytes: two layers, each 16 bytes for its left and 16 for its right half
+// Its colours: 46 sprites of 32 bytes: for each layer a colour for each line, in the low nibble
+
+namespace {
+
+constexpr int32_t kTileSetWidth = 256;
+constexpr int32_t kTileSetHeight = 64;
+constexpr int32_t kTilesPos = 33;
+constexpr size_t kTiles = 256;
+constexpr size_t kTilesPerRow = 32;
+constexpr size_t kTileSize = 8;
+constexpr size_t kTileColours = 2048;
+
+constexpr int32_t kSpriteSetWidth = 256;
+constexpr int32_t kSpriteSetHeight = 48;
+constexpr int64_t kSpriteSetBytes = 2944;
+constexpr int64_t kSpriteColoursBytes = 1472;
+constexpr size_t kSpriteColours = 3072; // where the colours go in `vram`; the two cells in between stay empty
+constexpr size_t kSpriteCells = 48;
+constexpr size_t kSpriteSize = 16;
+constexpr size_t kSpriteBytes = 64;
+constexpr size_t kLayerBytes = 32;
+
+constexpr BloadSettings kBorder = {.endLowest = 0x1400,
+                                   .endHighest = 0x1400,
+                                   .bitsPerPixel = 4,
+                                   .colourMode = kKeptMode,
+                                   .imageWidth = 256,
+                                   .imageHeight = 40,
+                                   .colourCount = 16,
+                                   .palette = BloadPalette::kStandard,
+                                   .paletteAddress = 0,
+                                   .packedExtension = {}};
+
+// Opens the colour file of the current sprite set: its name with "tcs", or where names tell case apart any case of it.
+bool openSpriteColours(const ViewerState &viewer, InputFile &colours) {
+  const FileOps &files = *viewer.platform.files;
+  const std::string path = withLastLetters(viewer.filePath, "tcs");
+  if (openInputFile(colours, files, path)) return true;
+  const std::string name = upperCased(path.substr(viewer.folderPath.size()));
+  for (const std::string &other : files.listFolder(viewer.folderPath.c_str())) {
+    if (upperCased(other) == name && openInputFile(colours, files, viewer.folderPath + other)) return true;
+  }
+  return false;
+}
+
+} // namespace
+
+void loadTileSet(ViewerState &viewer) {
+  viewer.typeDescription = "VSCREEN TileSet file";
+  viewer.bitsPerPixel = 1;
+  viewer.colourMode = 0;
+  viewer.colourCount = 16;
+  viewer.imageWidth = kTileSetWidth;
+  viewer.imageHeight = kTileSetHeight;
+  viewer.isPacked = kFalse;
+  viewer.hasPalette = kTrue;
+  viewer.spriteMode = kTrue;
+  viewer.paletteFilePos = 1;
+  readFilePalette(viewer);
+  showPictureInfo(viewer);
+  loadVram(viewer, kTilesPos);
+  renderAndShow(viewer);
+}
+
+void loadBorder(ViewerState &viewer) { loadBload(viewer, kBorder); }
+
+void loadSpriteSet(ViewerState &viewer) {
+  if (!openFileForReading(viewer)) return;
+  if (inputFileLength(viewer.inputFile) != kSpriteSetBytes) {
+    reportNotValid(viewer);
+    return;
+  }
+  InputFile colours;
+  const bool coloursFound = openSpriteColours(viewer, colours) && inputFileLength(colours) == kSpriteColoursBytes;
+  if (!coloursFound) {
+    closeInputFile(colours);
+    viewer.window.Label4 = "*** Error: Could not find corresponding .TCS file!";
+    return;
+  }
+  viewer.bitsPerPixel = 3;
+  viewer.colourCount = 16;
+  viewer.imageWidth = kSpriteSetWidth;
+  viewer.imageHeight = kSpriteSetHeight;
+  viewer.isPacked = kFalse;
+  viewer.hasPalette = kTrue;
+  setDefaultPalette(viewer);
+  showPictureInfo(viewer);
+  loadVram(viewer, 1);
+  readBytes(colours, 1, std::span(viewer.vram).subspan(kSpriteColours, kSpriteColoursBytes));
+  closeInputFile(colours);
+  renderAndShow(viewer);
+}
+
+void renderTileSet(ViewerState &viewer) {
+  if (viewer.frameWidth != kTileSetWidth || viewer.frameHeight != kTileSetHeight) return;
+  for (size_t tile = 0; tile < kTiles; ++tile) {
+    const size_t corner = tile / kTilesPerRow * kTileSize * kTileSetWidth + tile % kTilesPerRow * kTileSize;
+    drawCell(viewer, tile * kTileSize, kTileColours + tile * kTileSize, corner);
+  }
+}
+
+void renderSpriteSet(ViewerState &viewer) {
+  if (viewer.frameWidth != kSpriteSetWidth || viewer.frameHeight != kSpriteSetHeight) return;
+  const uint8_t *vram = viewer.vram.data();
+  for (size_t cell = 0; cell < kSpriteCells; ++cell) {
+    const size_t column = cell * kSpriteSize % kSpriteSetWidth;
+    const size_t top = cell * kSpriteSize / kSpriteSetWidth * kSpriteSize;
+    for (size_t line = 0; line < kSpriteSize; ++line) {
+      uint32_t *target = viewer.frameBits.data() + (top + line) * kSpriteSetWidth + column;
+      const uint8_t *bits = vram + cell * kSpriteBytes + line;
+      const uint8_t *colours = vram + kSpriteColours + cell * kLayerBytes + line;
+      const int first = bits[0] << 8 | bits[16];
+      const int second = bits[32] << 8 | bits[48];
+      for (size_t x = 0; x < kSpriteSize; ++x) {
+        const size_t shift = kSpriteSize - 1 - x;
+        const int firstColour = (first >> shift & 1) != 0 ? colours[0] & 0x0F : 0;
+        const int secondColour = (second >> shift & 1) != 0 ? colours[16] & 0x0F : 0;
+        // Where both layers have a pixel the video processor shows the two colour numbers combined.
+        target[x] = viewer.palette[static_cast<size_t>(firstColour | secondColour)];
+      }
+    }
+  }
+}

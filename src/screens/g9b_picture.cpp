@@ -1,0 +1,139 @@
+#include "screens/g9b_picture.h"
+
+#include "core/dispatch.h"
+#include "core/load_pipeline.h"
+#include "core/palette.h"
+#include "formats/g9b_depacker.h"
+
+#include <algorithm>
+#include <string_view>
+
+//  offset  size  field
+//       0     3  magic "G9B"
+//       3     2  length of the rest of the header, 11
+//       5     1  bits per pixel
+//       6     1  colour mode
+//       7     1  number of palette entries: 0, 2, 4, 16 or 64
+//       8     2  width, pixels
+//      10     2  height, lines
+//      12     1  0 stored, 1 packed
+//      13     3  length of the data; not needed
+//      16        palette entries: red, green, blue, 0 to 31
+//                pixels, or a number of packed blocks
+// Numbers are little-endian and unsigned.
+
+namespace {
+
+constexpr std::string_view kMagic = "G9B";
+constexpr uint16_t kHeaderLength = 11;
+constexpr uint8_t kCompressions = 2;
+
+constexpr int32_t kHeaderLengthPos = 4;
+constexpr int32_t kBitsPerPixelPos = 6;
+constexpr int32_t kColourModePos = 7;
+constexpr int32_t kColourCountPos = 8;
+constexpr int32_t kWidthPos = 9;
+constexpr int32_t kHeightPos = 11;
+constexpr int32_t kCompressionPos = 13;
+constexpr int32_t kPalettePos = 17;
+constexpr int32_t kBytesPerEntry = 3;
+constexpr uint32_t kMostLevel = 31;
+
+bool headerValid(const ViewerState &viewer) {
+  for (size_t i = 0; i < kMagic.size(); ++i) {
+    if (readByte(viewer.inputFile, static_cast<int64_t>(i) + 1) != static_cast<uint8_t>(kMagic[i])) return false;
+  }
+  return readWord(viewer.inputFile, kHeaderLengthPos) == kHeaderLength;
+}
+
+void ReadG9bPalette(ViewerState &viewer) {
+  for (size_t i = 0; i < viewer.colourCount; ++i) {
+    std::array<uint8_t, kBytesPerEntry> levels{};
+    readBytes(viewer.inputFile, viewer.paletteFilePos, levels);
+    const auto shown = [](uint32_t level) { return (level & kMostLevel) * 255 / kMostLevel; };
+    viewer.palette[i] = packColour(shown(levels[0]), shown(levels[1]), shown(levels[2]));
+    viewer.paletteFilePos += kBytesPerEntry;
+  }
+}
+
+// Takes over the palette; returns the position of the pixels.
+int32_t takePalette(ViewerState &viewer) {
+  switch (viewer.colourCount) {
+  case 0: viewer.hasPalette = kFalse; return kPalettePos;
+  case 2:
+  case 4:
+  case 16:
+  case 64:
+    viewer.hasPalette = kTrue;
+    viewer.paletteFilePos = kPalettePos;
+    ReadG9bPalette(viewer);
+    return viewer.paletteFilePos;
+  default: return kPalettePos; // no palette is stored, and the one before stays: intended
+  }
+}
+
+void DepackG9b(ViewerState &viewer) {
+  G9bDepacker depacker;
+  const int blocks = viewer.packedData[0];
+  for (int block = 0; block < blocks; ++block) {
+    viewer.platform.runPendingEvents(viewer.platform.context);
+    depackG9bBlock(depacker, viewer.packedData, viewer.vram);
+  }
+}
+
+size_t pictureBytes(const ViewerState &viewer) {
+  const size_t bits = size_t{viewer.bitsPerPixel} * static_cast<size_t>(viewer.imageWidth);
+  return (bits + 7) / 8 * static_cast<size_t>(viewer.imageHeight);
+}
+
+} // namespace
+
+void LoadG9bPicture(ViewerState &viewer) {
+  if (!openFileForReading(viewer)) return;
+  const InputFile &file = viewer.inputFile;
+  const int32_t width = readWord(file, kWidthPos);
+  const int32_t height = readWord(file, kHeightPos);
+  if (!headerValid(viewer) || !pictureFits(width, height)) {
+    reportNotValid(viewer);
+    return;
+  }
+  viewer.bitsPerPixel = readByte(file, kBitsPerPixelPos);
+  viewer.colourMode = readByte(file, kColourModePos);
+  viewer.colourCount = readByte(file, kColourCountPos);
+  viewer.imageWidth = width;
+  viewer.imageHeight = height;
+  const uint8_t compression = readByte(file, kCompressionPos);
+  if (compression >= kCompressions) {
+    reportNotValid(viewer);
+    return;
+  }
+  viewer.isPacked = toFlag(compression == 1);
+  const int32_t dataPos = takePalette(viewer);
+  showPictureInfo(viewer);
+  const size_t needed = pictureBytes(viewer);
+  if (viewer.isPacked == kTrue) {
+    clearVram(viewer, needed);
+    // Even code without any copy needs at most 9 bits for a byte; the rest is room for empty blocks.
+    const size_t mostPacked = viewer.vram.size() + viewer.vram.size() / 4;
+    const auto stored = static_cast<size_t>(std::max<int64_t>(0, inputFileLength(file) - dataPos + 1));
+    loadPackedData(viewer, dataPos, std::min(stored, mostPacked));
+    DepackG9b(viewer);
+  } else {
+    loadVram(viewer, dataPos, needed);
+  }
+  renderAndShow(viewer);
+}
+
+void RenderG9b16(ViewerState &viewer) {
+  if (viewer.frameWidth <= 0 || viewer.frameHeight <= 0 || viewer.vramPos < 0) return;
+  const size_t pixels = static_cast<size_t>(viewer.frameWidth) * static_cast<size_t>(viewer.frameHeight);
+  const auto start = static_cast<size_t>(viewer.vramPos);
+  if (start > viewer.vram.size() || pixels > (viewer.vram.size() - start) / 2 || pixels > viewer.frameBits.size())
+    return;
+  const uint8_t *source = viewer.vram.data() + start;
+  for (size_t n = 0; n < pixels; ++n, source += 2) {
+    const uint32_t word = source[0] + 256U * source[1];
+    viewer.frameBits[n] = packColour((word & 0x3E0) / 4, (word & 0x7C00) / 128, (word & 0x1F) * 8);
+  }
+  viewer.vramPos += static_cast<int32_t>(pixels * 2);
+}

@@ -1,0 +1,10 @@
+// Pictures of the V9990.
+#pragma once
+
+#include "core/viewer_state.h"
+
+void LoadG9bPicture(ViewerState &viewer);
+
+// Draws 16 bits a pixel from `vramPos` on, which ends behind the picture: bits 14-10 green, 9-5 red, 4-0 blue, each
+// shown as 8 times its level. Does nothing where `vram` or `frameBits` is too small.
+void RenderG9b16(ViewerState &viewer);
