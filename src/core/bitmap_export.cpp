@@ -37,7 +37,7 @@ void putNumber(std::span<uint8_t> bytes, uint32_t number) {
 std::vector<uint8_t> encodeBitmap(std::span<const uint32_t> frameBits, int32_t width, int32_t height) {
   const auto columns = static_cast<size_t>(width);
   const auto lines = static_cast<size_t>(height);
-  const size_t rowBytes = (columns * kBytesPerPixel + 3) / 4 * 4;
+  const auto rowBytes = static_cast<size_t>(RowBytes24(width));
   std::vector<uint8_t> file(kRowsOffset + rowBytes * lines);
 
   const std::span<uint8_t> header(file);

@@ -62,7 +62,7 @@ struct ViewerState {
   uint8_t colourCount = 0;    // palette entries in use; 255 in the fixed 256-colour mode, 0 without a palette
   Flag16 hasPalette = kFalse; // drawn through `palette`
   Flag16 isPacked = kFalse;   // the file's body was packed
-  Flag16 spriteMode = kFalse; // 1 bit per pixel is drawn as a tile set
+  Flag16 spriteMode = kFalse; // 1 bit per pixel is drawn as a tile set; other loaders than those leave it: intended
   int32_t paletteFilePos = 0; // 1-based position of the next palette byte in the file
   int32_t imageWidth = 0;     // pixels
   int32_t imageHeight = 0;    // lines

@@ -68,9 +68,13 @@ void loadDdGraphCompressed(ViewerState &viewer) {
 
   const auto depacker = std::make_unique<CmpDepacker>();
   startCmpDepacker(*depacker, viewer.packedData);
-  do {
+  bool more = true;
+  while (more) {
+    more = depackCmpByte(*depacker);
     viewer.platform.runPendingEvents(viewer.platform.context);
-  } while (depackCmpByte(*depacker));
+    const bool lineDone = depacker->column == 0;
+    if (lineDone) viewer.platform.runPendingEvents(viewer.platform.context);
+  }
   std::copy(depacker->memory.begin() + kCmpOutput, depacker->memory.end(), viewer.vram.begin());
   renderAndShow(viewer);
 }

@@ -13,6 +13,7 @@ namespace {
 
 constexpr size_t kLengthBytes = 2;
 constexpr uint32_t kEndLength = 65536;
+constexpr uint32_t kBlockEnd = 0;
 
 struct BitReader {
   std::span<const uint8_t> packed;
@@ -36,12 +37,12 @@ struct BitReader {
   }
 };
 
-// The length of a copy, or kEndLength at the end of the block.
+// The length of a copy, at least 2, or kBlockEnd.
 uint32_t readLength(BitReader &reader) {
   uint32_t length = 1;
   while (!reader.atEnd && reader.bit() != 0) {
     length = 2 * length + reader.bit();
-    if (length >= kEndLength) return kEndLength;
+    if (length >= kEndLength) return kBlockEnd;
   }
   return length + 1;
 }
@@ -68,7 +69,7 @@ void depackG9bBlock(G9bDepacker &depacker, std::span<const uint8_t> packed, std:
       continue;
     }
     const uint32_t length = readLength(reader);
-    if (length == kEndLength) return;
+    if (length == kBlockEnd) return;
     const size_t distance = readOffset(reader) + 1;
     if (reader.atEnd || written == unpacked.size()) return;
     for (uint32_t i = 0; i < length && written < unpacked.size(); ++i, ++written) {

@@ -8,8 +8,8 @@
 
 void loadPublisherPage(ViewerState &viewer);
 
-// Draws a page of `vram` into the first 512 x 704 words of `frameBits`, whatever the picture's size; words beyond the
-// end of `frameBits` are dropped. A set bit is black.
+// Draws a page of `vram` into the first 512 x 704 words of `frameBits`, whatever the picture's size (intended); words
+// beyond the end of `frameBits` are dropped. A set bit is black.
 void renderPublisherPage(ViewerState &viewer);
 
 // Unpacks a page. Stops at the end of either buffer; returns how many bytes were written.

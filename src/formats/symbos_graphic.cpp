@@ -72,7 +72,8 @@ struct SymbosSize {
   int64_t height = 0;
 };
 
-// Fills the tile table and `vram` from the records. The end of the file and a full `vram` count as an end record.
+// Fills the tile table and `vram` from the records. The end of the file counts as an end record; pixels for
+// which `vram` has no room are dropped.
 SymbosSize readTiles(ViewerState &viewer, const SymbosVariant &variant) {
   const InputFile &file = viewer.inputFile;
   const int64_t length = inputFileLength(file);

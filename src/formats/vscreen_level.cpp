@@ -8,6 +8,8 @@
 #include "screens/pattern_screen.h"
 
 #include <algorithm>
+#include <array>
+#include <iterator>
 
 // Tile set:    palette (32 bytes), then what renderTileSet reads: 256 tiles of 8 pattern bytes, and from 2048 on 256
 //              tiles of 8 colour bytes (high nibble foreground, low nibble background), a byte for each line
@@ -27,7 +29,7 @@ constexpr size_t kTileColours = 2048;
 constexpr int32_t kSpriteSetWidth = 256;
 constexpr int32_t kSpriteSetHeight = 48;
 constexpr int64_t kSpriteSetBytes = 2944;
-constexpr int64_t kSpriteColoursBytes = 1472;
+using SpriteColours = std::array<uint8_t, 1472>;
 constexpr size_t kSpriteColours = 3072; // where the colours go in `vram`; the two cells in between stay empty
 constexpr size_t kSpriteCells = 48;
 constexpr size_t kSpriteSize = 16;
@@ -46,15 +48,23 @@ constexpr BloadSettings kBorder = {.endLowest = 0x1400,
                                    .packedExtension = {}};
 
 // Opens the colour file of the current sprite set: its name with "tcs", or where names tell case apart any case of it.
-bool openSpriteColours(const ViewerState &viewer, InputFile &colours) {
+bool openSpriteColours(const ViewerState &viewer, InputFile &file) {
   const FileOps &files = *viewer.platform.files;
   const std::string path = withLastLetters(viewer.filePath, "tcs");
-  if (openInputFile(colours, files, path)) return true;
+  if (openInputFile(file, files, path)) return true;
   const std::string name = upperCased(path.substr(viewer.folderPath.size()));
   for (const std::string &other : files.listFolder(viewer.folderPath.c_str())) {
-    if (upperCased(other) == name && openInputFile(colours, files, viewer.folderPath + other)) return true;
+    if (upperCased(other) == name && openInputFile(file, files, viewer.folderPath + other)) return true;
   }
   return false;
+}
+
+bool readSpriteColours(const ViewerState &viewer, SpriteColours &colours) {
+  InputFile file;
+  const bool whole = openSpriteColours(viewer, file) && inputFileLength(file) == std::ssize(colours) &&
+                     readBytes(file, 1, colours) == colours.size();
+  closeInputFile(file);
+  return whole;
 }
 
 } // namespace
@@ -84,10 +94,8 @@ void loadSpriteSet(ViewerState &viewer) {
     reportNotValid(viewer);
     return;
   }
-  InputFile colours;
-  const bool coloursFound = openSpriteColours(viewer, colours) && inputFileLength(colours) == kSpriteColoursBytes;
-  if (!coloursFound) {
-    closeInputFile(colours);
+  SpriteColours colours{};
+  if (!readSpriteColours(viewer, colours)) {
     viewer.window.Label4 = "*** Error: Could not find corresponding .TCS file!";
     return;
   }
@@ -100,8 +108,7 @@ void loadSpriteSet(ViewerState &viewer) {
   setDefaultPalette(viewer);
   showPictureInfo(viewer);
   loadVram(viewer, 1);
-  readBytes(colours, 1, std::span(viewer.vram).subspan(kSpriteColours, kSpriteColoursBytes));
-  closeInputFile(colours);
+  std::copy(colours.begin(), colours.end(), viewer.vram.begin() + kSpriteColours);
   renderAndShow(viewer);
 }
 

@@ -7,7 +7,7 @@
 #include <string_view>
 
 enum class BloadPalette {
-  kNone,     // hasPalette and paletteFilePos keep their values
+  kNone,     // hasPalette and paletteFilePos keep their values: intended
   kStandard, // the standard colours
   kInFile,   // stored at paletteAddress
 };

@@ -81,9 +81,12 @@ void DepackG9b(ViewerState &viewer) {
   }
 }
 
+// Bytes that the picture takes in `vram`; none at a depth that is not drawn.
 size_t pictureBytes(const ViewerState &viewer) {
-  const size_t bits = size_t{viewer.bitsPerPixel} * static_cast<size_t>(viewer.imageWidth);
-  return (bits + 7) / 8 * static_cast<size_t>(viewer.imageHeight);
+  const uint8_t bits = viewer.bitsPerPixel;
+  if (bits != 2 && bits != 4 && bits != 8 && bits != 16) return 0;
+  const size_t lineBytes = (size_t{bits} * static_cast<size_t>(viewer.imageWidth) + 7) / 8;
+  return lineBytes * static_cast<size_t>(viewer.imageHeight);
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "formats/colour_count.h"
 
+#include "support/test_viewer.h"
+
 #include <gtest/gtest.h>
 #include <numeric>
 #include <tuple>
@@ -38,6 +40,24 @@ TEST(ColourCount, ColoursThatTheDisplayAddsAreNotTold) {
     viewer.frameBits.resize(counted);
     std::iota(viewer.frameBits.begin(), viewer.frameBits.end(), 0u);
     EXPECT_EQ(shownColourCount(viewer), shown) << extension << " " << int{bitsPerPixel} << " " << counted;
+  }
+}
+
+TEST(ColourCount, Message) {
+  using Row = std::tuple<const char *, size_t, const char *>;
+  for (const auto &[extension, counted, number] :
+       {Row{".SC5", 1, " 1"}, Row{".SC5", 17, " 16"}, Row{".SC5", 0, " 0"}, Row{".HAM", 1234, " 1234"},
+        Row{".VID", 1, " 0"}, Row{".VID", 0, "-1"}}) {
+    TestViewer window;
+    window.viewer.fileExtension = extension;
+    window.viewer.bitsPerPixel = 4;
+    window.viewer.frameBits.resize(counted);
+    std::iota(window.viewer.frameBits.begin(), window.viewer.frameBits.end(), 0u);
+    menuCountColors_Click(window.viewer);
+    EXPECT_EQ(
+        window.platform.log,
+        std::vector<std::string>{"showMessage (i) Image Color Count: The amount of unique colors in this image is" +
+                                 std::string(number) + "."});
   }
 }
 

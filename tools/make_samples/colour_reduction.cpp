@@ -20,11 +20,6 @@ Rgb rgbOfWord(std::uint32_t word) {
   return {static_cast<int>(word >> 16 & 255), static_cast<int>(word >> 8 & 255), static_cast<int>(word & 255)};
 }
 
-int squaredDistance(Rgb a, Rgb b) {
-  const int red = a.red - b.red, green = a.green - b.green, blue = a.blue - b.blue;
-  return 3 * red * red + 5 * green * green + 2 * blue * blue;
-}
-
 Samples histogramOf(const TruePicture &picture) {
   std::vector<int> counts(32 * 32 * 32);
   for (const Rgb pixel : picture.pixels) {
@@ -99,19 +94,6 @@ std::vector<Rgb> cutIntoBoxes(const Samples &histogram, std::size_t boxCount) {
   return means;
 }
 
-std::size_t nearestOf(const std::vector<Rgb> &colours, Rgb wanted) {
-  std::size_t nearest = 0;
-  int best = squaredDistance(colours[0], wanted);
-  for (std::size_t i = 1; i < colours.size(); ++i) {
-    const int distance = squaredDistance(colours[i], wanted);
-    if (distance < best) {
-      best = distance;
-      nearest = i;
-    }
-  }
-  return nearest;
-}
-
 // Moves every colour to the mean of the samples that are nearest to it.
 void settle(std::vector<Rgb> &colours, const Samples &histogram) {
   constexpr int kRounds = 6;
@@ -147,6 +129,24 @@ Mixture mixtureOf(Rgb first, Rgb second, Rgb wanted) {
 
 } // namespace
 
+int squaredDistance(Rgb a, Rgb b) {
+  const int red = a.red - b.red, green = a.green - b.green, blue = a.blue - b.blue;
+  return 3 * red * red + 5 * green * green + 2 * blue * blue;
+}
+
+std::size_t nearestOf(const std::vector<Rgb> &colours, Rgb wanted) {
+  std::size_t nearest = 0;
+  int best = squaredDistance(colours[0], wanted);
+  for (std::size_t i = 1; i < colours.size(); ++i) {
+    const int distance = squaredDistance(colours[i], wanted);
+    if (distance < best) {
+      best = distance;
+      nearest = i;
+    }
+  }
+  return nearest;
+}
+
 int orderedThreshold(int x, int y) {
   // The classic recursion: the bits of x ^ y and y, interleaved from the lowest up.
   const int mixed = x ^ y;
@@ -157,12 +157,17 @@ int orderedThreshold(int x, int y) {
   return threshold;
 }
 
-Palette choosePalette(const TruePicture &picture, int colourCount) {
+std::vector<Rgb> chooseColours(const TruePicture &picture, int colourCount) {
   const Samples histogram = histogramOf(picture);
   std::vector<Rgb> colours = cutIntoBoxes(histogram, static_cast<std::size_t>(colourCount));
   settle(colours, histogram);
   std::sort(colours.begin(), colours.end(),
             [](Rgb a, Rgb b) { return squaredDistance(a, {}) < squaredDistance(b, {}); });
+  return colours;
+}
+
+Palette choosePalette(const TruePicture &picture, int colourCount) {
+  const std::vector<Rgb> colours = chooseColours(picture, colourCount);
   Palette palette{};
   for (std::size_t i = 0; i < colours.size(); ++i) {
     palette[i] = {static_cast<std::uint8_t>((colours[i].red * 7 + 127) / 255),
@@ -172,18 +177,22 @@ Palette choosePalette(const TruePicture &picture, int colourCount) {
   return palette;
 }
 
+IndexedPicture diffuseToColours(const TruePicture &picture, const std::vector<Rgb> &colours) {
+  IndexedPicture reduced = blankPicture(picture.width, picture.height, 0);
+  diffuseErrors(picture, [&](std::size_t position, Rgb wanted) {
+    const std::size_t index = nearestOf(colours, wanted);
+    reduced.indexes[position] = static_cast<std::uint8_t>(index);
+    return colours[index];
+  });
+  return reduced;
+}
+
 IndexedPicture diffuseToPalette(const TruePicture &picture, const ColourWords &colours, int colourCount) {
   std::vector<Rgb> available;
   for (int i = 0; i < colourCount; ++i) {
     available.push_back(rgbOfWord(colours[static_cast<std::size_t>(i)]));
   }
-  IndexedPicture reduced = blankPicture(picture.width, picture.height, 0);
-  diffuseErrors(picture, [&](std::size_t position, Rgb wanted) {
-    const std::size_t index = nearestOf(available, wanted);
-    reduced.indexes[position] = static_cast<std::uint8_t>(index);
-    return available[index];
-  });
-  return reduced;
+  return diffuseToColours(picture, available);
 }
 
 IndexedPicture orderToPalette(const TruePicture &picture, const ColourWords &colours, int colourCount) {

@@ -12,11 +12,20 @@ namespace samples {
 // The 8 x 8 ordered pattern, 0..63.
 int orderedThreshold(int x, int y);
 
+// The best colours for a picture, dark to bright; fewer when it has no more.
+std::vector<Rgb> chooseColours(const TruePicture &picture, int colourCount);
+
 // The best colourCount palette registers for a picture, dark to bright; the rest stays black.
 Palette choosePalette(const TruePicture &picture, int colourCount);
 
-// Nearest colours out of the first colourCount, the error spread over the neighbours.
+// How different two colours look.
+int squaredDistance(Rgb a, Rgb b);
+std::size_t nearestOf(const std::vector<Rgb> &colours, Rgb wanted);
+
+// Nearest colours, in a palette out of the first colourCount, the error spread over the neighbours.
 IndexedPicture diffuseToPalette(const TruePicture &picture, const ColourWords &colours, int colourCount);
+
+IndexedPicture diffuseToColours(const TruePicture &picture, const std::vector<Rgb> &colours);
 
 // Mixtures of two colours in the ordered pattern.
 IndexedPicture orderToPalette(const TruePicture &picture, const ColourWords &colours, int colourCount);

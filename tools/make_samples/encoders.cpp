@@ -170,6 +170,11 @@ Bytes packedBloadFile(const Bytes &memory) {
   return file;
 }
 
+void appendWord(Bytes &bytes, int value) {
+  bytes.push_back(static_cast<std::uint8_t>(value & 0xFF));
+  bytes.push_back(static_cast<std::uint8_t>(value >> 8 & 0xFF));
+}
+
 void placeBytes(Bytes &memory, std::size_t address, const Bytes &bytes) {
   memory.resize(std::max(memory.size(), address + bytes.size()));
   std::copy(bytes.begin(), bytes.end(), memory.begin() + static_cast<std::ptrdiff_t>(address));

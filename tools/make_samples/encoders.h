@@ -21,6 +21,9 @@ Bytes bloadFile(const Bytes &memory, std::uint16_t end);
 // A packed file: identifier 0xFD, the end address that of the packed bytes, then the packed memory.
 Bytes packedBloadFile(const Bytes &memory);
 
+// Appends a word, low byte first.
+void appendWord(Bytes &bytes, int value);
+
 // Copies the bytes to an address of the video memory, which grows with zeros as far as needed.
 void placeBytes(Bytes &memory, std::size_t address, const Bytes &bytes);
 

@@ -51,6 +51,12 @@ std::vector<std::uint32_t> shownIndexes(const Bytes &indexes, const ColourWords 
   return shown;
 }
 
+std::vector<std::uint32_t> shownIndexes(const Bytes &indexes, const std::vector<std::uint32_t> &colours) {
+  std::vector<std::uint32_t> shown;
+  for (const std::uint8_t index : indexes) shown.push_back(colours[index]);
+  return shown;
+}
+
 std::vector<std::uint32_t> shownGrb332(const Bytes &bytes) {
   std::vector<std::uint32_t> shown;
   for (const std::uint8_t byte : bytes) {

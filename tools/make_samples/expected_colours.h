@@ -13,6 +13,7 @@ extern const ColourWords kDefaultColours;
 ColourWords coloursOfPalette(const Palette &palette);
 
 std::vector<std::uint32_t> shownIndexes(const Bytes &indexes, const ColourWords &colours);
+std::vector<std::uint32_t> shownIndexes(const Bytes &indexes, const std::vector<std::uint32_t> &colours);
 std::vector<std::uint32_t> shownGrb332(const Bytes &bytes);
 std::vector<std::uint32_t> shownYjk(const Bytes &bytes);
 std::vector<std::uint32_t> shownYae(const Bytes &bytes, const ColourWords &colours);

@@ -35,10 +35,15 @@ int main(int argumentCount, char **arguments) {
     std::fprintf(stderr, "make_samples: cannot create %s/odd: %s\n", arguments[1], failure.message().c_str());
     return 1;
   }
+  const auto write = [&](const std::string &name, const std::vector<std::uint8_t> &bytes) {
+    const bool written = writeWholeFile(folder / pathOfUtf8(name), bytes);
+    if (!written) std::fprintf(stderr, "make_samples: cannot write %s/%s\n", arguments[1], name.c_str());
+    return written;
+  };
   for (const samples::SamplePicture &picture : samples::allSamplePictures()) {
-    if (!writeWholeFile(folder / pathOfUtf8(picture.name), picture.bytes)) {
-      std::fprintf(stderr, "make_samples: cannot write %s/%s\n", arguments[1], picture.name.c_str());
-      return 1;
+    if (!write(picture.name, picture.bytes)) return 1;
+    for (const samples::CompanionFile &companion : picture.companions) {
+      if (!write(companion.name, companion.bytes)) return 1;
     }
   }
   return 0;

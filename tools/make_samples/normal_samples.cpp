@@ -2,6 +2,7 @@
 #include "expected_colours.h"
 #include "pixel_art.h"
 #include "sample_builders.h"
+#include "sample_groups.h"
 
 namespace samples {
 
@@ -170,6 +171,12 @@ std::vector<SamplePicture> normalSamplePictures() {
   for (const PlainScene &row : kYjkScenes) {
     pictures.push_back(yjkSample(row.name, sceneIn(gallery, row.scene, 256)));
   }
+  addCopySamples(pictures, gallery);
+  addPaintSamples(pictures, gallery);
+  addHamSamples(pictures);
+  addG9bSamples(pictures, gallery);
+  addSymbosSamples(pictures);
+  addVscreenSamples(pictures, gallery);
   return pictures;
 }
 

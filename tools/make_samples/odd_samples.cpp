@@ -5,6 +5,8 @@
 #include "expected_colours.h"
 #include "pixel_art.h"
 #include "sample_builders.h"
+#include "sample_groups.h"
+#include "sample_variants.h"
 
 namespace samples {
 
@@ -39,37 +41,12 @@ SamplePicture withEndAddress(SamplePicture picture, const char *name, std::uint1
   return picture;
 }
 
-SamplePicture withByte(SamplePicture picture, const char *name, std::size_t position, std::uint8_t value) {
-  picture.name = name;
-  picture.bytes[position] = value;
-  return picture;
-}
-
-SamplePicture renamed(SamplePicture picture, const char *name) {
-  picture.name = name;
-  return picture;
-}
-
 // The body grows with zeros or ends early; the header stays.
 SamplePicture withBodySize(SamplePicture picture, const char *name, std::size_t size) {
   picture.name = name;
   picture.bytes.resize(kHeaderSize + size);
   return picture;
 }
-
-// Refused with the error line of its extension.
-SamplePicture refused(SamplePicture picture) {
-  std::string extension = picture.name.substr(picture.name.size() - 4);
-  for (char &letter : extension) {
-    if (letter >= 'a' && letter <= 'z') letter = static_cast<char>(letter - 'a' + 'A');
-  }
-  return {picture.name, picture.bytes, 0, 0, {}, "*** Error: Not a valid " + extension + " file."};
-}
-
-// Refused without a word.
-SamplePicture ignored(const SamplePicture &picture) { return {picture.name, picture.bytes, 0, 0, {}, ""}; }
-
-SamplePicture blankFile(const char *name) { return {name, {}, 0, 0, {}, ""}; }
 
 Bytes bytesOfText(std::string_view text) { return {text.begin(), text.end()}; }
 
@@ -239,6 +216,13 @@ std::vector<SamplePicture> oddSamplePictures() {
   addPackedFiles(pictures, originals);
   addRefusedFiles(pictures, originals);
   addNames(pictures, originals);
+  Gallery gallery;
+  addOddCopySamples(pictures, gallery);
+  addOddPaintSamples(pictures, gallery);
+  addOddHamSamples(pictures);
+  addOddG9bSamples(pictures, gallery);
+  addOddSymbosSamples(pictures);
+  addOddVscreenSamples(pictures, gallery);
   return pictures;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-// Sample picture files of the BLOAD screens, drawn and encoded by code of their own, so that the
+// Sample picture files of every format, drawn and encoded by code of their own, so that the
 // viewer and its samples cannot share a mistake.
 
 #include <cstdint>
@@ -9,13 +9,20 @@
 
 namespace samples {
 
+// A file that is read along with another and is no picture of its own.
+struct CompanionFile {
+  std::string name; // as of a sample
+  std::vector<std::uint8_t> bytes;
+};
+
 struct SamplePicture {
   std::string name;                // UTF-8; may hold one folder, "odd/short_body.SC5"
   std::vector<std::uint8_t> bytes; // the whole file
   int width = 0;                   // of the picture to be shown; 0 x 0: the file is refused
   int height = 0;
-  std::vector<std::uint32_t> expected; // width * height words 0x00RRGGBB, top row first
-  std::string error;                   // error line of a refused file; "" when it ends silently
+  std::vector<std::uint32_t> expected;        // width * height words 0x00RRGGBB, top row first
+  std::string error;                          // error line of a refused file; "" when it ends silently
+  std::vector<CompanionFile> companions = {}; // on the disk beside the sample
 };
 
 // All samples, normal ones first. The bytes are the same with every compiler and on every machine.

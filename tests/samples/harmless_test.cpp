@@ -1,0 +1,108 @@
+// Damaged files of every kind. What they show is not looked at closely: the sanitizers are, and that nothing is lost.
+#include "core/file_kinds.h"
+#include "formats/closed_kind.h"
+#include "samples/opened_sample.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace {
+
+using Bytes = std::vector<uint8_t>;
+using samples::SamplePicture;
+
+// Sweeps that take many minutes run only when asked for.
+bool longSweeps() { return std::getenv("KORILAN_LONG") != nullptr; }
+
+// Without sanitizers a few values of a byte stand for all.
+#ifdef _WIN32
+constexpr int kValueStep = 17;
+#else
+constexpr int kValueStep = 1;
+#endif
+
+struct DamagedKind : testing::TestWithParam<const char *> {
+  std::vector<const SamplePicture *> pictures;
+  TestViewer test;
+  std::vector<uint32_t> before;
+
+  DamagedKind() {
+    for (const SamplePicture &sample : allSamples()) {
+      if (extensionOf(sample) == GetParam()) pictures.push_back(&sample);
+    }
+    test.open("before.SC8", Bytes{0xFE, 0, 0, 0xFF, 0xD3, 0, 0, 0x1C});
+    before = test.viewer.frameBits;
+  }
+
+  // The shortest sample that shows a picture, or where all are refused the shortest.
+  const SamplePicture &smallest() const {
+    const auto longer = [](const SamplePicture *left, const SamplePicture *right) {
+      return std::pair(left->width == 0, left->bytes.size()) < std::pair(right->width == 0, right->bytes.size());
+    };
+    return **std::min_element(pictures.begin(), pictures.end(), longer);
+  }
+
+  // Whatever the file holds, the frame is whole, and where no picture was loaded the one before stands.
+  void open(const SamplePicture &sample, const Bytes &bytes) {
+    openSample(test, sample, bytes);
+    const ViewerState &viewer = test.viewer;
+    const auto pixels = static_cast<size_t>(viewer.frameWidth) * static_cast<size_t>(viewer.frameHeight);
+    ASSERT_EQ(viewer.frameBits.size(), pixels) << sample.name;
+    if (viewer.window.Label4.empty()) {
+      before = viewer.frameBits;
+    } else {
+      ASSERT_TRUE(viewer.frameBits == before) << sample.name << ": " << viewer.window.Label4;
+    }
+  }
+
+  void openCut(const SamplePicture &sample, size_t length) {
+    open(sample, Bytes(sample.bytes.begin(), sample.bytes.begin() + static_cast<std::ptrdiff_t>(length)));
+  }
+};
+
+TEST_P(DamagedKind, CutAnywhere) {
+  constexpr size_t kFirstLengths = 1024;
+  constexpr size_t kFurtherLengths = 100;
+  for (const SamplePicture *sample : pictures) {
+    const size_t first = std::min(sample->bytes.size(), kFirstLengths);
+    for (size_t length = 0; length <= first; ++length) openCut(*sample, length);
+    for (size_t i = 1; i <= kFurtherLengths; ++i) {
+      openCut(*sample, first + (sample->bytes.size() - first) * i / kFurtherLengths);
+    }
+  }
+}
+
+TEST_P(DamagedKind, SmallFileCutAtEveryLength) {
+  constexpr size_t kSmall = 2000;
+  const SamplePicture &sample = smallest();
+  const size_t longest = longSweeps() ? sample.bytes.size() : std::min(sample.bytes.size(), kSmall);
+  for (size_t length = 0; length <= longest; ++length) openCut(sample, length);
+}
+
+TEST_P(DamagedKind, FirstBytesOfAnyValue) {
+  constexpr size_t kFirstBytes = 64;
+  const SamplePicture &sample = smallest();
+  Bytes bytes = sample.bytes;
+  for (size_t i = 0; i < std::min(bytes.size(), kFirstBytes); ++i) {
+    for (int value = 0; value < 256; value += kValueStep) {
+      bytes[i] = static_cast<uint8_t>(value);
+      open(sample, bytes);
+    }
+    bytes[i] = sample.bytes[i];
+  }
+}
+
+std::vector<const char *> readableExtensions() {
+  std::vector<const char *> extensions;
+  for (const FileKind &kind : kFileKinds) {
+    if (kind.load != loadClosedKind) extensions.push_back(kind.extension);
+  }
+  return extensions;
+}
+
+INSTANTIATE_TEST_SUITE_P(Samples, DamagedKind, testing::ValuesIn(readableExtensions()),
+                         [](const auto &kind) { return std::string(kind.param + 1); });
+
+} // namespace
