@@ -2,6 +2,7 @@
 
 #include "core/bitmap_export.h"
 #include "core/commands.h"
+#include "formats/colour_count.h"
 
 #include <string_view>
 
@@ -19,7 +20,7 @@ constexpr std::array<MenuRow, kMenuRowCount> kMenuRows{{
     {kViewMenu, "Zoom",              &WindowModel::menuZoom,          nullptr},
     {kViewMenu, "1:2 Aspect  Ratio", &WindowModel::menuDoubleHeight,  nullptr}, // two blanks, intended
     {kViewMenu, "Image Info",        &WindowModel::menuImageInfo,     nullptr},
-    {kViewMenu, "Count Colors",      &WindowModel::menuCountColors,   nullptr},
+    {kViewMenu, "Count Colors",      &WindowModel::menuCountColors,   menuCountColors_Click},
     {"Palette", "View Palette",      &WindowModel::menuViewPal,       nullptr},
     {"Palette", nullptr,             nullptr,                         nullptr},
     {"Palette", "Load Palette",      &WindowModel::menuLoadPal,       nullptr},

@@ -91,6 +91,20 @@ void dropFile(const DrivenWindow &driven, const std::string &path) {
   SendMessageA(driven.window, RegisterWindowMessageA(kDropFileMessage), 0, 0);
 }
 
+std::string answerMessage(const DrivenWindow &driven, const char *title) {
+  HWND box = nullptr;
+  const auto stands = [&] {
+    box = FindWindowA("#32770", title);
+    return box != nullptr && GetWindow(box, GW_OWNER) == driven.window && GetDlgItem(box, IDOK) != nullptr;
+  };
+  if (!waitUntil(stands)) return "";
+  constexpr int kMessageTextId = 0xFFFF;
+  std::array<char, 1024> text{};
+  SendMessageA(GetDlgItem(box, kMessageTextId), WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
+  PostMessageA(box, WM_COMMAND, IDOK, 0);
+  return text.data();
+}
+
 ScreenPicture shownPicture(const DrivenWindow &driven) {
   const HWND view = GetDlgItem(driven.window, kMainViewId);
   RECT client{};

@@ -49,6 +49,9 @@ void choose(const DrivenWindow &driven, const char *caption);
 
 void dropFile(const DrivenWindow &driven, const std::string &path);
 
+// Waits for the viewer's message box with that title, presses its button and returns its text.
+std::string answerMessage(const DrivenWindow &driven, const char *title);
+
 // The inside of the picture area as it stands on the screen.
 ScreenPicture shownPicture(const DrivenWindow &driven);
 
