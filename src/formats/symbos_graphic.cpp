@@ -130,8 +130,9 @@ constexpr uint8_t sortedBits(uint8_t byte) {
 
 // How many bytes are sorted follows from the size of the picture, not from its tiles.
 void sortVram(ViewerState &viewer) {
+  if (viewer.imageWidth <= 0 || viewer.imageHeight <= 0) return; // one side of an empty picture may be of any length
   const int64_t count = int64_t{roundHalfEven(viewer.imageWidth / 4.0 * viewer.imageHeight - 1)} + 1;
-  const size_t bytes = std::min(static_cast<size_t>(std::max<int64_t>(0, count)), viewer.vram.size());
+  const size_t bytes = std::min(static_cast<size_t>(count), viewer.vram.size());
   for (size_t i = 0; i < bytes; ++i) viewer.vram[i] = sortedBits(viewer.vram[i]);
 }
 
