@@ -32,28 +32,25 @@ void putNumber(std::span<uint8_t> bytes, uint32_t number) {
   }
 }
 
-} // namespace
-
-std::vector<uint8_t> encodeBitmap(std::span<const uint32_t> frameBits, int32_t width, int32_t height) {
+// `before` bytes of zero, then an information header of that length, then the rows.
+std::vector<uint8_t> encodeBehind(size_t before, uint32_t headerBytes, std::span<const uint32_t> frameBits,
+                                  int32_t width, int32_t height) {
   const auto columns = static_cast<size_t>(width);
   const auto lines = static_cast<size_t>(height);
   const auto rowBytes = static_cast<size_t>(RowBytes24(width));
-  std::vector<uint8_t> file(kRowsOffset + rowBytes * lines);
+  std::vector<uint8_t> file(before + headerBytes + rowBytes * lines);
 
-  const std::span<uint8_t> header(file);
-  putNumber(header.subspan(0, 2), 'B' | 'M' << 8);
-  putNumber(header.subspan(2, 4), static_cast<uint32_t>(file.size()));
-  putNumber(header.subspan(10, 4), kRowsOffset);
-  putNumber(header.subspan(14, 4), kInformationHeaderBytes);
-  putNumber(header.subspan(18, 4), static_cast<uint32_t>(width));
-  putNumber(header.subspan(22, 4), static_cast<uint32_t>(height));
-  putNumber(header.subspan(26, 2), 1);
-  putNumber(header.subspan(28, 2), kBytesPerPixel * 8);
-  putNumber(header.subspan(34, 4), static_cast<uint32_t>(rowBytes * lines));
+  const auto header = std::span(file).subspan(before);
+  putNumber(header.subspan(0, 4), headerBytes);
+  putNumber(header.subspan(4, 4), static_cast<uint32_t>(width));
+  putNumber(header.subspan(8, 4), static_cast<uint32_t>(height));
+  putNumber(header.subspan(12, 2), 1);
+  putNumber(header.subspan(14, 2), kBytesPerPixel * 8);
+  putNumber(header.subspan(20, 4), static_cast<uint32_t>(rowBytes * lines));
 
   for (size_t y = 0; y < lines; ++y) {
     const uint32_t *source = frameBits.data() + (lines - 1 - y) * columns;
-    uint8_t *target = file.data() + kRowsOffset + y * rowBytes;
+    uint8_t *target = header.data() + headerBytes + y * rowBytes;
     for (size_t x = 0; x < columns; ++x) {
       target[0] = static_cast<uint8_t>(source[x]);
       target[1] = static_cast<uint8_t>(source[x] >> 8);
@@ -62,6 +59,32 @@ std::vector<uint8_t> encodeBitmap(std::span<const uint32_t> frameBits, int32_t w
     }
   }
   return file;
+}
+
+} // namespace
+
+std::vector<uint8_t> encodeBitmap(std::span<const uint32_t> frameBits, int32_t width, int32_t height) {
+  auto file = encodeBehind(kBitmapFileHeaderBytes, kInformationHeaderBytes, frameBits, width, height);
+  const std::span<uint8_t> header(file);
+  putNumber(header.subspan(0, 2), 'B' | 'M' << 8);
+  putNumber(header.subspan(2, 4), static_cast<uint32_t>(file.size()));
+  putNumber(header.subspan(10, 4), kRowsOffset);
+  return file;
+}
+
+std::vector<uint8_t> encodeBitmapV5(std::span<const uint32_t> frameBits, int32_t width, int32_t height) {
+  // Behind the fields of the older header: channel masks, colour space, end points, gamma, intent, profile.
+  constexpr uint32_t kHeaderBytes = 124;
+  constexpr size_t kColourSpaceOffset = 56;
+  constexpr uint32_t kColourSpaceSrgb = 0x73524742; // 'sRGB'
+  constexpr size_t kIntentOffset = 108;
+  constexpr uint32_t kIntentGraphics = 2;
+
+  auto bitmap = encodeBehind(0, kHeaderBytes, frameBits, width, height);
+  const std::span<uint8_t> header(bitmap);
+  putNumber(header.subspan(kColourSpaceOffset, 4), kColourSpaceSrgb);
+  putNumber(header.subspan(kIntentOffset, 4), kIntentGraphics);
+  return bitmap;
 }
 
 std::string bitmapPath(const ViewerState &viewer) {

@@ -17,6 +17,10 @@ constexpr int32_t RowBytes24(int32_t width) { return width * 3 + width % 4; }
 // A 24-bit uncompressed bitmap file, bottom row first, of `width` x `height` words 0x00RRGGBB, top row first.
 std::vector<uint8_t> encodeBitmap(std::span<const uint32_t> frameBits, int32_t width, int32_t height);
 
+// The same rows as a device-independent bitmap, without a file header and with the information header of version 5,
+// which says that the colours are sRGB.
+std::vector<uint8_t> encodeBitmapV5(std::span<const uint32_t> frameBits, int32_t width, int32_t height);
+
 // Where Save as Bitmap writes: beside the source file, the last three characters replaced by "bmp"; a video's frame
 // gets its four-digit number.
 std::string bitmapPath(const ViewerState &viewer);

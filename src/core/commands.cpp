@@ -3,6 +3,7 @@
 #include "core/bitmap_export.h"
 #include "core/dispatch.h"
 #include "core/load_pipeline.h"
+#include "core/preferences.h"
 #include "core/text.h"
 #include "screens/display_geometry.h"
 
@@ -27,6 +28,8 @@ void startViewer(ViewerState &viewer, std::string_view commandLine) {
   viewer.window.mainViewWidth = kEmptyViewWidth;
   viewer.window.mainViewHeight = kEmptyViewHeight;
   viewer.zoomMode = 1;
+  viewer.window.menuZoom.checked = true;
+  loadPreferences(viewer);
   ApplyDisplayGeometry(viewer);
   resetViewer(viewer);
   if (const auto path = pathFromCommandLine(commandLine)) openPath(viewer, *path);
@@ -41,15 +44,33 @@ void openPath(ViewerState &viewer, const std::string &path) {
   if (viewer.exitRequested) menuExit_Click(viewer);
 }
 
+void menuReload_Click(ViewerState &viewer) { openPath(viewer, std::string(viewer.filePath)); }
+
 void menuClose_Click(ViewerState &viewer) {
   if (viewer.loadUnderWay) return;
   resetViewer(viewer);
   showPictureInfo(viewer);
 }
 
+void menuZoom_Click(ViewerState &viewer) {
+  viewer.zoomMode = viewer.zoomMode == 1 ? 0 : 1;
+  viewer.window.menuZoom.checked = viewer.zoomMode == 1;
+  ApplyDisplayGeometry(viewer);
+}
+
+void menuDoubleHeight_Click(ViewerState &viewer) {
+  bool &checked = viewer.window.menuDoubleHeight.checked;
+  checked = !checked;
+  ApplyDisplayGeometry(viewer);
+}
+
 void menuCopyClipboard_Click(ViewerState &viewer) {
   const auto file = encodeBitmap(viewer.frameBits, viewer.frameWidth, viewer.frameHeight);
-  viewer.platform.copyToClipboard(viewer.platform.context, std::span(file).subspan(kBitmapFileHeaderBytes));
+  const auto bitmap = std::span(file).subspan(kBitmapFileHeaderBytes);
+  const auto bitmapV5 = encodeBitmapV5(viewer.frameBits, viewer.frameWidth, viewer.frameHeight);
+  if (viewer.platform.copyToClipboard(viewer.platform.context, bitmap, bitmapV5)) return;
+  viewer.platform.showMessage(viewer.platform.context, "Korilan",
+                              "Could not copy: another program is using the clipboard.", MessageIcon::kWarning);
 }
 
 void menuExit_Click(ViewerState &viewer) {

@@ -17,9 +17,18 @@ std::optional<std::string> pathFromCommandLine(std::string_view commandLine);
 // Opens `path` as the Open command, a drop or the command line does.
 void openPath(ViewerState &viewer, const std::string &path);
 
+// Opens the current file again, as it is on the disk now.
+void menuReload_Click(ViewerState &viewer);
+
 void menuClose_Click(ViewerState &viewer);
 
-// Puts the picture at its own size onto the clipboard as a bitmap.
+// Shows small pictures at twice their size, or at their own.
+void menuZoom_Click(ViewerState &viewer);
+
+// Shows each line of the picture twice, or once.
+void menuDoubleHeight_Click(ViewerState &viewer);
+
+// Puts the picture at its own size onto the clipboard as a bitmap. A failure is shown in a message.
 void menuCopyClipboard_Click(ViewerState &viewer);
 
 // Closes the files and ends the program, after the load where one is under way.

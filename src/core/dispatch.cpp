@@ -39,7 +39,8 @@ bool openFileForReading(ViewerState &viewer) {
   const size_t folderLength = separator == std::string::npos ? 0 : separator + 1;
   viewer.fileName = viewer.filePath.substr(folderLength);
   viewer.folderPath = viewer.filePath.substr(0, folderLength);
-  viewer.window.caption = "Korilan - " + viewer.fileName;
+  viewer.window.caption = std::string(kCaptionStart) + viewer.fileName;
+  viewer.window.menuReload.enabled = true;
   viewer.fileLoaded = kTrue;
   closeAllFiles(viewer);
   viewer.paletteFilePos = 0;
@@ -61,10 +62,10 @@ void resetViewer(ViewerState &viewer) {
   if (videoPlaying(viewer)) stopPlayback(viewer);
   window.menuViewPal = {.enabled = false, .checked = false};
   for (Swatch &swatch : window.Label5) swatch.visible = false;
-  window.caption = "Korilan";
+  window.caption = kEmptyCaption;
   viewer.fileLoaded = kFalse;
   for (MenuItem *item : {&window.menuView, &window.menuSavePal, &window.menuLoadPal, &window.menuRestPal,
-                         &window.menuClose, &window.menuSaveBMP, &window.menuCopyClipboard}) {
+                         &window.menuReload, &window.menuClose, &window.menuSaveBMP, &window.menuCopyClipboard}) {
     item->enabled = false;
   }
   window.menuDoubleHeight.checked = false;
@@ -74,6 +75,7 @@ void resetViewer(ViewerState &viewer) {
   window.mainViewWidth = kEmptyViewWidth;
   window.mainViewHeight = kEmptyViewHeight;
   window.stretch = {};
+  window.readout = {};
   ++window.pictureSerial;
   ApplyDisplayGeometry(viewer);
 }

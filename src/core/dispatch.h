@@ -12,6 +12,10 @@ inline constexpr std::string_view kFolderSeparators = "\\";
 inline constexpr std::string_view kFolderSeparators = "\\/";
 #endif
 
+// Window caption without a file; with one it is kCaptionStart and the file's name.
+inline constexpr std::string_view kEmptyCaption = "Korilan";
+inline constexpr std::string_view kCaptionStart = "Korilan - ";
+
 // Loads `filePath` by its extension. An unknown extension only leaves its name in `fileExtension`.
 void openCurrentPath(ViewerState &viewer);
 

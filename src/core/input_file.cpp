@@ -34,6 +34,13 @@ uint8_t readByte(const InputFile &file, int64_t position) {
   return byte[0];
 }
 
+bool beginsWith(const InputFile &file, std::string_view letters) {
+  for (size_t i = 0; i < letters.size(); ++i) {
+    if (readByte(file, static_cast<int64_t>(i) + 1) != static_cast<uint8_t>(letters[i])) return false;
+  }
+  return true;
+}
+
 uint16_t readWord(const InputFile &file, int64_t position) {
   std::array<uint8_t, 2> bytes{};
   readBytes(file, position, bytes);

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
 
 struct InputFile {
   const FileOps *files = nullptr;
@@ -29,6 +30,9 @@ size_t readAvailableBytes(const InputFile &file, int64_t position, std::span<uin
 
 // The byte at `position`, zero past the end.
 uint8_t readByte(const InputFile &file, int64_t position);
+
+// Whether the file begins with these letters.
+bool beginsWith(const InputFile &file, std::string_view letters);
 
 // The little-endian word at `position`, as the signed number that header bounds are compared with.
 int16_t readSignedWord(const InputFile &file, int64_t position);

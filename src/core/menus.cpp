@@ -2,34 +2,69 @@
 
 #include "core/bitmap_export.h"
 #include "core/commands.h"
+#include "core/help_text.h"
+#include "core/image_info.h"
+#include "core/open_dialog.h"
 #include "formats/colour_count.h"
+#include "screens/palette_commands.h"
 
 #include <string_view>
 
+namespace {
+
+constexpr int kF1 = 112;
+constexpr int kF5 = 116;
+
+constexpr Shortcut key(int code) { return {ShortcutUse::kKeyAlone, code}; }
+constexpr Shortcut ctrl(char letter) { return {ShortcutUse::kWithCtrl, letter}; }
+constexpr Shortcut letter(char letter) { return {ShortcutUse::kWithCtrlOrAlone, letter}; }
+
+void showPreferences(ViewerState &viewer) { viewer.platform.showPreferences(viewer.platform.context); }
+
+} // namespace
+
 // clang-format off
 constexpr std::array<MenuRow, kMenuRowCount> kMenuRows{{
-    {"File",    "Open",              &WindowModel::menuOpen,          nullptr},
-    {"File",    "Close",             &WindowModel::menuClose,         menuClose_Click},
-    {"File",    nullptr,             nullptr,                         nullptr},
-    {"File",    "Save as Bitmap",    &WindowModel::menuSaveBMP,       menuSaveBMP_Click},
-    {"File",    "Copy to Clipboard", &WindowModel::menuCopyClipboard, menuCopyClipboard_Click},
-    {"File",    nullptr,             nullptr,                         nullptr},
-    {"File",    "Preferences",       &WindowModel::menuPreferences,   nullptr},
-    {"File",    nullptr,             nullptr,                         nullptr},
-    {"File",    "Exit",              &WindowModel::menuExit,          menuExit_Click},
-    {kViewMenu, "Zoom",              &WindowModel::menuZoom,          nullptr},
-    {kViewMenu, "1:2 Aspect  Ratio", &WindowModel::menuDoubleHeight,  nullptr}, // two blanks, intended
-    {kViewMenu, "Image Info",        &WindowModel::menuImageInfo,     nullptr},
-    {kViewMenu, "Count Colors",      &WindowModel::menuCountColors,   menuCountColors_Click},
-    {"Palette", "View Palette",      &WindowModel::menuViewPal,       nullptr},
-    {"Palette", nullptr,             nullptr,                         nullptr},
-    {"Palette", "Load Palette",      &WindowModel::menuLoadPal,       nullptr},
-    {"Palette", "Store Palette",     &WindowModel::menuSavePal,       nullptr},
-    {"Palette", "Restore Palette",   &WindowModel::menuRestPal,       nullptr},
-    {"Help",    "Help",              &WindowModel::menuHelp,          nullptr},
-    {"Help",    "About",             &WindowModel::menuAbout,         nullptr},
+    {"&File",    "&Open",              &WindowModel::menuOpen,          menuOpen_Click,          letter('O')},
+    {"&File",    "&Reload",            &WindowModel::menuReload,        menuReload_Click,        key(kF5)},
+    {"&File",    "&Close",             &WindowModel::menuClose,         menuClose_Click,         ctrl('W')},
+    {"&File",    nullptr,              nullptr,                         nullptr,                 {}},
+    {"&File",    "&Save as Bitmap",    &WindowModel::menuSaveBMP,       menuSaveBMP_Click,       letter('S')},
+    {"&File",    "Cop&y to Clipboard", &WindowModel::menuCopyClipboard, menuCopyClipboard_Click, letter('C')},
+    {"&File",    nullptr,              nullptr,                         nullptr,                 {}},
+    {"&File",    "&Preferences",       &WindowModel::menuPreferences,   showPreferences,         ctrl('E')},
+    {"&File",    nullptr,              nullptr,                         nullptr,                 {}},
+    {"&File",    "E&xit",              &WindowModel::menuExit,          menuExit_Click,          ctrl('Q')},
+    {kViewMenu,  "&Zoom",              &WindowModel::menuZoom,          menuZoom_Click,          letter('Z')},
+    // two blanks, intended
+    {kViewMenu,  "1:2 &Aspect  Ratio", &WindowModel::menuDoubleHeight,  menuDoubleHeight_Click,  letter('A')},
+    {kViewMenu,  "&Image Info",        &WindowModel::menuImageInfo,     menuImageInfo_Click,     letter('I')},
+    {kViewMenu,  "&Count Colors",      &WindowModel::menuCountColors,   menuCountColors_Click,   ctrl('N')},
+    {"&Palette", "&View Palette",      &WindowModel::menuViewPal,       menuViewPal_Click,       letter('P')},
+    {"&Palette", nullptr,              nullptr,                         nullptr,                 {}},
+    {"&Palette", "&Load Palette",      &WindowModel::menuLoadPal,       menuLoadPal_Click,       ctrl('L')},
+    {"&Palette", "&Store Palette",     &WindowModel::menuSavePal,       menuSavePal_Click,       letter('T')},
+    {"&Palette", "&Restore Palette",   &WindowModel::menuRestPal,       menuRestPal_Click,       letter('R')},
+    {"&Help",    "&Help",              &WindowModel::menuHelp,          menuHelp_Click,          key(kF1)},
+    {"&Help",    "&About",             &WindowModel::menuAbout,         menuAbout_Click,         {}},
 }};
 // clang-format on
+
+std::string shortcutText(const MenuRow &row) {
+  switch (row.shortcut.use) {
+  case ShortcutUse::kNone: return "";
+  case ShortcutUse::kKeyAlone: return "F" + std::to_string(row.shortcut.code - kF1 + 1);
+  case ShortcutUse::kWithCtrl:
+  case ShortcutUse::kWithCtrlOrAlone: return std::string("Ctrl+") + static_cast<char>(row.shortcut.code);
+  }
+  return "";
+}
+
+std::string plainCaption(const char *caption) {
+  std::string plain = caption;
+  std::erase(plain, '&');
+  return plain;
+}
 
 bool menuRowEnabled(const WindowModel &window, const MenuRow &row) {
   if (row.command == nullptr || !(window.*row.item).enabled) return false;
@@ -38,5 +73,7 @@ bool menuRowEnabled(const WindowModel &window, const MenuRow &row) {
 
 void runMenuRow(ViewerState &viewer, size_t index) {
   if (index >= kMenuRows.size() || !menuRowEnabled(viewer.window, kMenuRows[index])) return;
-  kMenuRows[index].command(viewer);
+  const MenuCommand command = kMenuRows[index].command;
+  if (viewer.loadUnderWay && command != menuExit_Click) return;
+  command(viewer);
 }

@@ -6,7 +6,7 @@
 namespace {
 
 constexpr size_t kStandardEntries = 16;
-constexpr size_t kBytesPerEntry = 2;
+constexpr int32_t kBytesPerEntry = 2;
 constexpr uint8_t kHighestLevel = 7;
 
 // The V9938's standard colours with truncated levels (2 is 72, 4 is 145, 6 is 218), so that they differ from file
@@ -30,9 +30,16 @@ constexpr std::array<uint32_t, kStandardEntries> kSymbosPalette{
 
 constexpr std::array<uint8_t, kHighestLevel + 1> kLevels{0, 36, 73, 109, 146, 182, 219, 255};
 
+bool redBlueValid(uint8_t redBlue) { return (redBlue >> 4) <= kHighestLevel && (redBlue & 0x0F) <= kHighestLevel; }
+
 } // namespace
 
 uint8_t fileLevel(int level) { return kLevels[static_cast<size_t>(level)]; }
+
+std::optional<uint32_t> fileColour(uint8_t redBlue, uint8_t green) {
+  if (!redBlueValid(redBlue) || green > kHighestLevel) return std::nullopt;
+  return packColour(fileLevel(redBlue >> 4), fileLevel(green), fileLevel(redBlue & 0x0F));
+}
 
 void setDefaultPalette(ViewerState &viewer) {
   std::copy(kDefaultPalette.begin(), kDefaultPalette.end(), viewer.palette.begin());
@@ -51,18 +58,15 @@ void readFilePalette(ViewerState &viewer) {
   for (size_t i = 0; i < count; ++i) {
     const uint8_t redBlue = bytes[i * kBytesPerEntry];
     const uint8_t green = bytes[i * kBytesPerEntry + 1];
-    if ((redBlue >> 4) > kHighestLevel || (redBlue & 0x0F) > kHighestLevel) {
+    const auto colour = fileColour(redBlue, green);
+    if (!colour) {
+      if (redBlueValid(redBlue)) viewer.paletteFilePos += 1;
       setDefaultPalette(viewer);
       return;
     }
-    viewer.paletteFilePos += 1;
-    if (green > kHighestLevel) {
-      setDefaultPalette(viewer);
-      return;
-    }
-    viewer.paletteFilePos += 1;
-    viewer.palette[i] = packColour(fileLevel(redBlue >> 4), fileLevel(green), fileLevel(redBlue & 0x0F));
-    sum += viewer.palette[i]; // at most 256 words below 2^24: stays below 2^32
+    viewer.paletteFilePos += kBytesPerEntry;
+    viewer.palette[i] = *colour;
+    sum += *colour; // at most 256 words below 2^24: stays below 2^32
   }
   if (sum == 0) setDefaultPalette(viewer); // saved without a palette
 }

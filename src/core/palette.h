@@ -4,6 +4,7 @@
 #include "core/viewer_state.h"
 
 #include <cstdint>
+#include <optional>
 
 // red * 65536 + green * 256 + blue; each argument 0 to 255.
 constexpr uint32_t packColour(uint32_t red, uint32_t green, uint32_t blue) { return red * 65536 + green * 256 + blue; }
@@ -16,6 +17,10 @@ constexpr uint32_t swapRedBlue(uint32_t word) {
   return (word & 255) * 65536 + (word & 0xFF00) + (word & 0xFF0000) / 65536;
 }
 
+// The colour of a palette entry of a picture or palette file: two bytes in V9938 palette register order,
+// 0 R2 R1 R0 0 B2 B1 B0, then 0 0 0 0 0 G2 G1 G0. Nothing where another bit is set.
+std::optional<uint32_t> fileColour(uint8_t redBlue, uint8_t green);
+
 // Writes the 16 standard colours to entries 0 to 15.
 void setDefaultPalette(ViewerState &viewer);
 
@@ -23,7 +28,6 @@ void setDefaultPalette(ViewerState &viewer);
 void setSymbosPalette(ViewerState &viewer);
 
 // Reads `colourCount` entries from the open file at `paletteFilePos`, which ends at the byte that was refused or behind
-// the last one. An entry is two bytes in V9938 palette register order: 0 R2 R1 R0 0 B2 B1 B0, then
-// 0 0 0 0 0 G2 G1 G0. A byte with another bit set, or colours that are all black, give the standard colours instead.
-// Entries from `colourCount` on keep their value.
+// the last one. A refused entry, or colours that are all black, give the standard colours instead. Entries from
+// `colourCount` on keep their value.
 void readFilePalette(ViewerState &viewer);

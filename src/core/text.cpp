@@ -28,6 +28,15 @@ std::string withLastLetters(std::string_view path, std::string_view letters) {
   return std::string(path) + std::string(letters);
 }
 
+std::string grouped(int64_t count) {
+  constexpr size_t kGroupDigits = 3;
+  std::string digits = std::to_string(count);
+  for (size_t end = digits.size(); end > kGroupDigits + (count < 0 ? 1 : 0); end -= kGroupDigits) {
+    digits.insert(end - kGroupDigits, ",");
+  }
+  return digits;
+}
+
 std::string upperCased(std::string_view text) {
   std::string upper(text);
   for (char &byte : upper) {

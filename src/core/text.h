@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -13,6 +14,9 @@ std::string_view lastCharacters(std::string_view text, size_t count);
 
 // `path` with its last three characters, the letters of its extension, replaced by `letters`.
 std::string withLastLetters(std::string_view path, std::string_view letters);
+
+// A count as people read it: 27143 is "27,143".
+std::string grouped(int64_t count);
 
 // A to Z for a to z; other characters stay.
 std::string upperCased(std::string_view text);

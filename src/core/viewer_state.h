@@ -16,9 +16,16 @@ inline constexpr size_t kVideoMemoryBytes = 1024 * 1024;
 
 inline constexpr size_t kPaletteEntries = 256;
 
-// Check boxes of the Preferences dialog that other procedures read.
+// Extensions that the program can be registered for.
+inline constexpr size_t kAssociationCount = 25;
+
+// The check boxes of the Preferences dialog.
 struct Preferences {
-  Flag16 Check5 = kFalse; // "Disable auto aspect ratio"
+  std::array<Flag16, kAssociationCount> Check1{}; // extensions, in the order of kAssociatedExtensions
+  Flag16 Check2 = kFalse;                         // "Always center window"
+  Flag16 Check3 = kFalse;                         // "ESC key exits program"
+  Flag16 Check4 = kFalse;                         // "Shortcuts without CTRL"
+  Flag16 Check5 = kFalse;                         // "Disable auto aspect ratio"
 };
 
 struct EvaPlayer {
@@ -80,7 +87,9 @@ struct ViewerState {
 
   // Colour words 0x00RRGGBB.
   std::array<uint32_t, kPaletteEntries> palette{};
+  std::array<uint32_t, kPaletteEntries> storedPalette{};
   uint8_t storedPaletteCount = 0; // entries that Store Palette kept
+  Flag16 paletteDialog = kFalse;  // the open dialog asks for a palette file
 
   // The rendered picture: frameWidth x frameHeight words 0x00RRGGBB, top row first. The size is kept apart from
   // imageWidth x imageHeight, which a loader that fails midway may already have changed.
@@ -90,6 +99,10 @@ struct ViewerState {
   std::string picturePath;      // the file that it is from; a bitmap is saved beside that, also after another file was
                                 // opened and refused, so that no other picture's bitmap is written over
   Flag16 pictureShown = kFalse; // MainView shows the rendered picture
+
+  // The picture once more in palette entries, for the read-out under the mouse; see core/colour_readout.cpp.
+  std::vector<uint32_t> entryBits;
+  uint32_t entryBitsSerial = 0; // pictureSerial that `entryBits` belongs to; 0: none
 
   // Paging through the folder of the current file.
   std::vector<std::string> folderFiles;

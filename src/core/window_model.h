@@ -35,6 +35,12 @@ struct Stretch {
   bool operator==(const Stretch &) const = default;
 };
 
+// What the picture holds under the mouse; no text while the mouse is elsewhere.
+struct ColourReadout {
+  std::string text;
+  uint32_t colour = 0; // 0x00RRGGBB
+};
+
 struct WindowModel {
   std::string caption = "Korilan";
 
@@ -43,8 +49,10 @@ struct WindowModel {
   std::string Label3; // colours, "16 colors"
   std::string Label4; // status line
   std::array<Swatch, 16> Label5{};
+  ColourReadout readout;
 
   MenuItem menuOpen;
+  MenuItem menuReload;
   MenuItem menuClose;
   MenuItem menuSaveBMP;
   MenuItem menuCopyClipboard;
@@ -63,6 +71,8 @@ struct WindowModel {
   MenuItem menuAbout;
 
   ScrollBar HScroll1;
+
+  bool alwaysCentred = false; // each fitting of the window puts it in the middle of the work area
 
   // Outer size of the picture area in pixels; a frame of two pixels runs around the inside of it.
   int32_t mainViewWidth = 0;

@@ -20,16 +20,54 @@ void presentPicture(void *context, std::span<const uint32_t>, int32_t width, int
   platformOf(context).log.push_back("presentPicture " + std::to_string(width) + "x" + std::to_string(height));
 }
 
-void copyToClipboard(void *context, std::span<const uint8_t> bitmap) {
+bool copyToClipboard(void *context, std::span<const uint8_t> bitmap, std::span<const uint8_t> bitmapV5) {
   HeadlessPlatform &headless = platformOf(context);
   headless.log.push_back("copyToClipboard " + std::to_string(bitmap.size()));
+  if (headless.clipboardHeld) return false;
   headless.clipboard.assign(bitmap.begin(), bitmap.end());
+  headless.clipboardV5.assign(bitmapV5.begin(), bitmapV5.end());
+  return true;
+}
+
+std::string askOpenFileName(void *context, const std::string &filter, const std::string &initialDirectory) {
+  HeadlessPlatform &headless = platformOf(context);
+  headless.log.push_back("askOpenFileName " + filter.substr(0, filter.find('\0')) + " in " + initialDirectory);
+  if (headless.chosenFiles.empty()) return "";
+  const std::string chosen = std::move(headless.chosenFiles.front());
+  headless.chosenFiles.pop_front();
+  return chosen;
 }
 
 void showMessage(void *context, const std::string &title, const std::string &text, MessageIcon icon) {
   const char *kind = icon == MessageIcon::kInformation ? "showMessage (i) " : "showMessage (!) ";
   platformOf(context).log.push_back(kind + title + ": " + text);
 }
+
+void showText(void *context, const std::string &title, const std::string &text) {
+  platformOf(context).log.push_back("showText " + title + "\n" + text);
+}
+
+void showPreferences(void *context) { platformOf(context).log.emplace_back("showPreferences"); }
+
+std::string readSetting(void *context, const std::string &key) {
+  const auto &settings = platformOf(context).settings;
+  const auto setting = settings.find(key);
+  return setting != settings.end() ? setting->second : std::string();
+}
+
+void writeSetting(void *context, const std::string &key, const std::string &value) {
+  platformOf(context).log.push_back("writeSetting " + key + " = " + value);
+  platformOf(context).settings[key] = value;
+}
+
+void deleteSetting(void *context, const std::string &key) {
+  platformOf(context).log.push_back("deleteSetting " + key);
+  platformOf(context).settings.erase(key);
+}
+
+void notifyAssociations(void *context) { platformOf(context).log.emplace_back("notifyAssociations"); }
+
+std::string programPath(void *) { return "C:\\Programs\\Korilan.exe"; }
 
 void exitProgram(void *context) { platformOf(context).log.emplace_back("exitProgram"); }
 
@@ -42,6 +80,14 @@ void attachHeadless(ViewerState &viewer, HeadlessPlatform &headless) {
                      .runPendingEvents = runPendingEvents,
                      .presentPicture = presentPicture,
                      .copyToClipboard = copyToClipboard,
+                     .askOpenFileName = askOpenFileName,
                      .showMessage = showMessage,
+                     .showText = showText,
+                     .showPreferences = showPreferences,
+                     .readSetting = readSetting,
+                     .writeSetting = writeSetting,
+                     .deleteSetting = deleteSetting,
+                     .notifyAssociations = notifyAssociations,
+                     .programPath = programPath,
                      .exitProgram = exitProgram};
 }

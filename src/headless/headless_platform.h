@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -17,8 +18,12 @@ struct HeadlessEvent {
 struct HeadlessPlatform {
   ViewerState *viewer = nullptr;
   std::deque<HeadlessEvent> events;
-  std::vector<std::string> log;   // a line for each call, "presentPicture 256x212"
-  std::vector<uint8_t> clipboard; // the bitmap last copied
+  std::vector<std::string> log;        // a line for each call, "presentPicture 256x212"
+  std::vector<uint8_t> clipboard;      // the bitmap last copied
+  std::vector<uint8_t> clipboardV5;    // the same with the version 5 header
+  bool clipboardHeld = false;          // by another program
+  std::deque<std::string> chosenFiles; // answers to the open dialog; none left: cancelled
+  std::map<std::string, std::string> settings;
 };
 
 // Hands the viewer a table that calls `headless`; both must live as long as the other is used.

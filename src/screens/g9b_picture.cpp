@@ -3,6 +3,7 @@
 #include "core/dispatch.h"
 #include "core/load_pipeline.h"
 #include "core/palette.h"
+#include "core/text.h"
 #include "formats/g9b_depacker.h"
 
 #include <algorithm>
@@ -17,7 +18,7 @@
 //       8     2  width, pixels
 //      10     2  height, lines
 //      12     1  0 stored, 1 packed
-//      13     3  length of the data; not needed
+//      13     3  length of the data; only shown
 //      16        palette entries: red, green, blue, 0 to 31
 //                pixels, or a number of packed blocks
 // Numbers are little-endian and unsigned.
@@ -35,15 +36,13 @@ constexpr int32_t kColourCountPos = 8;
 constexpr int32_t kWidthPos = 9;
 constexpr int32_t kHeightPos = 11;
 constexpr int32_t kCompressionPos = 13;
+constexpr int32_t kDataLengthPos = 14;
 constexpr int32_t kPalettePos = 17;
 constexpr int32_t kBytesPerEntry = 3;
 constexpr uint32_t kMostLevel = 31;
 
 bool headerValid(const ViewerState &viewer) {
-  for (size_t i = 0; i < kMagic.size(); ++i) {
-    if (readByte(viewer.inputFile, static_cast<int64_t>(i) + 1) != static_cast<uint8_t>(kMagic[i])) return false;
-  }
-  return readWord(viewer.inputFile, kHeaderLengthPos) == kHeaderLength;
+  return beginsWith(viewer.inputFile, kMagic) && readWord(viewer.inputFile, kHeaderLengthPos) == kHeaderLength;
 }
 
 void ReadG9bPalette(ViewerState &viewer) {
@@ -125,6 +124,14 @@ void LoadG9bPicture(ViewerState &viewer) {
     loadVram(viewer, dataPos, needed);
   }
   renderAndShow(viewer);
+}
+
+std::string g9bDetails(const ViewerState &viewer) {
+  const InputFile &file = viewer.inputFile;
+  const uint32_t dataLength = readWord(file, kDataLengthPos) + (uint32_t{readByte(file, kDataLengthPos + 2)} << 16);
+  std::string text = "Pixel data:\t" + grouped(dataLength) + " bytes by the header";
+  if (viewer.isPacked == kTrue) text += ", " + std::to_string(viewer.packedData[0]) + " blocks";
+  return text + '\n';
 }
 
 void RenderG9b16(ViewerState &viewer) {

@@ -5,6 +5,9 @@
 
 void LoadG9bPicture(ViewerState &viewer);
 
+// What only the header of the open file tells, for people: lines of a name, a tab and a value.
+std::string g9bDetails(const ViewerState &viewer);
+
 // Draws 16 bits a pixel from `vramPos` on, which ends behind the picture: bits 14-10 green, 9-5 red, 4-0 blue, each
 // shown as 8 times its level. Does nothing where `vram` or `frameBits` is too small.
 void RenderG9b16(ViewerState &viewer);

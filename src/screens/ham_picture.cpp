@@ -51,10 +51,7 @@ constexpr size_t kChangesPerLine = 2;
 
 bool headerValid(const ViewerState &viewer) {
   const InputFile &file = viewer.inputFile;
-  for (size_t i = 0; i < kMagic.size(); ++i) {
-    if (readByte(file, static_cast<int64_t>(i) + 1) != static_cast<uint8_t>(kMagic[i])) return false;
-  }
-  return readByte(file, kVersionPos) == kVersion && readByte(file, kMarkerPos) == kMarker &&
+  return beginsWith(file, kMagic) && readByte(file, kVersionPos) == kVersion && readByte(file, kMarkerPos) == kMarker &&
          readByte(file, kStoragePos) < kStorageModes;
 }
 
@@ -122,6 +119,12 @@ void LoadHamPicture(ViewerState &viewer) {
     loadBlock(viewer, kPixelsOffsetPos[page], kMostLines * kLineBytes, viewer.hamPages[page].pixels);
   }
   renderAndShow(viewer);
+}
+
+std::string hamDetails(const ViewerState &viewer) {
+  const bool interlaced = readByte(viewer.inputFile, kInterlacePos) == 1;
+  return "Storage mode:\t" + std::to_string(readByte(viewer.inputFile, kStoragePos)) + "\nInterlace:\t" +
+         (interlaced ? "yes" : "no") + "\nPalette changes:\t2 after each line\n";
 }
 
 void RenderHamPicture(ViewerState &viewer) {

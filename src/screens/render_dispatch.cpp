@@ -15,7 +15,7 @@
 namespace {
 
 constexpr uint8_t kMostSwatches = 16;
-constexpr const char *kLinePaletteExtension = ".HAM"; // drawn again, with a palette for each line
+constexpr const char *kLinePaletteExtension = ".HAM"; // drawn again, with a palette that changes
 
 // Whether pixels of the present depth run on from line to line without a new byte for each line.
 bool pixelsRunOn(const ViewerState &viewer) {
@@ -61,4 +61,19 @@ void renderPicture(ViewerState &viewer) {
 
   viewer.platform.runPendingEvents(viewer.platform.context);
   viewer.platform.presentPicture(viewer.platform.context, viewer.frameBits, viewer.frameWidth, viewer.frameHeight);
+}
+
+std::vector<uint32_t> renderEntries(ViewerState &viewer) {
+  if (viewer.imageWidth != viewer.frameWidth || viewer.imageHeight != viewer.frameHeight) return {};
+  std::vector<uint32_t> entries(viewer.frameBits.size());
+  const auto palette = viewer.palette;
+  const int32_t vramPos = viewer.vramPos;
+  for (uint32_t entry = 0; entry < kPaletteEntries; ++entry) viewer.palette[entry] = kEntryMark + entry;
+  viewer.vramPos = 0;
+  viewer.frameBits.swap(entries);
+  drawFrame(viewer);
+  viewer.frameBits.swap(entries);
+  viewer.vramPos = vramPos;
+  viewer.palette = palette;
+  return entries;
 }

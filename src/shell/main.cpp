@@ -6,6 +6,8 @@
 
 #include <windows.h>
 
+#include <algorithm>
+#include <string>
 #include <string_view>
 
 namespace {
@@ -23,9 +25,9 @@ std::string_view withoutProgramName(std::string_view line) {
   return line.substr(first, line.find_last_not_of(kBlanks) - first + 1);
 }
 
-int runMessageLoop() {
+int runMessageLoop(MainWindow &main) {
   MSG message;
-  while (GetMessageA(&message, nullptr, 0, 0) > 0) handleMessage(message);
+  while (GetMessageA(&message, nullptr, 0, 0) > 0) handleMessage(main, message);
   return static_cast<int>(message.wParam);
 }
 
@@ -37,7 +39,9 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int showCommand) {
   MainWindow main;
   viewer.platform = windowsPlatform(main);
   if (!createMainWindow(main, viewer, instance)) return 1;
-  startViewer(viewer, withoutProgramName(GetCommandLineA()));
+  std::string commandLine(withoutProgramName(GetCommandLineA()));
+  std::replace(commandLine.begin(), commandLine.end(), '/', '\\'); // a path takes either; names are cut at the one
+  startViewer(viewer, commandLine);
   showMainWindow(main, showCommand);
-  return runMessageLoop();
+  return runMessageLoop(main);
 }

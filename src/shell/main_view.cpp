@@ -17,10 +17,18 @@ bool holdsSource(const MainView &view, const Stretch &stretch) {
   return view.bitmap != nullptr && stretch.sourceWidth <= view.width && stretch.sourceHeight <= view.height;
 }
 
+SIZE clientSizeOf(HWND window) {
+  RECT client{};
+  GetClientRect(window, &client);
+  return {client.right, client.bottom};
+}
+
 // Every pixel is painted once, so that nothing flickers.
 void paintView(const MainView &view, HDC screen) {
-  RECT client{};
-  GetClientRect(view.window, &client);
+  const SIZE client = clientSizeOf(view.window);
+  const LONG right = view.corner.x + client.cx;
+  const LONG bottom = view.corner.y + client.cy;
+  OffsetViewportOrgEx(screen, -view.corner.x, -view.corner.y, nullptr);
   Stretch stretch = view.stretch;
   if (!holdsSource(view, stretch)) stretch = {};
   if (stretch.targetWidth > 0 && stretch.targetHeight > 0) {
@@ -28,11 +36,103 @@ void paintView(const MainView &view, HDC screen) {
     StretchBlt(screen, 0, 0, stretch.targetWidth, stretch.targetHeight, view.picture1, 0, 0, stretch.sourceWidth,
                stretch.sourceHeight, SRCCOPY);
   }
-  const RECT beside{stretch.targetWidth, 0, client.right, stretch.targetHeight};
-  const RECT below{0, stretch.targetHeight, client.right, client.bottom};
+  const RECT beside{stretch.targetWidth, 0, right, stretch.targetHeight};
+  const RECT below{0, stretch.targetHeight, right, bottom};
   for (const RECT &rest : {beside, below}) {
     if (rest.left < rest.right && rest.top < rest.bottom) FillRect(screen, &rest, GetSysColorBrush(kBackgroundColour));
   }
+}
+
+// Moves the area to `corner` as far as there is something to see.
+void scrollTo(MainView &view, POINT corner) {
+  const SIZE client = clientSizeOf(view.window);
+  corner.x = std::clamp(corner.x, LONG{0}, std::max(LONG{0}, view.area.cx - client.cx));
+  corner.y = std::clamp(corner.y, LONG{0}, std::max(LONG{0}, view.area.cy - client.cy));
+  if (corner.x == view.corner.x && corner.y == view.corner.y) return;
+  view.corner = corner;
+  SetScrollPos(view.window, SB_HORZ, view.corner.x, TRUE);
+  SetScrollPos(view.window, SB_VERT, view.corner.y, TRUE);
+  InvalidateRect(view.window, nullptr, FALSE);
+}
+
+// Room inside of the frame, with that of the scroll bars.
+SIZE innerSizeOf(HWND window) {
+  RECT outer{};
+  GetWindowRect(window, &outer);
+  return {outer.right - outer.left - 2 * GetSystemMetrics(SM_CXEDGE),
+          outer.bottom - outer.top - 2 * GetSystemMetrics(SM_CYEDGE)};
+}
+
+void setScrollBar(const MainView &view, int bar, LONG length, LONG page, LONG position) {
+  SCROLLINFO state{};
+  state.cbSize = sizeof state;
+  state.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
+  state.nMax = std::max(0, static_cast<int>(length) - 1);
+  state.nPage = static_cast<UINT>(std::max(LONG{0}, page));
+  state.nPos = position;
+  SetScrollInfo(view.window, bar, &state, TRUE);
+}
+
+// Each bar stands only where the area has no room, and takes room from the other.
+void updateScrollBars(MainView &view) {
+  SIZE room = innerSizeOf(view.window);
+  const LONG barWidth = GetSystemMetrics(SM_CXVSCROLL);
+  const LONG barHeight = GetSystemMetrics(SM_CYHSCROLL);
+  const bool vertical = view.area.cy > room.cy || (view.area.cx > room.cx && view.area.cy > room.cy - barHeight);
+  const bool horizontal = view.area.cx > room.cx - (vertical ? barWidth : 0);
+  if (vertical) room.cx -= barWidth;
+  if (horizontal) room.cy -= barHeight;
+  setScrollBar(view, SB_HORZ, view.area.cx, room.cx, view.corner.x);
+  setScrollBar(view, SB_VERT, view.area.cy, room.cy, view.corner.y);
+  scrollTo(view, view.corner);
+}
+
+constexpr int kScrollStep = 32;
+
+void scrollByBar(MainView &view, int bar, int request) {
+  SCROLLINFO state{};
+  state.cbSize = sizeof state;
+  state.fMask = SIF_ALL;
+  GetScrollInfo(view.window, bar, &state);
+  const auto page = static_cast<int>(state.nPage);
+  int position = state.nPos;
+  switch (request) {
+  case SB_LINEUP: position -= kScrollStep; break;
+  case SB_LINEDOWN: position += kScrollStep; break;
+  case SB_PAGEUP: position -= page; break;
+  case SB_PAGEDOWN: position += page; break;
+  case SB_THUMBTRACK:
+  case SB_THUMBPOSITION: position = state.nTrackPos; break;
+  case SB_TOP: position = state.nMin; break;
+  case SB_BOTTOM: position = state.nMax; break;
+  default: return;
+  }
+  scrollTo(view, bar == SB_HORZ ? POINT{position, view.corner.y} : POINT{view.corner.x, position});
+}
+
+void scrollByKey(MainView &view, WPARAM key) {
+  switch (key) {
+  case VK_LEFT: scrollByBar(view, SB_HORZ, SB_LINEUP); break;
+  case VK_RIGHT: scrollByBar(view, SB_HORZ, SB_LINEDOWN); break;
+  case VK_UP: scrollByBar(view, SB_VERT, SB_LINEUP); break;
+  case VK_DOWN: scrollByBar(view, SB_VERT, SB_LINEDOWN); break;
+  default: break;
+  }
+}
+
+void scrollByWheel(MainView &view, int turn) {
+  scrollTo(view, {view.corner.x, view.corner.y - turn * 3 * kScrollStep / WHEEL_DELTA});
+}
+
+void mouseMoved(const MainView &view, LPARAM place) {
+  TRACKMOUSEEVENT leaving{};
+  leaving.cbSize = sizeof leaving;
+  leaving.dwFlags = TME_LEAVE;
+  leaving.hwndTrack = view.window;
+  TrackMouseEvent(&leaving);
+  const LONG x = static_cast<short>(LOWORD(place)) + view.corner.x;
+  const LONG y = static_cast<short>(HIWORD(place)) + view.corner.y;
+  SendMessageA(GetParent(view.window), kMouseOverView, static_cast<WPARAM>(x), y);
 }
 
 void releasePicture(MainView &view) {
@@ -62,6 +162,15 @@ LRESULT CALLBACK mainViewProcedure(HWND window, UINT message, WPARAM wParam, LPA
     return 0;
   }
   case WM_PRINTCLIENT: paintView(*view, reinterpret_cast<HDC>(wParam)); return 0;
+  case WM_SIZE: updateScrollBars(*view); return 0;
+  case WM_HSCROLL: scrollByBar(*view, SB_HORZ, LOWORD(wParam)); return 0;
+  case WM_VSCROLL: scrollByBar(*view, SB_VERT, LOWORD(wParam)); return 0;
+  case WM_MOUSEWHEEL: scrollByWheel(*view, static_cast<short>(HIWORD(wParam))); return 0;
+  case WM_GETDLGCODE: return DLGC_WANTARROWS;
+  case WM_KEYDOWN: scrollByKey(*view, wParam); return 0;
+  case WM_LBUTTONDOWN: SetFocus(window); return 0;
+  case WM_MOUSEMOVE: mouseMoved(*view, lParam); return 0;
+  case WM_MOUSELEAVE: return SendMessageA(GetParent(window), kMouseLeftView, 0, 0);
   case WM_DROPFILES: return SendMessageA(GetParent(window), message, wParam, lParam);
   case WM_DESTROY: releasePicture(*view); return 0;
   default: return DefWindowProcA(window, message, wParam, lParam);
@@ -80,9 +189,9 @@ bool createMainView(MainView &view, HWND parent, HINSTANCE instance) {
   RegisterClassExA(&viewClass);
 
   view.picture1 = CreateCompatibleDC(nullptr);
-  view.window =
-      CreateWindowExA(WS_EX_CLIENTEDGE | WS_EX_ACCEPTFILES, kViewClass, "", WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS, 0,
-                      0, 0, 0, parent, reinterpret_cast<HMENU>(INT_PTR{kMainViewId}), instance, &view);
+  view.window = CreateWindowExA(WS_EX_CLIENTEDGE | WS_EX_ACCEPTFILES, kViewClass, "Picture",
+                                WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_TABSTOP, 0, 0, 0, 0, parent,
+                                reinterpret_cast<HMENU>(INT_PTR{kMainViewId}), instance, &view);
   return view.window != nullptr && view.picture1 != nullptr;
 }
 
@@ -115,7 +224,12 @@ void setPicture(MainView &view, std::span<const uint32_t> frameBits, int32_t wid
   std::memcpy(view.pixels, frameBits.data(), std::min(words, frameBits.size()) * sizeof(uint32_t));
 }
 
-void redrawPicture(MainView &view, const Stretch &stretch) {
+void redrawPicture(MainView &view, const Stretch &stretch, SIZE area) {
   view.stretch = stretch;
+  if (area.cx != view.area.cx || area.cy != view.area.cy) {
+    view.area = area;
+    view.corner = {};
+    updateScrollBars(view);
+  }
   InvalidateRect(view.window, nullptr, FALSE);
 }

@@ -12,6 +12,9 @@ struct MainView {
   HWND window = nullptr; // nullptr once destroyed
   Stretch stretch;       // how Picture1 is drawn; all zero while the area is clear
 
+  SIZE area{};    // what the view shows in full, in pixels; scrolled where the window has less room
+  POINT corner{}; // of the area, at the top left of what is seen
+
   // Picture1: 32 bits per pixel, top row first, held in a device context of its own.
   HDC picture1 = nullptr;
   HBITMAP bitmap = nullptr;
@@ -21,11 +24,17 @@ struct MainView {
   int32_t height = 0;
 };
 
+// Sent to the parent while the mouse is over the view; wParam and lParam hold x and y in the area.
+inline constexpr UINT kMouseOverView = WM_APP;
+
+// Sent to the parent when the mouse has left.
+inline constexpr UINT kMouseLeftView = WM_APP + 1;
+
 // Makes the control. `view` must outlive it. Returns false when the system refuses.
 bool createMainView(MainView &view, HWND parent, HINSTANCE instance);
 
 // Copies the words 0x00RRGGBB into Picture1. Where memory is lacking the former picture stays.
 void setPicture(MainView &view, std::span<const uint32_t> frameBits, int32_t width, int32_t height);
 
-// Has Picture1 drawn anew with that stretch.
-void redrawPicture(MainView &view, const Stretch &stretch);
+// Has Picture1 drawn anew with that stretch, in an area of that size; another size is seen from its corner.
+void redrawPicture(MainView &view, const Stretch &stretch, SIZE area);

@@ -1,8 +1,11 @@
 #include "shell/main_window.h"
 
+#include "core/colour_readout.h"
 #include "core/commands.h"
+#include "core/keys.h"
 #include "core/menus.h"
 #include "shell/control_ids.h"
+#include "shell/swatches.h"
 #include "shell/window_placement.h"
 #include "shell/window_sync.h"
 
@@ -33,20 +36,29 @@ HMENU buildMenuBar() {
       AppendMenuA(menu, MF_SEPARATOR, 0, nullptr);
     } else {
       const auto state = static_cast<UINT>(menuRowEnabled(initial, row) ? MF_ENABLED : MF_GRAYED);
-      AppendMenuA(menu, MF_STRING | state, kFirstMenuCommand + index, row.caption);
+      const std::string shortcut = shortcutText(row);
+      const std::string text = row.caption + (shortcut.empty() ? "" : "\t" + shortcut);
+      AppendMenuA(menu, MF_STRING | state, kFirstMenuCommand + index, text.c_str());
     }
   }
   return menuBar;
 }
 
+HWND createStatic(const MainWindow &main, HINSTANCE instance, size_t id, DWORD style) {
+  return CreateWindowExA(0, "STATIC", "", WS_CHILD | WS_CLIPSIBLINGS | style, 0, 0, 0, 0, main.window,
+                         reinterpret_cast<HMENU>(id), instance, nullptr);
+}
+
 bool createControls(MainWindow &main, HINSTANCE instance) {
-  for (size_t label = 0; label < main.labels.size(); ++label) {
-    main.labels[label] = CreateWindowExA(
-        0, "STATIC", "", WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS, 0, 0, 0, 0,
-        main.window, reinterpret_cast<HMENU>(kLabel1Id + label), instance, nullptr);
-    if (main.labels[label] == nullptr) return false;
+  if (!createMainView(main.mainView, main.window, instance)) return false;
+  constexpr DWORD kLabel = WS_VISIBLE | SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS;
+  for (size_t i = 0; i < main.labels.size(); ++i) main.labels[i] = createStatic(main, instance, kLabel1Id + i, kLabel);
+  for (size_t i = 0; i < main.swatches.size(); ++i) {
+    main.swatches[i] = createStatic(main, instance, kLabel5Id + i, SS_OWNERDRAW);
   }
-  return createMainView(main.mainView, main.window, instance);
+  main.readout = createStatic(main, instance, kReadoutId, WS_VISIBLE | SS_OWNERDRAW);
+  main.readoutSwatch = createStatic(main, instance, kReadoutSwatchId, SS_OWNERDRAW);
+  return main.readoutSwatch != nullptr;
 }
 
 // Path of the first file of a drop.
@@ -64,7 +76,8 @@ std::string droppedPath(HDROP drop) {
 void openDroppedFile(MainWindow &main, HDROP drop) {
   const std::string path = droppedPath(drop);
   DragFinish(drop);
-  if (path.empty()) return;
+  const bool behindDialog = !IsWindowEnabled(main.window);
+  if (path.empty() || behindDialog) return;
   SetForegroundWindow(main.window);
   openPath(*main.viewer, path);
 }
@@ -91,6 +104,10 @@ LRESULT CALLBACK mainWindowProcedure(HWND window, UINT message, WPARAM wParam, L
   case WM_COMMAND:
     if (lParam == 0) runMenuRow(*main->viewer, size_t{LOWORD(wParam)} - kFirstMenuCommand);
     break;
+  case WM_SETFOCUS: SetFocus(main->mainView.window); return 0;
+  case WM_DRAWITEM: drawItem(*main, *reinterpret_cast<const DRAWITEMSTRUCT *>(lParam)); return TRUE;
+  case kMouseOverView: moveMouse(*main->viewer, static_cast<int32_t>(wParam), static_cast<int32_t>(lParam)); break;
+  case kMouseLeftView: leaveMouse(*main->viewer); break;
   case WM_DROPFILES: openDroppedFile(*main, reinterpret_cast<HDROP>(wParam)); break;
   case WM_CLOSE: menuExit_Click(*main->viewer); break;
   case WM_SIZE:
@@ -151,7 +168,16 @@ void showMainWindow(MainWindow &main, int showCommand) {
   UpdateWindow(main.window);
 }
 
-void handleMessage(const MSG &message) {
+void handleMessage(MainWindow &main, MSG &message) {
+  if (message.message == WM_KEYDOWN && main.window != nullptr) {
+    const bool ctrl = GetKeyState(VK_CONTROL) < 0;
+    const bool alt = GetKeyState(VK_MENU) < 0;
+    if (pressKey(*main.viewer, {.code = static_cast<int>(message.wParam), .ctrl = ctrl, .alt = alt})) {
+      syncWindow(main);
+      return;
+    }
+  }
+  if (IsDialogMessageA(main.window, &message)) return; // Tab from control to control
   TranslateMessage(&message);
   DispatchMessageA(&message);
 }

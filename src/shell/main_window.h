@@ -14,7 +14,10 @@ struct MainWindow {
   HWND window = nullptr; // nullptr once destroyed
   HMENU menuBar = nullptr;
   MainView mainView;
-  std::array<HWND, 4> labels{}; // Label1 to Label4
+  std::array<HWND, 4> labels{};    // Label1 to Label4
+  std::array<HWND, 16> swatches{}; // Label5
+  HWND readout = nullptr;
+  HWND readoutSwatch = nullptr;
   HFONT font = nullptr;
   TextMetrics metrics;
 
@@ -30,5 +33,5 @@ bool createMainWindow(MainWindow &main, ViewerState &viewer, HINSTANCE instance)
 // Shows the window for the first time, in the middle of the work area.
 void showMainWindow(MainWindow &main, int showCommand);
 
-// Hands one message of the queue to its window.
-void handleMessage(const MSG &message);
+// Hands one message of the queue to its window, or to the keyboard of the main window.
+void handleMessage(MainWindow &main, MSG &message);

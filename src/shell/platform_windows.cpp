@@ -1,5 +1,9 @@
 #include "shell/platform_windows.h"
 
+#include "shell/open_file_dialog.h"
+#include "shell/preferences_dialog.h"
+#include "shell/registry_settings.h"
+#include "shell/text_dialog.h"
 #include "shell/window_sync.h"
 
 #include <cstring>
@@ -22,7 +26,7 @@ void runPendingEvents(void *context) {
       PostQuitMessage(static_cast<int>(message.wParam)); // for the main loop
       return;
     }
-    handleMessage(message);
+    handleMessage(main, message);
   }
 }
 
@@ -55,17 +59,25 @@ HGLOBAL globalCopy(std::span<const uint8_t> bytes) {
   return memory;
 }
 
-void copyToClipboard(void *context, std::span<const uint8_t> bitmap) {
-  const MainWindow &main = mainWindowOf(context);
-  const HGLOBAL memory = globalCopy(bitmap);
-  if (memory == nullptr) return;
-  bool taken = false; // from then on the memory belongs to the clipboard
-  if (openClipboardPatiently(main.window)) {
-    EmptyClipboard();
-    taken = SetClipboardData(CF_DIB, memory) != nullptr;
-    CloseClipboard();
-  }
-  if (!taken) GlobalFree(memory);
+// Once taken, the memory belongs to the clipboard.
+bool offer(UINT format, std::span<const uint8_t> bytes) {
+  const HGLOBAL memory = globalCopy(bytes);
+  if (memory == nullptr) return false;
+  if (SetClipboardData(format, memory) != nullptr) return true;
+  GlobalFree(memory);
+  return false;
+}
+
+bool copyToClipboard(void *context, std::span<const uint8_t> bitmap, std::span<const uint8_t> bitmapV5) {
+  if (!openClipboardPatiently(mainWindowOf(context).window)) return false;
+  EmptyClipboard();
+  const bool taken = offer(CF_DIBV5, bitmapV5) && offer(CF_DIB, bitmap);
+  CloseClipboard();
+  return taken;
+}
+
+std::string askOpenFileName(void *context, const std::string &filter, const std::string &initialDirectory) {
+  return runOpenFileDialog(mainWindowOf(context).window, filter, initialDirectory);
 }
 
 void showMessage(void *context, const std::string &title, const std::string &text, MessageIcon icon) {
@@ -73,6 +85,37 @@ void showMessage(void *context, const std::string &title, const std::string &tex
   syncWindow(main);
   const auto iconFlag = static_cast<UINT>(icon == MessageIcon::kInformation ? MB_ICONINFORMATION : MB_ICONWARNING);
   MessageBoxA(main.window, text.c_str(), title.c_str(), MB_OK | iconFlag);
+}
+
+void showText(void *context, const std::string &title, const std::string &text) {
+  MainWindow &main = mainWindowOf(context);
+  syncWindow(main);
+  showTextDialog(main.window, title, text);
+}
+
+void showPreferences(void *context) {
+  const MainWindow &main = mainWindowOf(context);
+  showPreferencesDialog(main.window, *main.viewer);
+}
+
+std::string readSetting(void *, const std::string &key) { return readRegistrySetting(key); }
+
+void writeSetting(void *, const std::string &key, const std::string &value) { writeRegistrySetting(key, value); }
+
+void deleteSetting(void *, const std::string &key) { deleteRegistrySetting(key); }
+
+void notifyAssociations(void *) { notifyAssociationsChanged(); }
+
+std::string programPath(void *) {
+  std::string path(MAX_PATH, '\0');
+  for (;;) {
+    const DWORD length = GetModuleFileNameA(nullptr, path.data(), static_cast<DWORD>(path.size()));
+    if (length < path.size()) {
+      path.resize(length);
+      return path;
+    }
+    path.resize(path.size() * 2);
+  }
 }
 
 void exitProgram(void *context) {
@@ -89,7 +132,15 @@ PlatformOps windowsPlatform(MainWindow &main) {
       .runPendingEvents = runPendingEvents,
       .presentPicture = presentPicture,
       .copyToClipboard = copyToClipboard,
+      .askOpenFileName = askOpenFileName,
       .showMessage = showMessage,
+      .showText = showText,
+      .showPreferences = showPreferences,
+      .readSetting = readSetting,
+      .writeSetting = writeSetting,
+      .deleteSetting = deleteSetting,
+      .notifyAssociations = notifyAssociations,
+      .programPath = programPath,
       .exitProgram = exitProgram,
   };
 }

@@ -9,51 +9,91 @@ constexpr int kMargin = 8;
 constexpr int kLabelGap = 6;
 constexpr int kRowGap = 2;
 
+constexpr int kFieldGap = 8;
+constexpr int kSwatchPadding = 3;
+
+// Around the picture inside of MainView, on either side.
+constexpr LONG kFrameWidth = 2;
+
 // Room for the longest texts, in average characters: "00000x00000", "16 bpp", "256 colors".
 constexpr std::array<int, 3> kFieldCharacters = {12, 8, 12};
 
-// Room that the status line has at the least, also below a narrow picture.
-constexpr int kStatusCharacters = 40;
+// Room that the status line has at the least, and that of the read-out: "00000, 00000   color 00   #FFFFFF".
+constexpr int kStatusCharacters = 44;
+constexpr int kReadoutCharacters = 34;
 
 int scaled(int distance, const TextMetrics &metrics) { return MulDiv(distance, metrics.dotsPerInch, 96); }
 
-int labelRowsHeight(const TextMetrics &metrics) { return 2 * metrics.lineHeight + scaled(kRowGap, metrics); }
+// Two digits and a frame.
+int swatchWidth(const TextMetrics &metrics) { return 2 * metrics.characterWidth + 2 * scaled(kSwatchPadding, metrics); }
+
+int rowHeight(const TextMetrics &metrics) { return metrics.lineHeight + scaled(kRowGap, metrics); }
+
+int labelRowsHeight(const TextMetrics &metrics) { return 2 * rowHeight(metrics); }
+
+int fieldsWidth(const TextMetrics &metrics) {
+  int width = 0;
+  for (const int characters : kFieldCharacters) width += characters * metrics.characterWidth;
+  return width;
+}
+
+// One rectangle after the other, of that width.
+RECT nextRectangle(LONG &left, LONG top, int width, int height) {
+  const RECT rectangle{left, top, left + width, top + height};
+  left += width;
+  return rectangle;
+}
 
 } // namespace
 
-SIZE contentSize(const WindowModel &model, const TextMetrics &metrics) {
+SIZE pictureAreaOf(const WindowModel &model) {
+  return {model.mainViewWidth - 2 * kFrameWidth, model.mainViewHeight - 2 * kFrameWidth};
+}
+
+SIZE contentSize(const WindowModel &model, const TextMetrics &metrics, LONG mostHeight) {
   const int margin = scaled(kMargin, metrics);
-  int fieldsWidth = 0;
-  for (const int characters : kFieldCharacters) fieldsWidth += characters * metrics.characterWidth;
-  const int labelsWidth = std::max(fieldsWidth, kStatusCharacters * metrics.characterWidth);
-  return {
-      .cx = 2 * margin + std::max(static_cast<int>(model.mainViewWidth), labelsWidth),
-      .cy = 2 * margin + model.mainViewHeight + scaled(kLabelGap, metrics) + labelRowsHeight(metrics),
-  };
+  const int gap = scaled(kFieldGap, metrics);
+  const int firstRow = fieldsWidth(metrics) + gap + 16 * swatchWidth(metrics);
+  const int secondRow =
+      (kStatusCharacters + kReadoutCharacters) * metrics.characterWidth + 2 * gap + swatchWidth(metrics);
+  const LONG height = 2 * margin + model.mainViewHeight + scaled(kLabelGap, metrics) + labelRowsHeight(metrics);
+  const LONG viewWidth = model.mainViewWidth + (height > mostHeight ? metrics.scrollBarWidth : 0);
+  return {.cx = 2 * margin + std::max({viewWidth, LONG{firstRow}, LONG{secondRow}}), .cy = height};
 }
 
 WindowLayout layOutWindow(const WindowModel &model, const TextMetrics &metrics, SIZE client) {
   const int margin = scaled(kMargin, metrics);
+  const int gap = scaled(kFieldGap, metrics);
+  const LONG labelGap = scaled(kLabelGap, metrics);
+  const LONG mostWidth = std::max(LONG{0}, client.cx - 2 * margin);
+  const LONG mostHeight = std::max(LONG{0}, client.cy - 2 * margin - labelGap - labelRowsHeight(metrics));
+  const LONG height = std::min(LONG{model.mainViewHeight}, mostHeight);
+  const bool scrolled = height < model.mainViewHeight;
+  const LONG wanted = model.mainViewWidth + (scrolled ? metrics.scrollBarWidth : 0);
+  const LONG width = std::min(wanted, mostWidth);
+
   WindowLayout layout;
-  // On a small screen the picture area is cut, and the labels stay readable below it.
-  const int gap = scaled(kLabelGap, metrics);
-  const int mostWidth = std::max(0, static_cast<int>(client.cx) - 2 * margin);
-  const int mostHeight = std::max(0, static_cast<int>(client.cy) - 2 * margin - gap - labelRowsHeight(metrics));
-  const int width = std::min(static_cast<int>(model.mainViewWidth), mostWidth);
-  const int height = std::min(static_cast<int>(model.mainViewHeight), mostHeight);
   layout.mainView = {margin, margin, margin + width, margin + height};
 
-  const int fieldsTop = margin + height + gap;
-  int left = margin;
+  const LONG firstRow = margin + height + labelGap;
+  LONG left = margin;
   for (size_t field = 0; field < kFieldCharacters.size(); ++field) {
-    const int right = left + kFieldCharacters[field] * metrics.characterWidth;
-    layout.labels[field] = {left, fieldsTop, right, fieldsTop + metrics.lineHeight};
-    left = right;
+    layout.labels[field] =
+        nextRectangle(left, firstRow, kFieldCharacters[field] * metrics.characterWidth, metrics.lineHeight);
+  }
+  left += gap;
+  for (RECT &swatch : layout.swatches) {
+    swatch = nextRectangle(left, firstRow, swatchWidth(metrics), metrics.lineHeight);
   }
 
-  const int statusTop = fieldsTop + metrics.lineHeight + scaled(kRowGap, metrics);
-  const int statusRight = std::max(margin, static_cast<int>(client.cx) - margin);
-  layout.labels[3] = {margin, statusTop, statusRight, statusTop + metrics.lineHeight};
+  const LONG secondRow = firstRow + rowHeight(metrics);
+  const LONG right = std::max(LONG{margin}, client.cx - margin);
+  const LONG swatchLeft = right - swatchWidth(metrics);
+  const LONG readoutRight = swatchLeft - gap;
+  const LONG readoutLeft = readoutRight - kReadoutCharacters * metrics.characterWidth;
+  layout.labels[3] = {margin, secondRow, std::max(LONG{margin}, readoutLeft - gap), secondRow + metrics.lineHeight};
+  layout.readout = {readoutLeft, secondRow, readoutRight, secondRow + metrics.lineHeight};
+  layout.readoutSwatch = {swatchLeft, secondRow, right, secondRow + metrics.lineHeight};
   return layout;
 }
 

@@ -12,18 +12,26 @@ struct TextMetrics {
   int dotsPerInch = 96;
   int lineHeight = 0;
   int characterWidth = 0; // of an average character
+  int scrollBarWidth = 0;
 };
 
 struct WindowLayout {
   RECT mainView{};
-  std::array<RECT, 4> labels{}; // Label1 to Label4
+  std::array<RECT, 4> labels{};    // Label1 to Label4
+  std::array<RECT, 16> swatches{}; // Label5
+  RECT readout{};
+  RECT readoutSwatch{};
 };
 
-// The client area that shows MainView and all labels in full.
-SIZE contentSize(const WindowModel &model, const TextMetrics &metrics);
+// What MainView shows in full: its size without the frame.
+SIZE pictureAreaOf(const WindowModel &model);
 
-// MainView at the top left, Label1 to Label3 in a row below it, Label4 in a row of its own. In a client area that is
-// too low the labels move up over the picture, so that the status line can always be read.
+// The client area that shows MainView and all labels in full. Where the screen has less height than that, there is room
+// for a scroll bar beside the picture.
+SIZE contentSize(const WindowModel &model, const TextMetrics &metrics, LONG mostHeight);
+
+// MainView at the top left; below it Label1 to Label3 with the swatches beside them; below those Label4 with the
+// read-out at the right end. In a client area that is too small MainView is cut and the labels stay in sight.
 WindowLayout layOutWindow(const WindowModel &model, const TextMetrics &metrics, SIZE client);
 
 // `window` made no larger than the work area, then moved onto it by the shortest way.

@@ -28,6 +28,11 @@ SIZE outerSize(const MainWindow &main, SIZE client) {
   return sizeOf(outer);
 }
 
+SIZE contentToShow(const MainWindow &main) {
+  const LONG frameHeight = outerSize(main, {}).cy;
+  return contentSize(main.shown, main.metrics, sizeOf(workAreaOf(main.window)).cy - frameHeight);
+}
+
 void moveWindow(HWND window, const RECT &to) {
   SetWindowPos(window, nullptr, to.left, to.top, to.right - to.left, to.bottom - to.top, SWP_NOZORDER | SWP_NOACTIVATE);
 }
@@ -48,6 +53,7 @@ void updateFont(MainWindow &main, UINT dotsPerInch) {
   SystemParametersInfoForDpi(SPI_GETNONCLIENTMETRICS, sizeof system, &system, 0, dotsPerInch);
   const HFONT font = CreateFontIndirectW(&system.lfMessageFont);
   for (const HWND label : main.labels) SendMessageA(label, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+  InvalidateRect(main.window, nullptr, TRUE); // the fields that the window draws itself
   if (main.font != nullptr) DeleteObject(main.font);
   main.font = font;
 
@@ -61,24 +67,29 @@ void updateFont(MainWindow &main, UINT dotsPerInch) {
       .dotsPerInch = static_cast<int>(dotsPerInch),
       .lineHeight = static_cast<int>(text.tmHeight),
       .characterWidth = static_cast<int>(text.tmAveCharWidth),
+      .scrollBarWidth = GetSystemMetricsForDpi(SM_CXVSCROLL, dotsPerInch),
   };
 }
 
 void placeControls(MainWindow &main) {
   const WindowLayout layout = layOutWindow(main.shown, main.metrics, clientSizeOf(main.window));
   moveWindow(main.mainView.window, layout.mainView);
-  for (size_t label = 0; label < main.labels.size(); ++label) moveWindow(main.labels[label], layout.labels[label]);
+  for (size_t i = 0; i < main.labels.size(); ++i) moveWindow(main.labels[i], layout.labels[i]);
+  for (size_t i = 0; i < main.swatches.size(); ++i) moveWindow(main.swatches[i], layout.swatches[i]);
+  moveWindow(main.readout, layout.readout);
+  moveWindow(main.readoutSwatch, layout.readoutSwatch);
 }
 
 void fitWindow(MainWindow &main) {
   main.fitWhenRestored = IsZoomed(main.window) || IsIconic(main.window);
   if (!main.fitWhenRestored) {
-    const SIZE content = contentSize(main.shown, main.metrics);
+    const SIZE content = contentToShow(main);
     const SIZE outer = outerSize(main, content);
     resizeOnWorkArea(main.window, outer);
     // A menu bar that needs several rows takes its room from the client area.
     const LONG lacking = content.cy - clientSizeOf(main.window).cy;
     if (lacking > 0) resizeOnWorkArea(main.window, {outer.cx, outer.cy + lacking});
+    if (main.shown.alwaysCentred) centreWindow(main);
   }
   placeControls(main);
 }
@@ -97,7 +108,7 @@ void centreWindow(const MainWindow &main) {
 }
 
 SIZE leastWindowSize(const MainWindow &main) {
-  const SIZE content = outerSize(main, contentSize(main.shown, main.metrics));
+  const SIZE content = outerSize(main, contentToShow(main));
   const SIZE workArea = sizeOf(workAreaOf(main.window));
   return {std::min(content.cx, workArea.cx), std::min(content.cy, workArea.cy)};
 }

@@ -2,6 +2,7 @@
 
 #include "core/menus.h"
 #include "shell/control_ids.h"
+#include "shell/swatches.h"
 #include "shell/window_placement.h"
 
 #include <string>
@@ -30,6 +31,29 @@ void syncMenuItems(const MainWindow &main, const WindowModel &model) {
   }
 }
 
+void syncSwatches(const MainWindow &main, const WindowModel &model) {
+  for (size_t i = 0; i < main.swatches.size(); ++i) {
+    const Swatch &swatch = model.Label5[i];
+    const Swatch &shown = main.shown.Label5[i];
+    const bool recoloured = swatch.background != shown.background || swatch.text != shown.text;
+    if (swatch.visible && (recoloured || !shown.visible)) {
+      SetWindowTextA(main.swatches[i], swatchName(i, swatch.background).c_str());
+      InvalidateRect(main.swatches[i], nullptr, FALSE);
+    }
+    if (swatch.visible != shown.visible) ShowWindow(main.swatches[i], swatch.visible ? SW_SHOWNA : SW_HIDE);
+  }
+}
+
+void syncReadout(const MainWindow &main, const ColourReadout &readout) {
+  const bool visible = !readout.text.empty();
+  if (readout.text != main.shown.readout.text) {
+    SetWindowTextA(main.readout, readout.text.c_str());
+    InvalidateRect(main.readout, nullptr, FALSE);
+  }
+  if (readout.colour != main.shown.readout.colour) InvalidateRect(main.readoutSwatch, nullptr, FALSE);
+  if (visible != !main.shown.readout.text.empty()) ShowWindow(main.readoutSwatch, visible ? SW_SHOWNA : SW_HIDE);
+}
+
 void syncViewMenu(const MainWindow &main, const WindowModel &model) {
   if (model.menuView.enabled == main.shown.menuView.enabled) return;
   UINT position = 0;
@@ -53,14 +77,17 @@ void syncWindow(MainWindow &main) {
     const std::string &text = model.*kLabelTexts[label];
     if (text != main.shown.*kLabelTexts[label]) SetWindowTextA(main.labels[label], text.c_str());
   }
+  syncSwatches(main, model);
+  syncReadout(main, model.readout);
   syncMenuItems(main, model);
   syncViewMenu(main, model);
 
+  const bool recentred = model.alwaysCentred && !main.shown.alwaysCentred;
   const bool resized =
       model.mainViewWidth != main.shown.mainViewWidth || model.mainViewHeight != main.shown.mainViewHeight;
   const bool redrawn = model.pictureSerial != main.shown.pictureSerial || model.stretch != main.shown.stretch;
   // Resizing brings in further messages, for which this model is then the one shown.
   main.shown = model;
-  if (redrawn) redrawPicture(main.mainView, model.stretch);
-  if (resized) fitWindow(main);
+  if (redrawn) redrawPicture(main.mainView, model.stretch, pictureAreaOf(model));
+  if (resized || recentred) fitWindow(main);
 }

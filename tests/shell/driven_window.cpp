@@ -81,7 +81,7 @@ std::string menusOf(const DrivenWindow &driven) {
 
 void choose(const DrivenWindow &driven, const char *caption) {
   for (size_t row = 0; row < kMenuRows.size(); ++row) {
-    if (kMenuRows[row].caption == nullptr || std::strcmp(kMenuRows[row].caption, caption) != 0) continue;
+    if (kMenuRows[row].caption == nullptr || plainCaption(kMenuRows[row].caption) != caption) continue;
     PostMessageA(driven.window, WM_COMMAND, kFirstMenuCommand + row, 0);
   }
 }

@@ -7,14 +7,19 @@
 
 #include <shlobj.h>
 
+#include <algorithm>
 #include <cstring>
 #include <string>
 
 namespace {
 
+// Without the marks of access keys; a shortcut stands behind a tab.
 std::string itemText(HMENU menu, UINT position) {
-  char text[64] = "";
-  GetMenuStringA(menu, position, text, sizeof text, MF_BYPOSITION);
+  char buffer[64] = "";
+  GetMenuStringA(menu, position, buffer, sizeof buffer, MF_BYPOSITION);
+  std::string text = buffer;
+  std::erase(text, '&');
+  std::replace(text.begin(), text.end(), '\t', ' ');
   return text;
 }
 

@@ -1,0 +1,13 @@
+// The program's help.
+#pragma once
+
+#include "core/viewer_state.h"
+
+#include <string>
+
+// Keys, kinds of file and tips, as lines of text; columns are parted by tabs.
+std::string helpText();
+
+void menuHelp_Click(ViewerState &viewer);
+
+void menuAbout_Click(ViewerState &viewer);

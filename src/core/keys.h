@@ -1,0 +1,13 @@
+// The keyboard of the main window, which sees each key before its controls.
+#pragma once
+
+#include "core/viewer_state.h"
+
+struct KeyPress {
+  int code = 0; // virtual-key code
+  bool ctrl = false;
+  bool alt = false;
+};
+
+// Runs what the key stands for. Returns false where it stands for nothing now; then it is for the controls.
+bool pressKey(ViewerState &viewer, KeyPress key);

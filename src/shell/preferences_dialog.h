@@ -1,0 +1,9 @@
+// The Preferences dialog.
+#pragma once
+
+#include "core/viewer_state.h"
+
+#include <windows.h>
+
+// Waits until the user has closed it.
+void showPreferencesDialog(HWND owner, ViewerState &viewer);

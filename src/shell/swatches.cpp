@@ -1,0 +1,54 @@
+#include "shell/swatches.h"
+
+#include "core/palette.h"
+#include "shell/control_ids.h"
+
+#include <array>
+#include <cstdio>
+
+namespace {
+
+// A field of that colour in a thin frame; both are painted once, so that nothing flickers.
+void drawSwatch(const DRAWITEMSTRUCT &item, uint32_t colour, uint32_t textColour, const std::string &text) {
+  RECT field = item.rcItem;
+  FrameRect(item.hDC, &field, GetSysColorBrush(COLOR_WINDOWFRAME));
+  InflateRect(&field, -1, -1);
+  SetBkColor(item.hDC, swapRedBlue(colour));
+  SetTextColor(item.hDC, swapRedBlue(textColour));
+  SIZE size{};
+  GetTextExtentPoint32A(item.hDC, text.c_str(), static_cast<int>(text.size()), &size);
+  const int left = (field.left + field.right - size.cx) / 2;
+  const int top = (field.top + field.bottom - size.cy) / 2;
+  ExtTextOutA(item.hDC, left, top, ETO_OPAQUE | ETO_CLIPPED, &field, text.c_str(), static_cast<UINT>(text.size()),
+              nullptr);
+}
+
+void drawReadout(const DRAWITEMSTRUCT &item, const std::string &text) {
+  SetBkColor(item.hDC, GetSysColor(COLOR_BTNFACE));
+  SetTextColor(item.hDC, GetSysColor(COLOR_BTNTEXT));
+  SetTextAlign(item.hDC, TA_RIGHT);
+  ExtTextOutA(item.hDC, item.rcItem.right, item.rcItem.top, ETO_OPAQUE | ETO_CLIPPED, &item.rcItem, text.c_str(),
+              static_cast<UINT>(text.size()), nullptr);
+  SetTextAlign(item.hDC, TA_LEFT);
+}
+
+} // namespace
+
+std::string swatchName(size_t index, uint32_t colour) {
+  std::array<char, 32> name{};
+  std::snprintf(name.data(), name.size(), "Color %d: #%06X", static_cast<int>(index), static_cast<unsigned>(colour));
+  return name.data();
+}
+
+void drawItem(const MainWindow &main, const DRAWITEMSTRUCT &item) {
+  const WindowModel &model = main.shown;
+  const HGDIOBJ former = SelectObject(item.hDC, main.font);
+  if (item.CtlID == kReadoutId) {
+    drawReadout(item, model.readout.text);
+  } else if (item.CtlID == kReadoutSwatchId) {
+    drawSwatch(item, model.readout.colour, 0, "");
+  } else if (const size_t index = item.CtlID - kLabel5Id; index < model.Label5.size()) {
+    drawSwatch(item, model.Label5[index].background, model.Label5[index].text, std::to_string(index));
+  }
+  SelectObject(item.hDC, former);
+}
