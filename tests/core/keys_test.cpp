@@ -1,0 +1,144 @@
+#include "core/keys.h"
+
+#include "core/help_text.h"
+#include "core/menus.h"
+#include "support/bload_builder.h"
+#include "support/test_viewer.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr int kEscape = 27, kPageUp = 33, kPageDown = 34, kEnd = 35, kHome = 36, kF5 = 116;
+constexpr uint32_t kStored = 0x111111;
+
+// A picture whose stored palette could be restored, among four other files.
+struct KeyViewer : TestViewer {
+  KeyViewer() {
+    for (const char *name : {"d\\a.SC5", "d\\b.SC5", "d\\d.SC5", "d\\e.SC5"}) memoryDisk()[name] = {};
+    viewer.storedPaletteCount = 16;
+    viewer.storedPalette.fill(kStored);
+    open("d\\c.SC5", BloadBuilder{.body = {0x1F}}.build());
+    platform.log.clear();
+  }
+
+  // What has changed since then: first lines of the calls, then the marks of the window.
+  std::string effect() const {
+    std::string text;
+    for (const std::string &line : platform.log) text += line.substr(0, line.find('\n')) + "; ";
+    if (viewer.fileName != "c.SC5") text += viewer.fileName;
+    if (memoryDisk().contains("d\\c.bmp")) text += "saved";
+    if (viewer.storedPalette[0] != kStored) text += "stored";
+    if (viewer.palette[0] == kStored) text += "restored";
+    if (viewer.window.menuViewPal.checked) text += "swatches";
+    if (viewer.zoomMode == 0) text += "zoom";
+    if (viewer.window.menuDoubleHeight.checked) text += "aspect";
+    if (viewer.fileLoaded == kFalse) text += "closed";
+    return text;
+  }
+};
+
+struct LetterRow {
+  char letter;
+  MenuItem WindowModel::*condition;
+  const char *effect;
+};
+
+constexpr LetterRow kLetters[] = {
+    {'O', nullptr, "askOpenFileName All Supported Files in d\\; "},
+    {'S', &WindowModel::menuSaveBMP, "saved"},
+    {'C', &WindowModel::menuCopyClipboard, "copyToClipboard 162856; "}, // 40 + 256 * 212 * 3
+    {'T', &WindowModel::menuSavePal, "stored"},
+    {'R', &WindowModel::menuRestPal, "runPendingEvents; presentPicture 256x212; restored"},
+    {'P', &WindowModel::menuViewPal, "swatches"},
+    {'Z', &WindowModel::menuView, "zoom"},
+    {'A', &WindowModel::menuView, "aspect"},
+    {'I', &WindowModel::menuView, "showText Image Info; "},
+};
+
+TEST(Keys, LettersOfTheKeyTable) {
+  struct Press {
+    const char *name;
+    bool ctrl, alt, shortcuts, works;
+  };
+  for (const LetterRow &row : kLetters) {
+    for (const Press &press :
+         {Press{"alone", false, false, false, false}, Press{"preference", false, false, true, true},
+          Press{"Ctrl", true, false, false, true}, Press{"Ctrl too", true, false, true, true},
+          Press{"Alt", false, true, true, false}, Press{"AltGr", true, true, true, false}}) {
+      for (const bool enabled : {true, false}) {
+        if (!enabled && row.condition == nullptr) continue;
+        SCOPED_TRACE(std::string(1, row.letter) + " " + press.name + (enabled ? "" : ", not enabled"));
+        KeyViewer window;
+        window.viewer.preferences.Check4 = toFlag(press.shortcuts);
+        if (!enabled) (window.viewer.window.*row.condition).enabled = false;
+        const bool taken = pressKey(window.viewer, {row.letter, press.ctrl, press.alt});
+        EXPECT_EQ(window.effect(), press.works && enabled ? row.effect : "");
+        if (enabled) {
+          EXPECT_EQ(taken, press.works);
+        }
+      }
+    }
+  }
+}
+
+TEST(Keys, OthersThanTheLettersOfTheTableNeedCtrl) {
+  KeyViewer window;
+  window.viewer.preferences.Check4 = kTrue;
+  for (char letter = 'A'; letter <= 'Z'; ++letter) {
+    if (std::string("OSCTRPZAI").find(letter) != std::string::npos) continue;
+    EXPECT_FALSE(pressKey(window.viewer, {letter})) << letter;
+  }
+  EXPECT_EQ(window.effect(), "");
+}
+
+TEST(Keys, FurtherKeys) {
+  struct Row {
+    const char *name;
+    KeyPress key;
+    bool escExits, shortcuts;
+    const char *effect;
+  };
+  const char *rendered = "runPendingEvents; presentPicture 256x212; ";
+  for (const Row &row :
+       {Row{"page up", {kPageUp}, false, false, "b.SC5"}, Row{"page down", {kPageDown}, false, false, "d.SC5"},
+        Row{"home", {kHome}, false, false, "a.SC5"}, Row{"end", {kEnd}, false, false, "e.SC5"},
+        Row{"page down with preferences", {kPageDown}, true, true, "d.SC5"}, Row{"Esc", {kEscape}, false, true, ""},
+        Row{"Esc by preference", {kEscape}, true, false, "exitProgram; "},
+        Row{"Ctrl+Q", {'Q', true}, false, false, "exitProgram; "}, Row{"Ctrl+W", {'W', true}, false, false, "closed"},
+        Row{"F5", {kF5}, false, false, rendered}}) {
+    SCOPED_TRACE(row.name);
+    KeyViewer window;
+    window.viewer.preferences.Check3 = toFlag(row.escExits);
+    window.viewer.preferences.Check4 = toFlag(row.shortcuts);
+    pressKey(window.viewer, row.key);
+    EXPECT_EQ(window.effect(), row.effect);
+  }
+}
+
+TEST(Keys, DuringALoadOnlyExitIsHeard) {
+  const auto pressAll = [](ViewerState &viewer, const std::string &) {
+    for (const LetterRow &row : kLetters) pressKey(viewer, {row.letter, true});
+    for (const int code : {kPageUp, kPageDown, kHome, kEnd, kF5, int{'W'}}) pressKey(viewer, {code, code == 'W'});
+  };
+  const auto escape = [](ViewerState &viewer, const std::string &) { pressKey(viewer, {kEscape}); };
+  KeyViewer window;
+  window.viewer.preferences.Check3 = kTrue;
+  window.platform.events = {{pressAll, ""}};
+  menuReload_Click(window.viewer);
+  EXPECT_EQ(window.effect(), "runPendingEvents; presentPicture 256x212; ");
+  window.platform.log.clear();
+  window.platform.events = {{escape, ""}};
+  menuReload_Click(window.viewer);
+  EXPECT_EQ(window.effect(), "runPendingEvents; presentPicture 256x212; exitProgram; ");
+}
+
+TEST(Keys, HelpNamesThemAll) {
+  const std::string help = helpText();
+  for (const char *name : {"Ctrl+O", "Ctrl+S", "Ctrl+C", "Ctrl+T", "Ctrl+R", "Ctrl+P", "Ctrl+Z", "Ctrl+A", "Ctrl+I",
+                           "F5", "Page Down", "Page Up", "Home", "End", "Esc", ".GE5", ".TGS", ".EV8"}) {
+    EXPECT_NE(help.find(std::string("\n") + name + "\t"), std::string::npos) << name;
+  }
+}
+
+} // namespace
