@@ -33,6 +33,23 @@ TEST(BitmapExport, FileByteForByte) {
   EXPECT_EQ(encodeBitmap(frame, 2, 2), expected);
 }
 
+TEST(BitmapExport, Version5Header) {
+  const uint32_t frame[] = {0x010203, 0x040506, 0x070809, 0xFFFEFD}; // two rows
+  Bytes expected(124);
+  const auto put = [&](size_t offset, const Bytes &bytes) { expected = withBytesAt(expected, offset, bytes); };
+  put(0, {124});                                                    // length of the header
+  put(4, {2});                                                      // width
+  put(8, {2});                                                      // height: bottom row first
+  put(12, {1});                                                     // planes
+  put(14, {24});                                                    // bits per pixel
+  put(20, {16});                                                    // length of the rows
+  put(56, {'B', 'G', 'R', 's'});                                    // colours are sRGB
+  put(108, {2});                                                    // intent: graphics
+  put(124, {0x09, 0x08, 0x07, 0xFD, 0xFE, 0xFF, 0, 0, 3, 2, 1, 6}); // rows
+  put(136, {5, 4, 0, 0});
+  EXPECT_EQ(encodeBitmapV5(frame, 2, 2), expected);
+}
+
 TEST(BitmapExport, RowsAreFilledUpToFourBytes) {
   for (const auto &[width, rowBytes] : {std::pair<size_t, size_t>{1, 4}, {2, 8}, {3, 12}, {4, 12}, {5, 16}}) {
     std::vector<uint32_t> frame;

@@ -77,6 +77,54 @@ TEST(Menus, EveryItemHasOneRowAndOnlyEnabledOnesRun) {
   EXPECT_TRUE(menuRowEnabled(window.viewer.window, row));
 }
 
+TEST(Commands, ZoomAndAspectToggle) {
+  TestViewer window;
+  const WindowModel &model = window.viewer.window;
+  window.open("a.SC5", kPicture);
+  struct Row {
+    const char *name;
+    void (*command)(ViewerState &viewer);
+    bool zoomed, aspect;
+    int32_t width, height;
+  };
+  for (const Row &row : {Row{"zoom off", menuZoom_Click, false, false, 256, 212},
+                         Row{"aspect on", menuDoubleHeight_Click, false, true, 256, 424},
+                         Row{"zoom on", menuZoom_Click, true, true, 512, 848},
+                         Row{"aspect off", menuDoubleHeight_Click, true, false, 512, 424}}) {
+    SCOPED_TRACE(row.name);
+    row.command(window.viewer);
+    EXPECT_EQ(model.stretch, (Stretch{256, 212, row.width, row.height}));
+    EXPECT_EQ(model.menuZoom.checked, row.zoomed);
+    EXPECT_EQ(model.menuDoubleHeight.checked, row.aspect);
+  }
+}
+
+TEST(Commands, ReloadReadsTheFileAsItIsNow) {
+  TestViewer window;
+  EXPECT_FALSE(window.viewer.window.menuReload.enabled);
+  window.open("a.SC5", kPicture);
+  EXPECT_TRUE(window.viewer.window.menuReload.enabled);
+  memoryDisk()["a.SC5"] = BloadBuilder{.body = {0xFF}}.build();
+  menuReload_Click(window.viewer);
+  EXPECT_EQ(window.viewer.frameBits[0], 0xFFFFFFu);
+  memoryDisk().erase("a.SC5");
+  menuReload_Click(window.viewer);
+  EXPECT_EQ(window.viewer.window.Label4, "*** Error: Not a valid .SC5 file.");
+  EXPECT_EQ(window.viewer.frameBits[0], 0xFFFFFFu);
+  menuClose_Click(window.viewer);
+  EXPECT_FALSE(window.viewer.window.menuReload.enabled);
+}
+
+TEST(Commands, HeldClipboardGivesAMessage) {
+  TestViewer window;
+  window.open("a.SC5", kPicture);
+  window.platform.log.clear();
+  window.platform.clipboardHeld = true;
+  menuCopyClipboard_Click(window.viewer);
+  ASSERT_EQ(window.platform.log.size(), 2u); // the attempt, then one message
+  EXPECT_TRUE(window.platform.log[1].starts_with("showMessage (!) Korilan: Could not copy")) << window.platform.log[1];
+}
+
 TEST(Commands, ViewersInTwoThreadsDoNotMeet) {
   const auto texts = [] {
     std::string all;
