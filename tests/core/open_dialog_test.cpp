@@ -5,46 +5,27 @@
 #include "support/bload_builder.h"
 #include "support/test_viewer.h"
 
-#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace {
 
-constexpr const char *kDescriptions[] = {
-    "DD-Graph BLOAD files (*.GE5)",
-    "DD-Graph COPY files (*.DAT)",
-    "DD-Graph .CMP files (*.CMP)",
-    "Dynamic Publisher files (*.PCT;*.STP)",
-    "Designer Plus files (*.PIC)",
-    "Screen 2 BLOAD files (*.SC2;*.SR2)",
-    "Screen 4 BLOAD files (*.SC4;*.SR4)",
-    "Screen 5 BLOAD files (*.SC5;*.SR5)",
-    "Screen 6 BLOAD files (*.SC6;*.SR6)",
-    "Screen 7 BLOAD files (*.SC7;*.SR7)",
-    "Screen 8 BLOAD files (*.SC8;*.SR8)",
-    "Screen10 BLOAD files (*.SCA;*.SRA;*.S10)",
-    "Screen11 BLOAD files (*.SCB;*.SRB;*.S12)",
-    "Screen12 BLOAD files (*.SCC;*.SRC;*.S12)",
-    "Screen 5 COPY files (*.GL5)",
-    "Screen 6 COPY files (*.GL6)",
-    "Screen 7 COPY files (*.GL7)",
-    "Screen 8 COPY files (*.GL8)",
-    "Screen10 COPY files (*.GLA)",
-    "Screen11 COPY files (*.GLB)",
-    "Screen12 COPY files (*.GLC)",
-    "Screen 7 HAM files (*.HAM)",
-    "Team Bomba G9B files (*.G9B)",
-    "VSCREEN level files (*.SC4;*.SCR;*.TGS)",
-    "SymbOS graphic files (*.SGX)",
-    "SymbOS Video files (*.VID)",
-    "EVA/EV8 Video files (*.EVA;*.EV8)",
-};
+// All but the first, which is for all kinds.
+constexpr std::string_view kDescriptions =
+    "DD-Graph BLOAD files (*.GE5)|DD-Graph COPY files (*.DAT)|DD-Graph .CMP files (*.CMP)|"
+    "Dynamic Publisher files (*.PCT;*.STP)|Designer Plus files (*.PIC)|Screen 2 BLOAD files (*.SC2;*.SR2)|"
+    "Screen 4 BLOAD files (*.SC4;*.SR4)|Screen 5 BLOAD files (*.SC5;*.SR5)|Screen 6 BLOAD files (*.SC6;*.SR6)|"
+    "Screen 7 BLOAD files (*.SC7;*.SR7)|Screen 8 BLOAD files (*.SC8;*.SR8)|Screen10 BLOAD files (*.SCA;*.SRA;*.S10)|"
+    "Screen11 BLOAD files (*.SCB;*.SRB;*.S12)|Screen12 BLOAD files (*.SCC;*.SRC;*.S12)|Screen 5 COPY files (*.GL5)|"
+    "Screen 6 COPY files (*.GL6)|Screen 7 COPY files (*.GL7)|Screen 8 COPY files (*.GL8)|Screen10 COPY files (*.GLA)|"
+    "Screen11 COPY files (*.GLB)|Screen12 COPY files (*.GLC)|Screen 7 HAM files (*.HAM)|Team Bomba G9B files (*.G9B)|"
+    "VSCREEN level files (*.SC4;*.SCR;*.TGS)|SymbOS graphic files (*.SGX)|SymbOS Video files (*.VID)|"
+    "EVA/EV8 Video files (*.EVA;*.EV8)|";
 
-// The texts of a filter list; the closing empty one is kept.
-std::vector<std::string> textsOf(const std::string &filter) {
+// Texts that `end` closes each.
+std::vector<std::string> textsOf(std::string_view list, char end) {
   std::vector<std::string> texts;
-  for (size_t start = 0; start < filter.size(); start = filter.find('\0', start) + 1) {
-    texts.push_back(filter.substr(start, filter.find('\0', start) - start));
+  for (size_t start = 0; start < list.size(); start = list.find(end, start) + 1) {
+    texts.emplace_back(list.substr(start, list.find(end, start) - start));
   }
   return texts;
 }
@@ -58,15 +39,16 @@ std::vector<std::string> filtersFor(Flag16 paletteDialog) {
     return std::string();
   };
   askOpenFileName(window.viewer, "");
-  return textsOf(shown);
+  return textsOf(shown, '\0');
 }
 
 TEST(OpenDialog, PictureFilters) {
   const std::vector<std::string> texts = filtersFor(kFalse);
-  ASSERT_EQ(texts.size(), 2 * (1 + std::size(kDescriptions)) + 1);
+  const std::vector<std::string> descriptions = textsOf(kDescriptions, '|');
+  ASSERT_EQ(texts.size(), 2 * (1 + descriptions.size()) + 1); // an empty one closes the list
   EXPECT_EQ(texts[0], "All Supported Files");
-  for (size_t i = 0; i < std::size(kDescriptions); ++i) {
-    const std::string description = kDescriptions[i];
+  for (size_t i = 0; i < descriptions.size(); ++i) {
+    const std::string &description = descriptions[i];
     const size_t start = description.find('(') + 1;
     std::string pattern = description.substr(start, description.size() - start - 1);
     if (description.starts_with("Screen11 BLOAD")) pattern = "*.SCB;*.SRB;*.S11"; // not what it says

@@ -81,14 +81,6 @@ TEST(Palette, FallsBackToTheDefaultAsAWhole) {
   }
 }
 
-TEST(Palette, ColourOfTwoBytes) {
-  EXPECT_EQ(fileColour(0x21, 0x03), 0x496D24u);
-  EXPECT_EQ(fileColour(0x46, 0x05), 0x92B6DBu);
-  EXPECT_EQ(fileColour(0, 0), 0u); // black is a colour
-  for (const int redBlue : {0x80, 0x08}) EXPECT_FALSE(fileColour(static_cast<uint8_t>(redBlue), 0)) << redBlue;
-  for (const int green : {0x08, 0x10, 0x80}) EXPECT_FALSE(fileColour(0, static_cast<uint8_t>(green))) << green;
-}
-
 TEST(Palette, WordsOfTheWindowSystem) {
   EXPECT_EQ(packColour(0x12, 0x34, 0x56), 0x123456u);
   EXPECT_EQ(swapRedBlue(0xFF123456), 0x563412u);
