@@ -12,20 +12,18 @@ using Paging = void (*)(ViewerState &viewer);
 
 constexpr Paging kAllPaging[] = {openNextFile, openPreviousFile, openFirstFile, openLastFile};
 
-// What the folder "d\" lists, in this order, whatever the disk holds.
+// What every folder lists, in this order, whatever the disk holds.
 thread_local std::vector<std::string> listing;
 
 struct FolderViewer : TestViewer {
   FileOps files = memoryFiles();
 
   FolderViewer(std::vector<std::string> names, const std::string &current) {
-    files.listFolder = [](const char *folder) {
-      return folder == std::string("d\\") ? listing : std::vector<std::string>{};
-    };
+    files.listFolder = [](const char *) { return listing; };
     viewer.platform.files = &files;
     for (const std::string &name : names) memoryDisk()["d\\" + name] = BloadBuilder{}.build();
     listing = std::move(names);
-    if (!current.empty()) openPath(viewer, "d\\" + current);
+    openPath(viewer, "d\\" + current);
     platform.log.clear();
   }
 };
@@ -115,13 +113,17 @@ TEST(FolderNavigation, CaptionThatDoesNotFitThePath) {
 }
 
 TEST(FolderNavigation, DoesNothingWhileAVideoPlaysOrALoadRuns) {
-  using Prepare = void (*)(ViewerState & viewer);
-  for (const Prepare prepare : {Prepare{[](ViewerState &viewer) { viewer.evaPlayer.playing = kTrue; }},
-                                Prepare{[](ViewerState &viewer) { viewer.vidPlayer.playing = kTrue; }},
-                                Prepare{[](ViewerState &viewer) { viewer.loadUnderWay = true; }}}) {
+  struct Row {
+    const char *name;
+    void (*prepare)(ViewerState &viewer);
+  };
+  for (const Row &row : {Row{"one player", [](ViewerState &viewer) { viewer.evaPlayer.playing = kTrue; }},
+                         Row{"the other", [](ViewerState &viewer) { viewer.vidPlayer.playing = kTrue; }},
+                         Row{"a load", [](ViewerState &viewer) { viewer.loadUnderWay = true; }}}) {
+    SCOPED_TRACE(row.name);
     for (const Paging page : kAllPaging) {
       FolderViewer window({"b.SC5", "a.SC5", "c.SC5"}, "a.SC5");
-      prepare(window.viewer);
+      row.prepare(window.viewer);
       page(window.viewer);
       EXPECT_EQ(window.viewer.filePath, "d\\a.SC5");
       EXPECT_TRUE(window.viewer.folderFiles.empty()); // not even listed

@@ -5,6 +5,7 @@
 #include "support/bload_builder.h"
 #include "support/test_viewer.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace {
@@ -24,8 +25,9 @@ constexpr std::string_view kDescriptions =
 // Texts that `end` closes each.
 std::vector<std::string> textsOf(std::string_view list, char end) {
   std::vector<std::string> texts;
-  for (size_t start = 0; start < list.size(); start = list.find(end, start) + 1) {
-    texts.emplace_back(list.substr(start, list.find(end, start) - start));
+  for (size_t start = 0, next = 0; start < list.size(); start = next + 1) {
+    next = std::min(list.find(end, start), list.size());
+    texts.emplace_back(list.substr(start, next - start));
   }
   return texts;
 }
