@@ -92,8 +92,7 @@ std::string bitmapPath(const ViewerState &viewer) {
   constexpr size_t kFrameDigits = 4;
 
   const std::string &path = viewer.picturePath;
-  const bool videoOpen = viewer.evaPlayer.fileOpen == kTrue || viewer.vidPlayer.fileOpen == kTrue;
-  if (!videoOpen) return withLastLetters(path, "bmp");
+  if (!videoOpen(viewer)) return withLastLetters(path, "bmp");
 
   std::string number = std::to_string(viewer.window.HScroll1.value);
   number.insert(0, kFrameDigits - std::min(number.size(), kFrameDigits), '0');

@@ -6,6 +6,7 @@
 #include "core/preferences.h"
 #include "core/text.h"
 #include "screens/display_geometry.h"
+#include "video/sound_track.h"
 
 #include <span>
 
@@ -37,6 +38,11 @@ void startViewer(ViewerState &viewer, std::string_view commandLine) {
 
 void openPath(ViewerState &viewer, const std::string &path) {
   if (viewer.loadUnderWay) return;
+  if (viewer.runUnderWay) {
+    stopPlayback(viewer);
+    viewer.pathRequested = path;
+    return;
+  }
   viewer.loadUnderWay = true;
   viewer.filePath = path;
   openCurrentPath(viewer);
@@ -44,10 +50,15 @@ void openPath(ViewerState &viewer, const std::string &path) {
   if (viewer.exitRequested) menuExit_Click(viewer);
 }
 
-void menuReload_Click(ViewerState &viewer) { openPath(viewer, std::string(viewer.filePath)); }
+void menuReload_Click(ViewerState &viewer) { openPath(viewer, openedPath(viewer)); }
 
 void menuClose_Click(ViewerState &viewer) {
   if (viewer.loadUnderWay) return;
+  if (viewer.runUnderWay) {
+    stopPlayback(viewer);
+    viewer.closeRequested = true;
+    return;
+  }
   resetViewer(viewer);
   showPictureInfo(viewer);
 }
@@ -74,8 +85,10 @@ void menuCopyClipboard_Click(ViewerState &viewer) {
 }
 
 void menuExit_Click(ViewerState &viewer) {
-  viewer.exitRequested = viewer.loadUnderWay;
-  if (viewer.loadUnderWay) return;
+  viewer.exitRequested = viewer.loadUnderWay || viewer.runUnderWay;
+  stopPlayback(viewer);
+  if (viewer.exitRequested) return;
+  stopSound(viewer);
   closeInputFile(viewer.inputFile);
   viewer.platform.exitProgram(viewer.platform.context);
 }

@@ -31,5 +31,5 @@ void menuDoubleHeight_Click(ViewerState &viewer);
 // Puts the picture at its own size onto the clipboard as a bitmap. A failure is shown in a message.
 void menuCopyClipboard_Click(ViewerState &viewer);
 
-// Closes the files and ends the program, after the load where one is under way.
+// Closes the files and ends the program, after the load or the run of a video where one is under way.
 void menuExit_Click(ViewerState &viewer);

@@ -9,16 +9,14 @@ namespace {
 constexpr size_t kExtensionLength = 4;
 constexpr size_t kShortestPath = 5;
 
-void stopPlayback(ViewerState &viewer) {
-  viewer.evaPlayer.playing = kFalse;
-  viewer.vidPlayer.playing = kFalse;
-}
-
-// Also ends what the players know of their file: it is no longer the open one.
+// Also ends what the players know of their file: it is no longer the open one. Its last frame stays as a picture.
 void closeAllFiles(ViewerState &viewer) {
   closeInputFile(viewer.inputFile);
   viewer.evaPlayer.fileOpen = kFalse;
   viewer.vidPlayer.fileOpen = kFalse;
+  WindowModel &window = viewer.window;
+  window.Image1.visible = window.Image2.visible = window.HScroll1.visible = false;
+  window.menuZoom.enabled = window.menuDoubleHeight.enabled = true;
 }
 
 } // namespace

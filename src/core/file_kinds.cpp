@@ -1,6 +1,5 @@
 #include "core/file_kinds.h"
 
-#include "formats/closed_kind.h"
 #include "formats/dd_graph.h"
 #include "formats/publisher_page.h"
 #include "formats/symbos_graphic.h"
@@ -10,6 +9,7 @@
 #include "screens/g9b_picture.h"
 #include "screens/ham_picture.h"
 #include "screens/pattern_screen.h"
+#include "video/video_mode.h"
 
 #include <algorithm>
 
@@ -56,9 +56,9 @@ constexpr std::array<FileKind, kFileKindCount> kFileKinds{{
     {".HAM", "Screen 7 HAM file",      LoadHamPicture,        0},
     {".G9B", "Team Bomba G9B file",    LoadG9bPicture,        0},
     {".SGX", "SymbOS graphic file",    loadSymbosGraphic,     0},
-    {".VID", "SymbOS video file",      loadClosedKind,        0},
-    {".EVA", "EVA YJK video file",     loadClosedKind,        0},
-    {".EV8", "EVA RGB video file",     loadClosedKind,        0},
+    {".VID", "SymbOS video file",      openVidVideo,          0},
+    {".EVA", "EVA YJK video file",     openEvaVideo,          0},
+    {".EV8", "EVA RGB video file",     openEvaVideo,          0},
 }};
 // clang-format on
 

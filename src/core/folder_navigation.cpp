@@ -23,11 +23,20 @@ bool supported(const std::string &name) {
   return kSupportedExtensions.find(upperCased(lastCharacters(name, kExtensionLength))) != std::string_view::npos;
 }
 
+// Whether `path` without its end `name` is a folder. Once a file of an unknown kind was named, the caption, and so the
+// length of `name`, may be those of another file.
+bool isFileName(std::string_view path, std::string_view name) {
+  path.remove_suffix(name.size());
+  const bool folder = path.empty() || kFolderSeparators.find(path.back()) != std::string_view::npos;
+  return folder && name.find_first_of(kFolderSeparators) == std::string_view::npos;
+}
+
 using Step = int (*)(int index, int count);
 
 void openStep(ViewerState &viewer, Step step) {
   if (viewer.filePath.empty() || videoPlaying(viewer) || viewer.loadUnderWay) return;
   rebuildFolderList(viewer);
+  viewer.vidPlayer.headerReady = kFalse;
   if (viewer.folderFileCount == 0) return;
   viewer.folderIndex = static_cast<int16_t>(step(viewer.folderIndex, viewer.folderFileCount));
   openPath(viewer, viewer.folderPrefix + viewer.folderFiles[static_cast<size_t>(viewer.folderIndex) - 1]);
@@ -41,16 +50,16 @@ void rebuildFolderList(ViewerState &viewer) {
   viewer.folderFiles.clear();
   viewer.folderFileCount = 0;
   viewer.folderIndex = 1;
-  const std::string_view shownName = std::string_view(caption).substr(kCaptionStart.size());
-  // After a file of an unknown kind was named, the caption still shows the one before.
-  if (!viewer.filePath.ends_with(shownName)) return;
-  viewer.folderPrefix = viewer.filePath.substr(0, viewer.filePath.size() - shownName.size());
+  const size_t letters = characterCount(std::string_view(caption).substr(kCaptionStart.size()));
+  const std::string_view name = lastCharacters(viewer.filePath, letters);
+  if (characterCount(name) < letters || !isFileName(viewer.filePath, name)) return;
+  viewer.folderPrefix = viewer.filePath.substr(0, viewer.filePath.size() - name.size());
 
   viewer.folderFiles = viewer.platform.files->listFolder(viewer.folderPrefix.c_str());
-  std::erase_if(viewer.folderFiles, [](const std::string &name) { return !supported(name); });
+  std::erase_if(viewer.folderFiles, [](const std::string &file) { return !supported(file); });
   if (viewer.folderFiles.size() > kMostFiles) viewer.folderFiles.resize(kMostFiles);
   viewer.folderFileCount = static_cast<int16_t>(viewer.folderFiles.size());
-  const auto current = std::find(viewer.folderFiles.begin(), viewer.folderFiles.end(), shownName);
+  const auto current = std::find(viewer.folderFiles.begin(), viewer.folderFiles.end(), name);
   if (current != viewer.folderFiles.end()) {
     viewer.folderIndex = static_cast<int16_t>(current - viewer.folderFiles.begin() + 1);
   }

@@ -14,12 +14,14 @@ struct HelpLine {
   const char *how;
 };
 
-constexpr std::array<HelpLine, 8> kFurtherKeys{{
+constexpr std::array<HelpLine, 10> kFurtherKeys{{
     {"Page Down", "Next picture of the folder"},
     {"Page Up", "Picture before"},
     {"Home", "First picture of the folder"},
     {"End", "Last picture of the folder"},
     {"Esc", "Exit, where Preferences allow it"},
+    {"Space", "Play a video, or stop it"},
+    {", and .", "One frame back, one frame on"},
     {"Arrow keys", "Scroll a picture that is larger than the screen"},
     {"F10 or Alt", "Menus"},
     {"Tab", "Next control of the window"},

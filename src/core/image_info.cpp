@@ -3,30 +3,50 @@
 #include "core/text.h"
 #include "screens/g9b_picture.h"
 #include "screens/ham_picture.h"
+#include "video/sound_track.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
 
 namespace {
 
 std::string line(const char *name, const std::string &value) { return std::string(name) + ":\t" + value + "\n"; }
 
+// The flag may be left from the picture before.
 std::string paletteText(const ViewerState &viewer) {
-  if (viewer.hasPalette != kTrue) return "no";
+  constexpr uint8_t kMostEntries = 64;
+  if (viewer.hasPalette != kTrue || viewer.colourCount == 0 || viewer.colourCount > kMostEntries) return "no";
   return "yes, " + std::to_string(viewer.colourCount) + " colors";
+}
+
+std::string videoLines(const ViewerState &viewer) {
+  const bool eva = viewer.evaPlayer.fileOpen == kTrue;
+  const int32_t frames = eva ? viewer.evaPlayer.frameCount : viewer.vidPlayer.frameCount;
+  const int rate = eva ? viewer.evaPlayer.framesPerSecond : viewer.vidPlayer.framesPerSecond;
+  std::array<char, 32> seconds{};
+  std::snprintf(seconds.data(), seconds.size(), "%.1f seconds", static_cast<double>(frames) / std::max(1, rate));
+  const std::string sound = eva ? grouped(soundFormat(viewer).samplesPerFrame * rate) + " Hz, 8 bits, mono" : "none";
+  return line("Frames", grouped(frames)) + line("Rate", std::to_string(rate) + " frames a second") +
+         line("Length", seconds.data()) + line("Sound", sound);
 }
 
 } // namespace
 
 std::string imageInfo(const ViewerState &viewer) {
-  const char *storage = viewer.isPacked == kTrue ? " (compressed)" : " (raw bitmap)";
-  std::string text =
-      line("File name", viewer.fileName) + line("Folder", viewer.folderPath) +
-      line("Size on disk", grouped(inputFileLength(viewer.inputFile)) + " bytes") +
-      line("Type", viewer.typeDescription + storage) +
-      line("Size", std::to_string(viewer.imageWidth) + " x " + std::to_string(viewer.imageHeight) + " pixels") +
-      line("Depth", std::to_string(viewer.bitsPerPixel) + " bits per pixel") + line("Colors", viewer.window.Label3) +
-      line("Palette", paletteText(viewer));
-  if (viewer.fileExtension == ".HAM") text += hamDetails(viewer);
-  if (viewer.fileExtension == ".G9B") text += g9bDetails(viewer);
-  if (viewer.picturePath != viewer.filePath) text += line("Picture shown", "still that of " + viewer.picturePath);
+  const bool video = videoOpen(viewer);
+  const bool refused = viewer.picturePath != openedPath(viewer);
+  const char *storage = video || refused ? "" : viewer.isPacked == kTrue ? " (compressed)" : " (raw bitmap)";
+  std::string text = line("File name", viewer.fileName) + line("Folder", viewer.folderPath) +
+                     line("Size on disk", grouped(inputFileLength(viewer.inputFile)) + " bytes") +
+                     line("Type", viewer.typeDescription + storage);
+  if (refused) text += line("Picture shown", "still that of " + viewer.picturePath);
+  text += line("Size", std::to_string(viewer.imageWidth) + " x " + std::to_string(viewer.imageHeight) + " pixels") +
+          line("Depth", std::to_string(viewer.bitsPerPixel) + " bits per pixel") +
+          line("Colors", viewer.window.Label3) + line("Palette", paletteText(viewer));
+  if (video) text += videoLines(viewer);
+  if (!refused && viewer.fileExtension == ".HAM") text += hamDetails(viewer);
+  if (!refused && viewer.fileExtension == ".G9B") text += g9bDetails(viewer);
   return text;
 }
 

@@ -3,24 +3,42 @@
 #include "core/commands.h"
 #include "core/folder_navigation.h"
 #include "core/menus.h"
+#include "video/video_mode.h"
 
 #include <array>
+#include <span>
 
 namespace {
 
 constexpr int kEscape = 27;
 
-struct PagingKey {
+struct CommandKey {
   int code;
   MenuCommand command;
 };
 
-constexpr std::array<PagingKey, 4> kPagingKeys{{
+constexpr std::array<CommandKey, 4> kPagingKeys{{
     {33, openPreviousFile}, // PageUp
     {34, openNextFile},     // PageDown
     {36, openFirstFile},    // Home
     {35, openLastFile},     // End
 }};
+
+constexpr std::array<CommandKey, 3> kVideoKeys{{
+    {32, togglePlayback},   // Space
+    {188, showFrameBefore}, // comma
+    {190, showNextFrame},   // period
+}};
+
+// Runs the command of the key where the table has one.
+bool runKey(ViewerState &viewer, std::span<const CommandKey> table, int code) {
+  for (const CommandKey &row : table) {
+    if (row.code != code) continue;
+    row.command(viewer);
+    return true;
+  }
+  return false;
+}
 
 // Whether the key, as it is pressed, is the row's shortcut.
 bool isShortcut(const ViewerState &viewer, const MenuRow &row, KeyPress key) {
@@ -37,15 +55,12 @@ bool isShortcut(const ViewerState &viewer, const MenuRow &row, KeyPress key) {
 } // namespace
 
 bool pressKey(ViewerState &viewer, KeyPress key) {
-  for (const PagingKey &row : kPagingKeys) {
-    if (row.code != key.code) continue;
-    row.command(viewer);
-    return true;
-  }
+  if (runKey(viewer, kPagingKeys, key.code)) return true;
   if (key.code == kEscape && viewer.preferences.Check3 == kTrue) {
     menuExit_Click(viewer);
     return true;
   }
+  if (videoOpen(viewer) && !key.ctrl && !key.alt && runKey(viewer, kVideoKeys, key.code)) return true;
   for (size_t index = 0; index < kMenuRows.size(); ++index) {
     if (!isShortcut(viewer, kMenuRows[index], key)) continue;
     runMenuRow(viewer, index);

@@ -9,5 +9,6 @@ struct KeyPress {
   bool alt = false;
 };
 
-// Runs what the key stands for. Returns false where it stands for nothing now; then it is for the controls.
+// Runs what the key stands for, as far as that can be done now. Returns false where it stands for nothing; then it is
+// for the controls.
 bool pressKey(ViewerState &viewer, KeyPress key);

@@ -45,6 +45,8 @@ void setDefaultPalette(ViewerState &viewer) {
   std::copy(kDefaultPalette.begin(), kDefaultPalette.end(), viewer.palette.begin());
 }
 
+const std::array<uint32_t, 16> &symbosPalette() { return kSymbosPalette; }
+
 void setSymbosPalette(ViewerState &viewer) {
   std::copy(kSymbosPalette.begin(), kSymbosPalette.end(), viewer.palette.begin());
 }

@@ -3,6 +3,7 @@
 
 #include "core/viewer_state.h"
 
+#include <array>
 #include <cstdint>
 #include <optional>
 
@@ -23,6 +24,9 @@ std::optional<uint32_t> fileColour(uint8_t redBlue, uint8_t green);
 
 // Writes the 16 standard colours to entries 0 to 15.
 void setDefaultPalette(ViewerState &viewer);
+
+// The 16 colours of the SymbOS desktop.
+const std::array<uint32_t, 16> &symbosPalette();
 
 // Writes the 16 colours of the SymbOS desktop to entries 0 to 15.
 void setSymbosPalette(ViewerState &viewer);

@@ -8,7 +8,7 @@
 #include <span>
 #include <string>
 
-enum class MessageIcon { kWarning, kInformation };
+enum class MessageIcon { kNone, kWarning, kInformation };
 
 struct PlatformOps {
   void *context = nullptr;
@@ -17,6 +17,12 @@ struct PlatformOps {
   // Brings the window up to date and handles the events that wait; returns when none is left.
   // A handled event may run any command of the viewer.
   void (*runPendingEvents)(void *context) = nullptr;
+
+  // Milliseconds since some moment; wraps after 49.7 days.
+  uint32_t (*tickCount)(void *context) = nullptr;
+
+  // Sleeps until an event waits, but no longer than that.
+  void (*waitForEvents)(void *context, uint32_t milliseconds) = nullptr;
 
   // Takes over the rendered picture as the one to show: `width` x `height` words 0x00RRGGBB, top row first.
   void (*presentPicture)(void *context, std::span<const uint32_t> frameBits, int32_t width, int32_t height) = nullptr;
@@ -52,6 +58,13 @@ struct PlatformOps {
 
   // Full path of the running program.
   std::string (*programPath)(void *context) = nullptr;
+
+  // Plays a WAVE file over and over, from where it stands in memory: it stays there, and is written meanwhile.
+  // Without a sound device nothing happens.
+  void (*startSound)(void *context, std::span<const uint8_t> image) = nullptr;
+
+  // Plays a WAVE file to its end, which ends the one that plays.
+  void (*stopSound)(void *context, std::span<const uint8_t> silence) = nullptr;
 
   // Ends the program; may return before it has ended.
   void (*exitProgram)(void *context) = nullptr;

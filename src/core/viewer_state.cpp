@@ -1,5 +1,16 @@
 #include "core/viewer_state.h"
 
+std::string openedPath(const ViewerState &viewer) { return viewer.folderPath + viewer.fileName; }
+
+bool videoOpen(const ViewerState &viewer) {
+  return viewer.evaPlayer.fileOpen == kTrue || viewer.vidPlayer.fileOpen == kTrue;
+}
+
 bool videoPlaying(const ViewerState &viewer) {
   return viewer.evaPlayer.playing == kTrue || viewer.vidPlayer.playing == kTrue;
+}
+
+void stopPlayback(ViewerState &viewer) {
+  viewer.evaPlayer.playing = kFalse;
+  viewer.vidPlayer.playing = kFalse;
 }

@@ -4,6 +4,7 @@
 #include "core/input_file.h"
 #include "core/numbers.h"
 #include "core/platform_ops.h"
+#include "core/video_players.h"
 #include "core/window_model.h"
 
 #include <array>
@@ -26,16 +27,6 @@ struct Preferences {
   Flag16 Check3 = kFalse;                         // "ESC key exits program"
   Flag16 Check4 = kFalse;                         // "Shortcuts without CTRL"
   Flag16 Check5 = kFalse;                         // "Disable auto aspect ratio"
-};
-
-struct EvaPlayer {
-  Flag16 fileOpen = kFalse;
-  Flag16 playing = kFalse;
-};
-
-struct VidPlayer {
-  Flag16 fileOpen = kFalse;
-  Flag16 playing = kFalse;
 };
 
 // Where a part of a SymbOS graphic goes.
@@ -115,12 +106,23 @@ struct ViewerState {
   Preferences preferences;
   EvaPlayer evaPlayer;
   VidPlayer vidPlayer;
+  SoundImages soundImages;
 
   WindowModel window;
   PlatformOps platform;
 
   bool loadUnderWay = false;  // commands that arrive meanwhile are ignored
-  bool exitRequested = false; // the window was closed during a load: exit when it has ended
+  bool runUnderWay = false;   // a video plays; to open, to close or to exit ends it first and is then carried out
+  bool exitRequested = false; // during a load or a run
+  bool closeRequested = false;
+  std::string pathRequested;
 };
 
+// The file that was last opened. `filePath` may since name one of an unknown kind.
+std::string openedPath(const ViewerState &viewer);
+
+bool videoOpen(const ViewerState &viewer);
 bool videoPlaying(const ViewerState &viewer);
+
+// Clears `playing`; the run ends at its next event pass.
+void stopPlayback(ViewerState &viewer);

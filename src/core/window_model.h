@@ -41,6 +41,11 @@ struct ColourReadout {
   uint32_t colour = 0; // 0x00RRGGBB
 };
 
+// Play and Stop of a video.
+struct ImageButton {
+  bool visible = false;
+};
+
 struct WindowModel {
   std::string caption = "Korilan";
 
@@ -70,6 +75,8 @@ struct WindowModel {
   MenuItem menuHelp;
   MenuItem menuAbout;
 
+  ImageButton Image1; // Play
+  ImageButton Image2; // Stop
   ScrollBar HScroll1;
 
   bool alwaysCentred = false; // each fitting of the window puts it in the middle of the work area

@@ -6,18 +6,30 @@ namespace {
 
 HeadlessPlatform &platformOf(void *context) { return *static_cast<HeadlessPlatform *>(context); }
 
+// Depackers make tens of thousands of event passes, videos show as many frames: one line stands for all in a row.
+void logOnce(HeadlessPlatform &headless, const std::string &line) {
+  if (headless.log.empty() || headless.log.back() != line) headless.log.push_back(line);
+}
+
 void runPendingEvents(void *context) {
   HeadlessPlatform &headless = platformOf(context);
-  // Depackers make tens of thousands of passes: one line stands for all in a row.
-  if (headless.log.empty() || headless.log.back() != "runPendingEvents") headless.log.emplace_back("runPendingEvents");
+  logOnce(headless, "runPendingEvents");
   if (headless.events.empty()) return;
   const HeadlessEvent event = std::move(headless.events.front());
   headless.events.pop_front();
   event.deliver(*headless.viewer, event.argument);
 }
 
+uint32_t tickCount(void *context) { return platformOf(context).ticks; }
+
+// An event that waits arrives after a millisecond.
+void waitForEvents(void *context, uint32_t milliseconds) {
+  HeadlessPlatform &headless = platformOf(context);
+  headless.ticks += headless.events.empty() ? milliseconds : 1;
+}
+
 void presentPicture(void *context, std::span<const uint32_t>, int32_t width, int32_t height) {
-  platformOf(context).log.push_back("presentPicture " + std::to_string(width) + "x" + std::to_string(height));
+  logOnce(platformOf(context), "presentPicture " + std::to_string(width) + "x" + std::to_string(height));
 }
 
 bool copyToClipboard(void *context, std::span<const uint8_t> bitmap, std::span<const uint8_t> bitmapV5) {
@@ -39,7 +51,9 @@ std::string askOpenFileName(void *context, const std::string &filter, const std:
 }
 
 void showMessage(void *context, const std::string &title, const std::string &text, MessageIcon icon) {
-  const char *kind = icon == MessageIcon::kInformation ? "showMessage (i) " : "showMessage (!) ";
+  const char *kind = icon == MessageIcon::kInformation ? "showMessage (i) "
+                     : icon == MessageIcon::kWarning   ? "showMessage (!) "
+                                                       : "showMessage ";
   platformOf(context).log.push_back(kind + title + ": " + text);
 }
 
@@ -69,6 +83,14 @@ void notifyAssociations(void *context) { platformOf(context).log.emplace_back("n
 
 std::string programPath(void *) { return "C:\\Programs\\Korilan.exe"; }
 
+void startSound(void *context, std::span<const uint8_t> image) {
+  platformOf(context).log.push_back("startSound " + std::to_string(image.size()));
+}
+
+void stopSound(void *context, std::span<const uint8_t> silence) {
+  platformOf(context).log.push_back("stopSound " + std::to_string(silence.size()));
+}
+
 void exitProgram(void *context) { platformOf(context).log.emplace_back("exitProgram"); }
 
 } // namespace
@@ -78,6 +100,8 @@ void attachHeadless(ViewerState &viewer, HeadlessPlatform &headless) {
   viewer.platform = {.context = &headless,
                      .files = &systemFiles(),
                      .runPendingEvents = runPendingEvents,
+                     .tickCount = tickCount,
+                     .waitForEvents = waitForEvents,
                      .presentPicture = presentPicture,
                      .copyToClipboard = copyToClipboard,
                      .askOpenFileName = askOpenFileName,
@@ -89,5 +113,7 @@ void attachHeadless(ViewerState &viewer, HeadlessPlatform &headless) {
                      .deleteSetting = deleteSetting,
                      .notifyAssociations = notifyAssociations,
                      .programPath = programPath,
+                     .startSound = startSound,
+                     .stopSound = stopSound,
                      .exitProgram = exitProgram};
 }

@@ -24,6 +24,7 @@ struct HeadlessPlatform {
   bool clipboardHeld = false;          // by another program
   std::deque<std::string> chosenFiles; // answers to the open dialog; none left: cancelled
   std::map<std::string, std::string> settings;
+  uint32_t ticks = 0; // the clock, in milliseconds; only waiting makes it go on
 };
 
 // Hands the viewer a table that calls `headless`; both must live as long as the other is used.

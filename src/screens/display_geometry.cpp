@@ -19,7 +19,7 @@ constexpr double kReduction = 2.2;
 } // namespace
 
 void ApplyDisplayGeometry(ViewerState &viewer) {
-  if (viewer.pictureShown != kTrue) return;
+  if (viewer.pictureShown != kTrue || videoOpen(viewer)) return;
   WindowModel &window = viewer.window;
   const int32_t width = viewer.frameWidth;
   const int32_t height = viewer.frameHeight;

@@ -11,7 +11,8 @@ inline constexpr int32_t kEmptyViewWidth = 516;
 inline constexpr int32_t kEmptyViewHeight = 428;
 
 // Sizes MainView and the stretch of the picture onto it, has it drawn anew, and enables the palette commands that the
-// picture allows. Does nothing while no picture is shown.
+// picture allows. Does nothing while no picture is shown, or a video, which is
+// always seen at twice its size.
 void ApplyDisplayGeometry(ViewerState &viewer);
 
 // The picture as MainView shows it: targetWidth x targetHeight words 0x00RRGGBB, each the source pixel that it

@@ -6,6 +6,8 @@
 #define kLabel5Id 110 // sixteen swatches
 #define kReadoutId 126
 #define kReadoutSwatchId 127
+#define kImage1Id 130 // Play; Image2, Stop, follows
+#define kHScroll1Id 132
 
 // Command number of the first row of kMenuRows; the others follow in order.
 #define kFirstMenuCommand 1000

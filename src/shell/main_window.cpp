@@ -8,6 +8,7 @@
 #include "shell/swatches.h"
 #include "shell/window_placement.h"
 #include "shell/window_sync.h"
+#include "video/video_mode.h"
 
 #include <shellapi.h>
 
@@ -51,6 +52,9 @@ HWND createStatic(const MainWindow &main, HINSTANCE instance, size_t id, DWORD s
 
 bool createControls(MainWindow &main, HINSTANCE instance) {
   if (!createMainView(main.mainView, main.window, instance)) return false;
+  if (!createVideoButtons(main.videoButtons, main.window, instance)) return false;
+  main.frameBar = CreateWindowExA(0, "SCROLLBAR", "Frame", WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP | SBS_HORZ, 0, 0, 0,
+                                  0, main.window, reinterpret_cast<HMENU>(INT_PTR{kHScroll1Id}), instance, nullptr);
   constexpr DWORD kLabel = WS_VISIBLE | SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS;
   for (size_t i = 0; i < main.labels.size(); ++i) main.labels[i] = createStatic(main, instance, kLabel1Id + i, kLabel);
   for (size_t i = 0; i < main.swatches.size(); ++i) {
@@ -82,6 +86,33 @@ void openDroppedFile(MainWindow &main, HDROP drop) {
   openPath(*main.viewer, path);
 }
 
+void scrollFrames(const MainWindow &main, int request) {
+  constexpr int kPageFrames = 12;
+  SCROLLINFO track{};
+  track.cbSize = sizeof track;
+  track.fMask = SIF_TRACKPOS;
+  GetScrollInfo(main.frameBar, SB_CTL, &track);
+  ViewerState &viewer = *main.viewer;
+  const ScrollBar &bar = viewer.window.HScroll1;
+  switch (request) {
+  case SB_LINELEFT: HScroll1_Change(viewer, bar.value - 1); break;
+  case SB_LINERIGHT: HScroll1_Change(viewer, bar.value + 1); break;
+  case SB_PAGELEFT: HScroll1_Change(viewer, bar.value - kPageFrames); break;
+  case SB_PAGERIGHT: HScroll1_Change(viewer, bar.value + kPageFrames); break;
+  case SB_LEFT: HScroll1_Change(viewer, 0); break;
+  case SB_RIGHT: HScroll1_Change(viewer, bar.maximum); break;
+  case SB_THUMBTRACK:
+  case SB_THUMBPOSITION: HScroll1_Change(viewer, track.nTrackPos); break;
+  default: return;
+  }
+  SetScrollPos(main.frameBar, SB_CTL, bar.value, TRUE); // where the user's wish was refused, too
+}
+
+void runControl(ViewerState &viewer, int id) {
+  if (id == kImage1Id) Image1_Click(viewer);
+  if (id == kImage1Id + 1) Image2_Click(viewer);
+}
+
 // At another resolution the window keeps the corner that the system proposes; its size follows from the content.
 void changeResolution(MainWindow &main, UINT dotsPerInch, const RECT &proposed) {
   updateFont(main, dotsPerInch);
@@ -102,8 +133,13 @@ LRESULT CALLBACK mainWindowProcedure(HWND window, UINT message, WPARAM wParam, L
 
   switch (message) {
   case WM_COMMAND:
-    if (lParam == 0) runMenuRow(*main->viewer, size_t{LOWORD(wParam)} - kFirstMenuCommand);
+    if (lParam == 0) {
+      runMenuRow(*main->viewer, size_t{LOWORD(wParam)} - kFirstMenuCommand);
+    } else if (HIWORD(wParam) == BN_CLICKED) {
+      runControl(*main->viewer, LOWORD(wParam));
+    }
     break;
+  case WM_HSCROLL: scrollFrames(*main, LOWORD(wParam)); break;
   case WM_SETFOCUS: SetFocus(main->mainView.window); return 0;
   case WM_DRAWITEM: drawItem(*main, *reinterpret_cast<const DRAWITEMSTRUCT *>(lParam)); return TRUE;
   case kMouseOverView: moveMouse(*main->viewer, static_cast<int32_t>(wParam), static_cast<int32_t>(lParam)); break;

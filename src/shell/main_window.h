@@ -3,6 +3,7 @@
 
 #include "core/viewer_state.h"
 #include "shell/main_view.h"
+#include "shell/video_buttons.h"
 #include "shell/window_layout.h"
 
 #include <windows.h>
@@ -18,6 +19,8 @@ struct MainWindow {
   std::array<HWND, 16> swatches{}; // Label5
   HWND readout = nullptr;
   HWND readoutSwatch = nullptr;
+  VideoButtons videoButtons; // Image1 and Image2
+  HWND frameBar = nullptr;   // HScroll1
   HFONT font = nullptr;
   TextMetrics metrics;
 

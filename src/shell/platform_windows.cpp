@@ -3,6 +3,7 @@
 #include "shell/open_file_dialog.h"
 #include "shell/preferences_dialog.h"
 #include "shell/registry_settings.h"
+#include "shell/sound_device.h"
 #include "shell/text_dialog.h"
 #include "shell/window_sync.h"
 
@@ -17,7 +18,7 @@ void runPendingEvents(void *context) {
   constexpr DWORD kLeastPauseMilliseconds = 5;
   MainWindow &main = mainWindowOf(context);
   const DWORD now = GetTickCount();
-  if (now - main.lastEventPass < kLeastPauseMilliseconds) return;
+  if (main.viewer->loadUnderWay && now - main.lastEventPass < kLeastPauseMilliseconds) return;
   main.lastEventPass = now;
   syncWindow(main);
   MSG message;
@@ -28,6 +29,12 @@ void runPendingEvents(void *context) {
     }
     handleMessage(main, message);
   }
+}
+
+uint32_t tickCount(void *) { return GetTickCount(); }
+
+void waitForEvents(void *, uint32_t milliseconds) {
+  MsgWaitForMultipleObjectsEx(0, nullptr, milliseconds, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
 }
 
 void presentPicture(void *context, std::span<const uint32_t> frameBits, int32_t width, int32_t height) {
@@ -83,7 +90,9 @@ std::string askOpenFileName(void *context, const std::string &filter, const std:
 void showMessage(void *context, const std::string &title, const std::string &text, MessageIcon icon) {
   MainWindow &main = mainWindowOf(context);
   syncWindow(main);
-  const auto iconFlag = static_cast<UINT>(icon == MessageIcon::kInformation ? MB_ICONINFORMATION : MB_ICONWARNING);
+  const auto iconFlag = static_cast<UINT>(icon == MessageIcon::kInformation ? MB_ICONINFORMATION
+                                          : icon == MessageIcon::kWarning   ? MB_ICONWARNING
+                                                                            : 0);
   MessageBoxA(main.window, text.c_str(), title.c_str(), MB_OK | iconFlag);
 }
 
@@ -118,6 +127,10 @@ std::string programPath(void *) {
   }
 }
 
+void startSound(void *, std::span<const uint8_t> image) { playLooping(image); }
+
+void stopSound(void *, std::span<const uint8_t> silence) { playOnce(silence); }
+
 void exitProgram(void *context) {
   const MainWindow &main = mainWindowOf(context);
   if (main.window != nullptr) DestroyWindow(main.window);
@@ -130,6 +143,8 @@ PlatformOps windowsPlatform(MainWindow &main) {
       .context = &main,
       .files = &systemFiles(),
       .runPendingEvents = runPendingEvents,
+      .tickCount = tickCount,
+      .waitForEvents = waitForEvents,
       .presentPicture = presentPicture,
       .copyToClipboard = copyToClipboard,
       .askOpenFileName = askOpenFileName,
@@ -141,6 +156,8 @@ PlatformOps windowsPlatform(MainWindow &main) {
       .deleteSetting = deleteSetting,
       .notifyAssociations = notifyAssociations,
       .programPath = programPath,
+      .startSound = startSound,
+      .stopSound = stopSound,
       .exitProgram = exitProgram,
   };
 }

@@ -41,6 +41,10 @@ std::string swatchName(size_t index, uint32_t colour) {
 }
 
 void drawItem(const MainWindow &main, const DRAWITEMSTRUCT &item) {
+  if (item.CtlType == ODT_BUTTON) {
+    drawVideoButton(main.videoButtons, item);
+    return;
+  }
   const WindowModel &model = main.shown;
   const HGDIOBJ former = SelectObject(item.hDC, main.font);
   if (item.CtlID == kReadoutId) {

@@ -1,4 +1,4 @@
-// The fields of the main window that show a colour, and the read-out under the mouse.
+// What the main window draws itself: fields that show a colour, the read-out under the mouse, the buttons of a video.
 #pragma once
 
 #include "shell/main_window.h"

@@ -11,6 +11,8 @@ constexpr int kRowGap = 2;
 
 constexpr int kFieldGap = 8;
 constexpr int kSwatchPadding = 3;
+constexpr int kButtonSide = 26;
+constexpr int kFrameBarHeight = 17;
 
 // Around the picture inside of MainView, on either side.
 constexpr LONG kFrameWidth = 2;
@@ -30,6 +32,16 @@ int swatchWidth(const TextMetrics &metrics) { return 2 * metrics.characterWidth 
 int rowHeight(const TextMetrics &metrics) { return metrics.lineHeight + scaled(kRowGap, metrics); }
 
 int labelRowsHeight(const TextMetrics &metrics) { return 2 * rowHeight(metrics); }
+
+// The row of Play, Stop and the frame scroll bar, with the gap above it.
+int videoRowHeight(const WindowModel &model, const TextMetrics &metrics) {
+  return model.HScroll1.visible ? scaled(kLabelGap + kButtonSide, metrics) : 0;
+}
+
+// All rows below MainView.
+int rowsHeight(const WindowModel &model, const TextMetrics &metrics) {
+  return videoRowHeight(model, metrics) + scaled(kLabelGap, metrics) + labelRowsHeight(metrics);
+}
 
 int fieldsWidth(const TextMetrics &metrics) {
   int width = 0;
@@ -56,7 +68,7 @@ SIZE contentSize(const WindowModel &model, const TextMetrics &metrics, LONG most
   const int firstRow = fieldsWidth(metrics) + gap + 16 * swatchWidth(metrics);
   const int secondRow =
       (kStatusCharacters + kReadoutCharacters) * metrics.characterWidth + 2 * gap + swatchWidth(metrics);
-  const LONG height = 2 * margin + model.mainViewHeight + scaled(kLabelGap, metrics) + labelRowsHeight(metrics);
+  const LONG height = 2 * margin + model.mainViewHeight + rowsHeight(model, metrics);
   const LONG viewWidth = model.mainViewWidth + (height > mostHeight ? metrics.scrollBarWidth : 0);
   return {.cx = 2 * margin + std::max({viewWidth, LONG{firstRow}, LONG{secondRow}}), .cy = height};
 }
@@ -66,16 +78,29 @@ WindowLayout layOutWindow(const WindowModel &model, const TextMetrics &metrics, 
   const int gap = scaled(kFieldGap, metrics);
   const LONG labelGap = scaled(kLabelGap, metrics);
   const LONG mostWidth = std::max(LONG{0}, client.cx - 2 * margin);
-  const LONG mostHeight = std::max(LONG{0}, client.cy - 2 * margin - labelGap - labelRowsHeight(metrics));
+  const LONG mostHeight = std::max(LONG{0}, client.cy - 2 * margin - rowsHeight(model, metrics));
   const LONG height = std::min(LONG{model.mainViewHeight}, mostHeight);
   const bool scrolled = height < model.mainViewHeight;
   const LONG wanted = model.mainViewWidth + (scrolled ? metrics.scrollBarWidth : 0);
   const LONG width = std::min(wanted, mostWidth);
 
   WindowLayout layout;
-  layout.mainView = {margin, margin, margin + width, margin + height};
+  const LONG viewLeft = margin + (mostWidth - width) / 2;
+  layout.mainView = {viewLeft, margin, viewLeft + width, margin + height};
 
-  const LONG firstRow = margin + height + labelGap;
+  const LONG videoTop = margin + height + labelGap;
+  const int buttonSide = scaled(kButtonSide, metrics);
+  const LONG barTop = videoTop + (buttonSide - scaled(kFrameBarHeight, metrics)) / 2;
+  LONG buttonLeft = margin;
+  for (RECT &button : layout.videoButtons) {
+    button = nextRectangle(buttonLeft, videoTop, buttonSide, buttonSide);
+    buttonLeft += gap / 2;
+  }
+  buttonLeft += gap / 2;
+  layout.frameBar = {buttonLeft, barTop, std::max(buttonLeft, margin + mostWidth),
+                     barTop + scaled(kFrameBarHeight, metrics)};
+
+  const LONG firstRow = margin + height + videoRowHeight(model, metrics) + labelGap;
   LONG left = margin;
   for (size_t field = 0; field < kFieldCharacters.size(); ++field) {
     layout.labels[field] =

@@ -19,6 +19,8 @@ struct WindowLayout {
   RECT mainView{};
   std::array<RECT, 4> labels{};    // Label1 to Label4
   std::array<RECT, 16> swatches{}; // Label5
+  std::array<RECT, 2> videoButtons{};
+  RECT frameBar{};
   RECT readout{};
   RECT readoutSwatch{};
 };
@@ -30,8 +32,9 @@ SIZE pictureAreaOf(const WindowModel &model);
 // for a scroll bar beside the picture.
 SIZE contentSize(const WindowModel &model, const TextMetrics &metrics, LONG mostHeight);
 
-// MainView at the top left; below it Label1 to Label3 with the swatches beside them; below those Label4 with the
-// read-out at the right end. In a client area that is too small MainView is cut and the labels stay in sight.
+// MainView at the top, in the middle; below it the controls of a video; below those Label1 to Label3 with the swatches
+// beside them; below those Label4 with the read-out at the right end. In a client area that is too small MainView is
+// cut and the labels stay in sight.
 WindowLayout layOutWindow(const WindowModel &model, const TextMetrics &metrics, SIZE client);
 
 // `window` made no larger than the work area, then moved onto it by the shortest way.

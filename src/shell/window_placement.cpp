@@ -76,6 +76,10 @@ void placeControls(MainWindow &main) {
   moveWindow(main.mainView.window, layout.mainView);
   for (size_t i = 0; i < main.labels.size(); ++i) moveWindow(main.labels[i], layout.labels[i]);
   for (size_t i = 0; i < main.swatches.size(); ++i) moveWindow(main.swatches[i], layout.swatches[i]);
+  for (size_t i = 0; i < main.videoButtons.size(); ++i) {
+    moveWindow(main.videoButtons[i].window, layout.videoButtons[i]);
+  }
+  moveWindow(main.frameBar, layout.frameBar);
   moveWindow(main.readout, layout.readout);
   moveWindow(main.readoutSwatch, layout.readoutSwatch);
 }

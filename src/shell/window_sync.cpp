@@ -5,6 +5,7 @@
 #include "shell/swatches.h"
 #include "shell/window_placement.h"
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 
@@ -54,6 +55,23 @@ void syncReadout(const MainWindow &main, const ColourReadout &readout) {
   if (visible != !main.shown.readout.text.empty()) ShowWindow(main.readoutSwatch, visible ? SW_SHOWNA : SW_HIDE);
 }
 
+void syncVideoControls(const MainWindow &main, const WindowModel &model) {
+  const ScrollBar &bar = model.HScroll1;
+  const ScrollBar &shown = main.shown.HScroll1;
+  if (bar.maximum != shown.maximum || bar.value != shown.value) {
+    SCROLLINFO state{};
+    state.cbSize = sizeof state;
+    state.fMask = SIF_RANGE | SIF_POS | SIF_DISABLENOSCROLL;
+    state.nMax = std::max(0, bar.maximum);
+    state.nPos = bar.value;
+    SetScrollInfo(main.frameBar, SB_CTL, &state, TRUE);
+  }
+  if (bar.visible == shown.visible) return;
+  if (!bar.visible) SetFocus(main.mainView.window); // it may have been on one of them
+  showVideoButtons(main.videoButtons, model.Image1.visible);
+  ShowWindow(main.frameBar, bar.visible ? SW_SHOWNA : SW_HIDE);
+}
+
 void syncViewMenu(const MainWindow &main, const WindowModel &model) {
   if (model.menuView.enabled == main.shown.menuView.enabled) return;
   UINT position = 0;
@@ -79,12 +97,14 @@ void syncWindow(MainWindow &main) {
   }
   syncSwatches(main, model);
   syncReadout(main, model.readout);
+  syncVideoControls(main, model);
   syncMenuItems(main, model);
   syncViewMenu(main, model);
 
   const bool recentred = model.alwaysCentred && !main.shown.alwaysCentred;
-  const bool resized =
-      model.mainViewWidth != main.shown.mainViewWidth || model.mainViewHeight != main.shown.mainViewHeight;
+  const bool resized = model.mainViewWidth != main.shown.mainViewWidth ||
+                       model.mainViewHeight != main.shown.mainViewHeight ||
+                       model.HScroll1.visible != main.shown.HScroll1.visible;
   const bool redrawn = model.pictureSerial != main.shown.pictureSerial || model.stretch != main.shown.stretch;
   // Resizing brings in further messages, for which this model is then the one shown.
   main.shown = model;

@@ -114,7 +114,7 @@ TEST(ImageInfo, Lines) {
 
     window.open("bad.SC6", {1, 2, 3});
     const std::string still = std::string("Picture shown:\tstill that of ") + row.path + "\n";
-    EXPECT_TRUE(imageInfo(window.viewer).ends_with(still)) << imageInfo(window.viewer);
+    EXPECT_TRUE(imageInfo(window.viewer).find(still) != std::string::npos) << imageInfo(window.viewer);
   }
 }
 

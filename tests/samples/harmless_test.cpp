@@ -1,6 +1,5 @@
 // Damaged files of every kind. What they show is not looked at closely: the sanitizers are, and that nothing is lost.
 #include "core/file_kinds.h"
-#include "formats/closed_kind.h"
 #include "samples/opened_sample.h"
 
 #include <gtest/gtest.h>
@@ -46,7 +45,7 @@ struct DamagedKind : testing::TestWithParam<const char *> {
     const ViewerState &viewer = test.viewer;
     const auto pixels = static_cast<size_t>(viewer.frameWidth) * static_cast<size_t>(viewer.frameHeight);
     ASSERT_EQ(viewer.frameBits.size(), pixels) << sample.name;
-    if (viewer.window.Label4.empty()) {
+    if (!viewer.window.Label4.starts_with("***")) {
       before = viewer.frameBits;
     } else {
       ASSERT_TRUE(viewer.frameBits == before) << sample.name << ": " << viewer.window.Label4;
@@ -93,7 +92,7 @@ TEST_P(DamagedKind, FirstBytesOfAnyValue) {
 std::vector<const char *> readableExtensions() {
   std::vector<const char *> extensions;
   for (const FileKind &kind : kFileKinds) {
-    if (kind.load != loadClosedKind) extensions.push_back(kind.extension);
+    extensions.push_back(kind.extension);
   }
   return extensions;
 }

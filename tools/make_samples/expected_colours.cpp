@@ -1,6 +1,7 @@
 #include "expected_colours.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace samples {
 
@@ -18,14 +19,21 @@ int signedChroma(int low, int high) {
   return value > 31 ? value - 64 : value;
 }
 
+double roundedToEven(double value) {
+  const double below = std::floor(value), rest = value - below;
+  const bool odd = std::floor(below / 2) * 2 < below;
+  return rest > 0.5 || (rest >= 0.5 && odd) ? below + 1 : below;
+}
+
 std::uint32_t yjkChannel(double level) { return static_cast<std::uint32_t>(std::clamp(level, 0.0, 31.0) * 8); }
 
-std::uint32_t yjkColour(const Bytes &bytes, std::size_t position) {
+std::uint32_t yjkColour(const Bytes &bytes, std::size_t position, bool wholeBlue = false) {
   const std::size_t group = position / 4 * 4;
   const int k = signedChroma(bytes[group], bytes[group + 1]);
   const int j = signedChroma(bytes[group + 2], bytes[group + 3]);
   const int y = bytes[position] / 8;
-  return wordOf(yjkChannel(y + j), yjkChannel(y + k), yjkChannel(5.0 * y / 4 - j / 2.0 - k / 4.0));
+  const double blue = 5.0 * y / 4 - j / 2.0 - k / 4.0;
+  return wordOf(yjkChannel(y + j), yjkChannel(y + k), yjkChannel(wholeBlue ? roundedToEven(blue) : blue));
 }
 
 } // namespace
@@ -78,6 +86,18 @@ std::vector<std::uint32_t> shownYae(const Bytes &bytes, const ColourWords &colou
     const bool fromPalette = (bytes[i] & 8) != 0;
     shown.push_back(fromPalette ? colours[bytes[i] / 16] : yjkColour(bytes, i));
   }
+  return shown;
+}
+
+std::vector<std::uint32_t> shownVideoYjk(const Bytes &bytes) {
+  std::vector<std::uint32_t> shown;
+  for (std::size_t i = 0; i < bytes.size(); ++i) shown.push_back(yjkColour(bytes, i, true));
+  return shown;
+}
+
+std::vector<std::uint32_t> shownVideoRgb(const Bytes &bytes) {
+  std::vector<std::uint32_t> shown;
+  for (const std::uint8_t byte : bytes) shown.push_back(wordOf(byte / 4 % 8 * 32u, byte / 32 * 32u, byte % 4 * 64u));
   return shown;
 }
 

@@ -18,4 +18,8 @@ std::vector<std::uint32_t> shownGrb332(const Bytes &bytes);
 std::vector<std::uint32_t> shownYjk(const Bytes &bytes);
 std::vector<std::uint32_t> shownYae(const Bytes &bytes, const ColourWords &colours);
 
+// The same in videos: blue is rounded to a whole level, and the levels of bytes GGGRRRBB are 32 and 64 apart.
+std::vector<std::uint32_t> shownVideoYjk(const Bytes &bytes);
+std::vector<std::uint32_t> shownVideoRgb(const Bytes &bytes);
+
 } // namespace samples

@@ -177,6 +177,7 @@ std::vector<SamplePicture> normalSamplePictures() {
   addG9bSamples(pictures, gallery);
   addSymbosSamples(pictures);
   addVscreenSamples(pictures, gallery);
+  addVideoSamples(pictures);
   return pictures;
 }
 

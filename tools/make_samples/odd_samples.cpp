@@ -223,6 +223,7 @@ std::vector<SamplePicture> oddSamplePictures() {
   addOddG9bSamples(pictures, gallery);
   addOddSymbosSamples(pictures);
   addOddVscreenSamples(pictures, gallery);
+  addOddVideoSamples(pictures);
   return pictures;
 }
 

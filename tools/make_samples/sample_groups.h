@@ -30,4 +30,8 @@ void addOddSymbosSamples(std::vector<SamplePicture> &pictures);
 void addVscreenSamples(std::vector<SamplePicture> &pictures, Gallery &gallery);
 void addOddVscreenSamples(std::vector<SamplePicture> &pictures, Gallery &gallery);
 
+// EVA, EV8 and SymbOS videos.
+void addVideoSamples(std::vector<SamplePicture> &pictures);
+void addOddVideoSamples(std::vector<SamplePicture> &pictures);
+
 } // namespace samples

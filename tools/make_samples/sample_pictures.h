@@ -23,6 +23,11 @@ struct SamplePicture {
   std::vector<std::uint32_t> expected;        // width * height words 0x00RRGGBB, top row first
   std::string error;                          // error line of a refused file; "" when it ends silently
   std::vector<CompanionFile> companions = {}; // on the disk beside the sample
+  std::string status = {};                    // status line of a shown file; "" for pictures
+  // Of a video: each frame as it should be shown, as many as the file counts. Frame 0 is the one expected above, also
+  // where the file counts none.
+  std::vector<std::vector<std::uint32_t>> frames = {};
+  std::vector<std::uint8_t> sound = {}; // the whole track, unsigned 8-bit mono; empty when there is none
 };
 
 // All samples, normal ones first. The bytes are the same with every compiler and on every machine.

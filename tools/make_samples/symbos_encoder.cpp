@@ -31,9 +31,7 @@ Bytes packLines(const IndexedPicture &picture, SymbosVariant variant) {
   case SymbosVariant::kPairedBits: return packCrumbs(indexes);
   case SymbosVariant::kSplitBits: break;
   }
-  Bytes bytes;
-  for (std::size_t i = 0; i < indexes.size(); i += 4) bytes.push_back(splitBits(indexes.data() + i));
-  return bytes;
+  return packSplitBits(indexes);
 }
 
 Bytes recordHeader(int control, int bytesPerLine, int width, int height, SymbosVariant variant) {
@@ -46,6 +44,12 @@ Bytes recordHeader(int control, int bytesPerLine, int width, int height, SymbosV
 }
 
 } // namespace
+
+Bytes packSplitBits(const Bytes &indexes) {
+  Bytes bytes;
+  for (std::size_t i = 0; i < indexes.size(); i += 4) bytes.push_back(splitBits(indexes.data() + i));
+  return bytes;
+}
 
 Bytes symbosTile(const IndexedPicture &picture, SymbosVariant variant) {
   const int perByte = pixelsPerByte(variant);

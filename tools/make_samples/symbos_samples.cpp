@@ -12,9 +12,6 @@ namespace samples {
 
 namespace {
 
-constexpr ColourWords kSymbosColours = {0xFFFF91, 0x000000, 0xFF9100, 0x910000, 0x00FFFF, 0x000091, 0x9191FF, 0x0000FF,
-                                        0xFFFFFF, 0x009100, 0x00FF00, 0xFF00FF, 0xFFFF00, 0x919191, 0xFF9191, 0xFF0000};
-
 IndexedPicture inFourColours(const TruePicture &scene) { return diffuseToPalette(scene, kSymbosColours, 4); }
 IndexedPicture inSixteenColours(const TruePicture &scene) { return diffuseToPalette(scene, kSymbosColours, 16); }
 

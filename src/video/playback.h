@@ -1,0 +1,22 @@
+// What the runs of both players share.
+#pragma once
+
+#include "core/viewer_state.h"
+
+#include <string>
+
+// "Frame: 7"
+std::string frameText(int32_t frame);
+
+// Where a run begins: at the scroll bar's place, or at frame 0, where the bar is put, when that is the last frame.
+int32_t runStart(ScrollBar &bar, int32_t frameCount);
+
+// The commands that would load or draw a picture cannot be chosen during a run.
+void enableDuringRun(ViewerState &viewer, bool enabled);
+
+// Waits until the frame with that number, counted from the start of the run, is due, with event passes in between.
+// A rate of 0 counts as 1. Returns false, at once, when an event pass has cleared `playing`.
+bool waitForFrame(ViewerState &viewer, uint32_t startTicks, int32_t frame, int framesPerSecond, const Flag16 &playing);
+
+// Puts the scroll bar and the status line on a frame of the run.
+void showFrameNumber(ViewerState &viewer, int32_t frame);
