@@ -1,17 +1,24 @@
 #include "cli/arguments.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
+#include <limits>
 #include <string_view>
 
 const char *const kCliHelp =
-    "korilan-cli: pictures of MSX home computers, without a window\n"
+    "korilan-cli: pictures and videos of MSX home computers, without a window\n"
     "\n"
-    "  korilan-cli info    [--json] FILE...\n"
+    "  korilan-cli info    [--json] [--frame N] FILE...\n"
     "      what the window would show; with --json an object a line\n"
-    "  korilan-cli convert [-o OUT | -d DIR] [--format bmp|ppm] [--shown] [--jobs N] FILE...\n"
+    "  korilan-cli convert [-o OUT | -d DIR] [--format bmp|ppm] [--frame N | --all-frames] [--shown] [--jobs N] "
+    "FILE...\n"
     "      writes each picture at its own size beside its file, to DIR, or to OUT (- is standard output);\n"
-    "      --shown applies zoom and aspect as the window does\n"
+    "      of a video frame N, from 0 on, or all; --shown applies zoom and aspect as the window does\n"
+    "  korilan-cli video   FILE -o OUT.y4m|-\n"
+    "      writes all frames of a video as YUV4MPEG2\n"
+    "  korilan-cli sound   FILE -o OUT.wav|-\n"
+    "      writes the whole sound of a video as a WAVE file\n"
     "\n"
     "Exit status: 0 all files shown, 1 some file not, 2 wrong usage.\n";
 
@@ -23,29 +30,82 @@ bool endsIn(std::string_view text, std::string_view ending) {
   return text.size() >= ending.size() && text.substr(text.size() - ending.size()) == ending;
 }
 
-// What an option of convert takes from its value; returns what is wrong.
-std::string takeValue(const std::string &option, const std::string &value, CliRequest &request) {
-  if (option == "-o") {
-    request.outPath = value;
-    return value.empty() ? "-o needs a file name" : "";
-  }
-  if (option == "-d") {
-    request.outDirectory = value;
-    return value.empty() ? "-d needs a folder" : "";
-  }
-  if (option == "--format") {
-    request.format = value == "ppm" ? ImageFormat::kPpm : ImageFormat::kBmp;
-    return value == "ppm" || value == "bmp" ? "" : "--format takes bmp or ppm, not '" + value + "'";
-  }
-  const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), request.jobs);
-  const bool whole = error == std::errc() && end == value.data() + value.size();
-  if (whole && request.jobs >= 1 && request.jobs <= kMostJobs) return "";
+// A whole number with nothing behind it.
+template <typename Number> bool takeNumber(const std::string &text, Number least, Number most, Number &number) {
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  return error == std::errc() && end == text.data() + text.size() && number >= least && number <= most;
+}
+
+// Each option takes its value, or nothing, into the request and returns what is wrong.
+std::string takeOut(const std::string &value, CliRequest &request) {
+  request.outPath = value;
+  return value.empty() ? "-o needs a file name" : "";
+}
+
+std::string takeDirectory(const std::string &value, CliRequest &request) {
+  request.outDirectory = value;
+  return value.empty() ? "-d needs a folder" : "";
+}
+
+std::string takeFormat(const std::string &value, CliRequest &request) {
+  request.format = value == "ppm" ? ImageFormat::kPpm : ImageFormat::kBmp;
+  return value == "ppm" || value == "bmp" ? "" : "--format takes bmp or ppm, not '" + value + "'";
+}
+
+std::string takeJobs(const std::string &value, CliRequest &request) {
+  if (takeNumber(value, 1U, kMostJobs, request.jobs)) return "";
   return "--jobs takes a number from 1 to " + std::to_string(kMostJobs) + ", not '" + value + "'";
 }
 
-bool takesValue(const std::string &option) {
-  return option == "-o" || option == "-d" || option == "--format" || option == "--jobs";
+std::string takeFrame(const std::string &value, CliRequest &request) {
+  if (takeNumber(value, 0, std::numeric_limits<int>::max(), request.frame)) return "";
+  return "--frame takes a number from 0 on, not '" + value + "'";
 }
+
+std::string takeAllFrames(const std::string &, CliRequest &request) {
+  request.allFrames = true;
+  return "";
+}
+
+std::string takeShown(const std::string &, CliRequest &request) {
+  request.shown = true;
+  return "";
+}
+
+std::string takeJson(const std::string &, CliRequest &request) {
+  request.json = true;
+  return "";
+}
+
+struct Option {
+  const char *name;
+  bool takesValue;
+  std::string_view commands; // that have it, by first letter
+  std::string (*take)(const std::string &value, CliRequest &request);
+};
+
+constexpr std::array<Option, 8> kOptions{{
+    {"-o", true, "cvs", takeOut},
+    {"-d", true, "c", takeDirectory},
+    {"--format", true, "c", takeFormat},
+    {"--frame", true, "ic", takeFrame},
+    {"--all-frames", false, "c", takeAllFrames},
+    {"--shown", false, "c", takeShown},
+    {"--jobs", true, "c", takeJobs},
+    {"--json", false, "i", takeJson},
+}};
+
+struct Command {
+  std::string_view name;
+  CliCommand command;
+};
+
+constexpr std::array<Command, 4> kCommands{{
+    {"info", CliCommand::kInfo},
+    {"convert", CliCommand::kConvert},
+    {"video", CliCommand::kVideo},
+    {"sound", CliCommand::kSound},
+}};
 
 // Asked for anywhere in front of "--", help outranks all else.
 bool wantsHelp(std::span<const std::string> arguments) {
@@ -55,29 +115,40 @@ bool wantsHelp(std::span<const std::string> arguments) {
                      [](const std::string &text) { return text == "--help" || text == "-h"; });
 }
 
+const Option *findOption(const std::string &name, char command) {
+  const auto row = std::find_if(kOptions.begin(), kOptions.end(), [&](const Option &option) {
+    return name == option.name && option.commands.find(command) != std::string_view::npos;
+  });
+  return row != kOptions.end() ? &*row : nullptr;
+}
+
+// `arguments` begins with the command.
 std::string parseOptions(std::span<const std::string> arguments, CliRequest &request) {
-  const bool convert = request.command == CliCommand::kConvert;
-  bool formatGiven = false;
+  std::vector<std::string_view> given;
   bool onlyFiles = false;
-  for (size_t i = 0; i < arguments.size(); ++i) {
+  for (size_t i = 1; i < arguments.size(); ++i) {
     const std::string &argument = arguments[i];
     if (onlyFiles || argument.empty() || argument[0] != '-') {
       request.files.push_back(argument);
-    } else if (argument == "--") {
-      onlyFiles = true;
-    } else if (argument == "--json" && !convert) {
-      request.json = true;
-    } else if (argument == "--shown" && convert) {
-      request.shown = true;
-    } else if (takesValue(argument) && convert) {
-      if (i + 1 == arguments.size()) return argument + " needs a value";
-      if (std::string wrong = takeValue(argument, arguments[++i], request); !wrong.empty()) return wrong;
-      formatGiven = formatGiven || argument == "--format";
-    } else {
-      return "unknown option '" + argument + "'";
+      continue;
     }
+    if (argument == "--") {
+      onlyFiles = true;
+      continue;
+    }
+    const Option *option = findOption(argument, arguments[0][0]);
+    if (option == nullptr) return "unknown option '" + argument + "'";
+    if (option->takesValue && i + 1 == arguments.size()) return argument + " needs a value";
+    if (std::string wrong = option->take(option->takesValue ? arguments[++i] : "", request); !wrong.empty()) {
+      return wrong;
+    }
+    given.push_back(option->name);
   }
-  if (!formatGiven && endsIn(request.outPath, ".ppm")) request.format = ImageFormat::kPpm;
+  const auto isGiven = [&given](std::string_view name) {
+    return std::find(given.begin(), given.end(), name) != given.end();
+  };
+  if (isGiven("--frame") && isGiven("--all-frames")) return "--frame and --all-frames exclude each other";
+  if (!isGiven("--format") && endsIn(request.outPath, ".ppm")) request.format = ImageFormat::kPpm;
   return "";
 }
 
@@ -88,15 +159,17 @@ std::string parseArguments(std::span<const std::string> arguments, CliRequest &r
   if (arguments.empty()) return "no command given; korilan-cli --help lists them";
   const std::string &command = arguments[0];
   if (command == "help" || wantsHelp(arguments)) return "";
-  if (command == "info") {
-    request.command = CliCommand::kInfo;
-  } else if (command == "convert") {
-    request.command = CliCommand::kConvert;
-  } else {
-    return "unknown command '" + command + "'; korilan-cli --help lists them";
-  }
-  if (std::string wrong = parseOptions(arguments.subspan(1), request); !wrong.empty()) return wrong;
+  const auto row =
+      std::find_if(kCommands.begin(), kCommands.end(), [&](const Command &one) { return command == one.name; });
+  if (row == kCommands.end()) return "unknown command '" + command + "'; korilan-cli --help lists them";
+  request.command = row->command;
+  if (std::string wrong = parseOptions(arguments, request); !wrong.empty()) return wrong;
   if (request.files.empty()) return command + " needs at least one file";
+  if (request.command == CliCommand::kVideo || request.command == CliCommand::kSound) {
+    if (request.files.size() > 1) return command + " takes one file";
+    if (request.outPath.empty()) return command + " needs -o OUT";
+  }
+  if (!request.outPath.empty() && request.allFrames) return "-o takes one frame; use -d for all";
   if (!request.outPath.empty() && !request.outDirectory.empty()) return "-o and -d exclude each other";
   if (!request.outPath.empty() && request.files.size() > 1) return "-o takes one file; use -d for several";
   if (std::find(request.files.begin(), request.files.end(), request.outPath) != request.files.end()) {

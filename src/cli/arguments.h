@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-enum class CliCommand { kHelp, kInfo, kConvert };
+enum class CliCommand { kHelp, kInfo, kConvert, kVideo, kSound };
 enum class ImageFormat { kBmp, kPpm };
 
 struct CliRequest {
@@ -15,6 +15,8 @@ struct CliRequest {
   ImageFormat format = ImageFormat::kBmp;
   std::string outPath;      // -o; "-" is standard output
   std::string outDirectory; // -d
+  int frame = 0;            // of a video
+  bool allFrames = false;   // of a video, each to a file of its own
   unsigned jobs = 0;        // 0: as many as the computer has cores
   std::vector<std::string> files;
 };

@@ -1,6 +1,7 @@
 #include "cli/convert.h"
 
 #include "cli/opened_file.h"
+#include "cli/output.h"
 #include "core/bitmap_export.h"
 #include "core/dispatch.h"
 #include "core/text.h"
@@ -9,15 +10,11 @@
 #include <algorithm>
 #include <atomic>
 #include <cstdio>
-#include <filesystem>
 #include <map>
 #include <memory>
-#include <system_error>
 #include <thread>
 
 namespace {
-
-constexpr const char *kStandardOutput = "-";
 
 // Files of the request that would all take the same name, in the order given: their pictures go to one file.
 using NameGroup = std::vector<std::string>;
@@ -54,20 +51,6 @@ std::string outputPath(const ViewerState &viewer, const CliRequest &request) {
   return request.outDirectory + kFolderSeparators.back() + path.substr(viewer.folderPath.size());
 }
 
-// Whether both paths lead to one file, by whatever way.
-bool sameFile(const std::string &left, const std::string &right) {
-  const auto pathOf = [](const std::string &text) {
-    return std::filesystem::path(std::u8string(text.begin(), text.end()));
-  };
-  std::error_code error;
-  return std::filesystem::equivalent(pathOf(left), pathOf(right), error);
-}
-
-std::string writeStandardOutput(std::span<const uint8_t> bytes) {
-  const bool written = std::fwrite(bytes.data(), 1, bytes.size(), stdout) == bytes.size() && std::fflush(stdout) == 0;
-  return written ? "" : "could not be written";
-}
-
 std::vector<NameGroup> groupByName(const CliRequest &request) {
   std::vector<NameGroup> groups;
   std::map<std::string, size_t> groupOf; // path without its extension -> group
@@ -84,28 +67,40 @@ std::vector<NameGroup> groupByName(const CliRequest &request) {
   return groups;
 }
 
-// Converts one file, unless `taken` says that another file's picture already stands under the name; a file that is
-// converted takes the name. Returns what went wrong, or an empty text.
-std::string convertFile(const CliRequest &request, const std::string &path, std::string &taken) {
+// Path that a picture was written to -> file that it is from.
+using TakenNames = std::map<std::string, std::string>;
+
+// Writes the picture shown now, unless another file's picture already stands under its name. Returns what went wrong,
+// or an empty text.
+std::string writePicture(const ViewerState &viewer, const CliRequest &request, TakenNames &taken) {
+  const std::string &path = viewer.filePath;
+  const std::string target = outputPath(viewer, request);
+  const auto &holder = taken.emplace(target, path).first->second;
+  if (holder != path) return path + ": its picture would replace that of " + holder;
+  if (target != kStandardOutput && sameFile(target, path)) return path + ": its picture would replace the file itself";
+  CliOutput output;
+  if (std::string failure = beginCliOutput(output, target); !failure.empty()) return failure;
+  return finishCliOutput(output, writeCliOutput(output, encodePicture(viewer, request)));
+}
+
+std::string convertFile(const CliRequest &request, const std::string &path, TakenNames &taken) {
   const auto file = std::make_unique<OpenedFile>();
   openFile(*file, path);
   const ViewerState &viewer = file->viewer;
   if (viewer.pictureShown != kTrue) return refusal(viewer);
-  if (!taken.empty() && taken != path) return path + ": its picture would replace that of " + taken;
-
-  const auto bytes = encodePicture(viewer, request);
-  const std::string target = outputPath(viewer, request);
-  if (target != kStandardOutput && sameFile(target, path)) return path + ": its picture would replace the file itself";
-  const std::string failure =
-      target == kStandardOutput ? writeStandardOutput(bytes) : systemFiles().replaceFile(target.c_str(), bytes);
-  if (!failure.empty()) return target + ": " + failure;
-  taken = path;
-  return "";
+  const int32_t first = request.allFrames ? 0 : request.frame;
+  const int32_t behind = request.allFrames ? videoFrames(viewer) : first + 1;
+  std::string failure;
+  for (int32_t frame = first; frame < behind && failure.empty(); ++frame) {
+    failure = showFrame(*file, frame) ? writePicture(viewer, request, taken)
+                                      : path + ": has no frame " + std::to_string(frame);
+  }
+  return failure;
 }
 
 void convertUntilDone(Conversion &conversion) {
   for (size_t i = conversion.next++; i < conversion.groups.size(); i = conversion.next++) {
-    std::string taken;
+    TakenNames taken;
     for (const std::string &path : conversion.groups[i]) {
       const std::string failure = convertFile(conversion.request, path, taken);
       if (failure.empty()) continue;

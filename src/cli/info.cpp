@@ -70,6 +70,17 @@ std::string paletteWords(const ViewerState &viewer) {
   return words + "]";
 }
 
+void addVideoMembers(JsonLine &line, const ViewerState &viewer) {
+  const EvaPlayer &eva = viewer.evaPlayer;
+  const VidPlayer &vid = viewer.vidPlayer;
+  const bool isEva = eva.fileOpen == kTrue;
+  line.member("frameCount", number(isEva ? eva.frameCount : vid.frameCount));
+  line.member("framesPerSecond", number(isEva ? eva.framesPerSecond : vid.framesPerSecond));
+  line.member("isRgb", truth(isEva && eva.isRgb == kTrue));
+  line.member("currentFrame", number(isEva ? eva.currentFrame : vid.currentFrame));
+  line.member("statusLine", quoted(viewer.window.Label4));
+}
+
 } // namespace
 
 std::string infoJson(const ViewerState &viewer) {
@@ -99,12 +110,16 @@ std::string infoJson(const ViewerState &viewer) {
   line.member("colourCountShown", number(viewer.pictureShown == kTrue ? shownColourCount(viewer) : 0));
   line.member("error", error.empty() ? "null" : quoted(error));
   line.member("shown", truth(viewer.pictureShown == kTrue));
+  if (videoOpen(viewer)) addVideoMembers(line, viewer);
   return line.text + "}";
 }
 
 std::string infoText(const ViewerState &viewer) {
   const WindowModel &window = viewer.window;
+  const std::string video = videoOpen(viewer) ? ", " + std::to_string(videoFrames(viewer)) + " frames, " +
+                                                    std::to_string(videoRate(viewer)) + " a second"
+                                              : "";
   return viewer.filePath + ": " + viewer.typeDescription + ", " + window.Label1 + ", " + window.Label2 + ", " +
          window.Label3 + ", shown " + std::to_string(window.stretch.targetWidth) + "x" +
-         std::to_string(window.stretch.targetHeight);
+         std::to_string(window.stretch.targetHeight) + video;
 }

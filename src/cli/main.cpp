@@ -1,6 +1,7 @@
 // korilan-cli: the viewer without a window.
 #include "cli/arguments.h"
 #include "cli/convert.h"
+#include "cli/film.h"
 #include "cli/info.h"
 #include "cli/opened_file.h"
 
@@ -22,7 +23,10 @@ bool printInfo(const CliRequest &request) {
   for (const std::string &path : request.files) {
     const auto file = std::make_unique<OpenedFile>();
     openFile(*file, path);
-    const std::string failure = refusal(file->viewer);
+    std::string failure = refusal(file->viewer);
+    if (failure.empty() && !showFrame(*file, request.frame)) {
+      failure = path + ": has no frame " + std::to_string(request.frame);
+    }
     if (request.json) std::printf("%s\n", infoJson(file->viewer).c_str());
     if (failure.empty()) {
       if (!request.json) std::printf("%s\n", infoText(file->viewer).c_str());
@@ -54,6 +58,8 @@ int main(int argumentCount, char **argumentTexts) {
   case CliCommand::kHelp: std::fputs(kCliHelp, stdout); break;
   case CliCommand::kInfo: allShown = printInfo(request); break;
   case CliCommand::kConvert: allShown = convertFiles(request); break;
+  case CliCommand::kVideo: allShown = writeVideo(request); break;
+  case CliCommand::kSound: allShown = writeSound(request); break;
   }
   if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
     std::fputs("korilan-cli: standard output could not be written\n", stderr);

@@ -2,6 +2,17 @@
 
 #include "core/commands.h"
 #include "core/file_kinds.h"
+#include "video/video_mode.h"
+
+#include <algorithm>
+
+namespace {
+
+const HeadlessPlatform &platformOf(const ViewerState &viewer) {
+  return *static_cast<const HeadlessPlatform *>(viewer.platform.context);
+}
+
+} // namespace
 
 void openFile(OpenedFile &file, const std::string &path) {
   attachHeadless(file.viewer, file.platform);
@@ -9,8 +20,25 @@ void openFile(OpenedFile &file, const std::string &path) {
   openPath(file.viewer, path);
 }
 
+int32_t videoFrames(const ViewerState &viewer) {
+  if (viewer.vidPlayer.fileOpen == kTrue) return viewer.vidPlayer.frameCount;
+  return viewer.evaPlayer.fileOpen == kTrue ? viewer.evaPlayer.frameCount : 1;
+}
+
+int videoRate(const ViewerState &viewer) {
+  const bool vid = viewer.vidPlayer.fileOpen == kTrue;
+  return std::max(1, int{vid ? viewer.vidPlayer.framesPerSecond : viewer.evaPlayer.framesPerSecond});
+}
+
+bool showFrame(OpenedFile &file, int32_t frame) {
+  if (frame != 0 && frame >= videoFrames(file.viewer)) return false;
+  HScroll1_Change(file.viewer, frame);
+  return true;
+}
+
 std::string errorLine(const ViewerState &viewer) {
-  return viewer.window.Label4.starts_with("*** Error:") ? viewer.window.Label4 : std::string();
+  if (viewer.window.Label4.starts_with("*** Error:")) return viewer.window.Label4;
+  return viewer.pictureShown == kTrue ? std::string() : platformOf(viewer).lastMessage;
 }
 
 std::string refusal(const ViewerState &viewer) {

@@ -102,7 +102,7 @@ std::string bitmapPath(const ViewerState &viewer) {
 void menuSaveBMP_Click(ViewerState &viewer) {
   const auto file = encodeBitmap(viewer.frameBits, viewer.frameWidth, viewer.frameHeight);
   const std::string path = bitmapPath(viewer);
-  const std::string failure = viewer.platform.files->replaceFile(path.c_str(), file);
+  const std::string failure = replaceFile(*viewer.platform.files, path, file);
   if (failure.empty()) return;
   viewer.platform.showMessage(viewer.platform.context, "Korilan", "Could not save " + path + "\n\n" + failure,
                               MessageIcon::kWarning);

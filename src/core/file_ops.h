@@ -10,6 +10,9 @@
 // An open file; only the table that opened it knows what the pointer means.
 using FileHandle = void *;
 
+// A file that is being written.
+using OutputHandle = void *;
+
 struct FileOps {
   // Opens an ordinary file for reading; other programs may go on to read, rewrite, rename and delete it.
   // `path` is UTF-8. Returns nullptr for what cannot be opened and for folders and devices.
@@ -27,11 +30,22 @@ struct FileOps {
   // separator; an empty one is the current folder.
   std::vector<std::string> (*listFolder)(const char *folder);
 
-  // Writes `bytes` to a new file beside `path` and puts it in the place of `path`, so that a failure leaves the
-  // old file whole. What is no ordinary file (a device, a pipe) is written in place.
+  // Begins a new file beside `path` which finishOutput() puts in the place of `path`, so that a failure leaves the old
+  // file whole. What is no ordinary file (a device, a pipe) is written in place.
+  // Returns nullptr, and the system's own words in `failure`, when that fails.
+  OutputHandle (*beginOutput)(const char *path, std::string &failure);
+
+  // Appends bytes. Returns an empty text, or the system's own words for what went wrong.
+  std::string (*write)(OutputHandle output, std::span<const uint8_t> bytes);
+
+  // Closes the file; where `keep` is set it takes its place, otherwise, and after a failure, it is removed.
   // Returns an empty text, or the system's own words for what went wrong.
-  std::string (*replaceFile)(const char *path, std::span<const uint8_t> bytes);
+  std::string (*finishOutput)(OutputHandle output, bool keep);
 };
+
+// Writes a whole file. Returns an empty text, or the system's own words for what went wrong; the old file is then
+// whole.
+std::string replaceFile(const FileOps &files, const std::string &path, std::span<const uint8_t> bytes);
 
 // The file system of this computer. Defined once for each system: headless/posix_files.cpp, shell/windows_files.cpp.
 const FileOps &systemFiles();

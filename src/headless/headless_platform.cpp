@@ -55,6 +55,7 @@ void showMessage(void *context, const std::string &title, const std::string &tex
                      : icon == MessageIcon::kWarning   ? "showMessage (!) "
                                                        : "showMessage ";
   platformOf(context).log.push_back(kind + title + ": " + text);
+  platformOf(context).lastMessage = text;
 }
 
 void showText(void *context, const std::string &title, const std::string &text) {

@@ -19,6 +19,7 @@ struct HeadlessPlatform {
   ViewerState *viewer = nullptr;
   std::deque<HeadlessEvent> events;
   std::vector<std::string> log;        // a line for each call, "presentPicture 256x212"
+  std::string lastMessage;             // of showMessage
   std::vector<uint8_t> clipboard;      // the bitmap last copied
   std::vector<uint8_t> clipboardV5;    // the same with the version 5 header
   bool clipboardHeld = false;          // by another program

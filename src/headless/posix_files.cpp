@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <memory>
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -61,21 +62,6 @@ std::vector<std::string> listFolder(const char *folder) {
 
 std::string systemWords(int error) { return std::strerror(error); }
 
-// Writes all bytes and closes; returns 0 or the error number.
-int writeAndClose(int descriptor, std::span<const uint8_t> bytes) {
-  int error = 0;
-  while (!bytes.empty() && error == 0) {
-    const ssize_t put = write(descriptor, bytes.data(), bytes.size());
-    if (put >= 0) {
-      bytes = bytes.subspan(static_cast<size_t>(put));
-    } else if (errno != EINTR) {
-      error = errno;
-    }
-  }
-  if (close(descriptor) != 0 && error == 0) error = errno;
-  return error;
-}
-
 // Follows a symbolic link to the file that it stands for, so that the link itself stays.
 std::string linkTarget(const char *path) {
   char *resolved = realpath(path, nullptr);
@@ -85,33 +71,57 @@ std::string linkTarget(const char *path) {
   return target;
 }
 
-std::string replaceFile(const char *path, std::span<const uint8_t> bytes) {
-  static std::atomic<unsigned> temporaryCount{0}; // only makes names differ between threads
-  const std::string target = linkTarget(path);
-  struct stat old {};
-  const bool exists = stat(target.c_str(), &old) == 0;
-  if (exists && !S_ISREG(old.st_mode)) {
-    const int descriptor = open(target.c_str(), O_WRONLY | O_CLOEXEC);
-    const int error = descriptor < 0 ? errno : writeAndClose(descriptor, bytes);
-    return error == 0 ? std::string() : systemWords(error);
-  }
-
-  // A short name of its own: the target's name may already be as long as names can be.
-  const std::string folder = target.substr(0, target.find_last_of('/') + 1);
-  std::string temporary;
+struct Output {
   int descriptor = -1;
-  do {
-    temporary = folder + ".korilan-" + std::to_string(getpid()) + "-" + std::to_string(temporaryCount++) + ".tmp";
-    descriptor = open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-  } while (descriptor < 0 && errno == EEXIST);
-  if (descriptor < 0) return systemWords(errno);
+  std::string target;
+  std::string temporary; // empty where the target is written in place
+};
 
-  if (exists) (void)!fchmod(descriptor, old.st_mode & 07777); // keeps the old file's rights where it can
-  int error = writeAndClose(descriptor, bytes);
-  if (error == 0 && rename(temporary.c_str(), target.c_str()) != 0) error = errno;
-  if (error == 0) return {};
-  unlink(temporary.c_str());
-  return systemWords(error);
+OutputHandle beginOutput(const char *path, std::string &failure) {
+  static std::atomic<unsigned> temporaryCount{0}; // only makes names differ between threads
+  auto output = std::make_unique<Output>();
+  output->target = linkTarget(path);
+  struct stat old {};
+  const bool exists = stat(output->target.c_str(), &old) == 0;
+  if (exists && !S_ISREG(old.st_mode)) {
+    output->descriptor = open(output->target.c_str(), O_WRONLY | O_CLOEXEC);
+  } else {
+    // A short name of its own: the target's name may already be as long as names can be.
+    const std::string folder = output->target.substr(0, output->target.find_last_of('/') + 1);
+    do {
+      output->temporary =
+          folder + ".korilan-" + std::to_string(getpid()) + "-" + std::to_string(temporaryCount++) + ".tmp";
+      output->descriptor = open(output->temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    } while (output->descriptor < 0 && errno == EEXIST);
+  }
+  if (output->descriptor < 0) {
+    failure = systemWords(errno);
+    return nullptr;
+  }
+  const bool replaces = exists && !output->temporary.empty();
+  if (replaces) (void)!fchmod(output->descriptor, old.st_mode & 07777); // keeps the old file's rights where it can
+  return output.release();
+}
+
+std::string writeOutput(OutputHandle handle, std::span<const uint8_t> bytes) {
+  const Output &output = *static_cast<Output *>(handle);
+  while (!bytes.empty()) {
+    const ssize_t put = write(output.descriptor, bytes.data(), bytes.size());
+    if (put < 0 && errno != EINTR) return systemWords(errno);
+    if (put > 0) bytes = bytes.subspan(static_cast<size_t>(put));
+  }
+  return {};
+}
+
+std::string finishOutput(OutputHandle handle, bool keep) {
+  const std::unique_ptr<Output> output(static_cast<Output *>(handle));
+  int error = close(output->descriptor) != 0 ? errno : 0;
+  if (!output->temporary.empty()) {
+    const bool placed = keep && error == 0;
+    if (placed && rename(output->temporary.c_str(), output->target.c_str()) != 0) error = errno;
+    if (!placed || error != 0) unlink(output->temporary.c_str());
+  }
+  return error == 0 ? std::string() : systemWords(error);
 }
 
 constexpr FileOps kPosixFiles{.openForReading = openForReading,
@@ -119,7 +129,9 @@ constexpr FileOps kPosixFiles{.openForReading = openForReading,
                               .readAt = readAt,
                               .close = closeFile,
                               .listFolder = listFolder,
-                              .replaceFile = replaceFile};
+                              .beginOutput = beginOutput,
+                              .write = writeOutput,
+                              .finishOutput = finishOutput};
 
 } // namespace
 

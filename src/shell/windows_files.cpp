@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <atomic>
 #include <cstdio>
+#include <memory>
 
 namespace {
 
@@ -86,22 +87,11 @@ std::string errorText(DWORD error) {
   return text.empty() ? "Error " + std::to_string(error) : text;
 }
 
-// Writes all bytes and closes the file. Returns the number of the first error, or ERROR_SUCCESS.
-DWORD writeAndClose(HANDLE file, std::span<const uint8_t> bytes) {
-  DWORD error = ERROR_SUCCESS;
-  while (!bytes.empty() && error == ERROR_SUCCESS) {
-    const auto wanted = static_cast<DWORD>(std::min(bytes.size(), kLargestTransfer));
-    DWORD written = 0;
-    if (!WriteFile(file, bytes.data(), wanted, &written, nullptr)) {
-      error = GetLastError();
-    } else if (written == 0) {
-      error = ERROR_WRITE_FAULT;
-    }
-    bytes = bytes.subspan(written);
-  }
-  if (!CloseHandle(file) && error == ERROR_SUCCESS) error = GetLastError();
-  return error;
-}
+struct Output {
+  HANDLE file = INVALID_HANDLE_VALUE;
+  std::string target;
+  std::string temporary; // empty where the target is written in place
+};
 
 // Opens `path` for writing where it is a device or a pipe; INVALID_HANDLE_VALUE for files and where nothing is.
 HANDLE openDevice(const char *path) {
@@ -132,20 +122,38 @@ HANDLE createTemporary(const std::string &path, std::string &temporaryPath) {
   return INVALID_HANDLE_VALUE;
 }
 
-std::string replaceFile(const char *path, std::span<const uint8_t> bytes) {
-  DWORD error = ERROR_SUCCESS;
-  if (const HANDLE device = openDevice(path); device != INVALID_HANDLE_VALUE) {
-    error = writeAndClose(device, bytes);
-  } else {
-    std::string temporaryPath;
-    const HANDLE temporary = createTemporary(path, temporaryPath);
-    if (temporary == INVALID_HANDLE_VALUE) return errorText(GetLastError());
-    error = writeAndClose(temporary, bytes);
-    if (error == ERROR_SUCCESS &&
-        !MoveFileExW(wide(temporaryPath).c_str(), wide(path).c_str(), MOVEFILE_REPLACE_EXISTING)) {
+OutputHandle beginOutput(const char *path, std::string &failure) {
+  auto output = std::make_unique<Output>();
+  output->target = path;
+  output->file = openDevice(path);
+  if (output->file == INVALID_HANDLE_VALUE) output->file = createTemporary(path, output->temporary);
+  if (output->file != INVALID_HANDLE_VALUE) return output.release();
+  failure = errorText(GetLastError());
+  return nullptr;
+}
+
+std::string writeOutput(OutputHandle handle, std::span<const uint8_t> bytes) {
+  const Output &output = *static_cast<Output *>(handle);
+  while (!bytes.empty()) {
+    const auto wanted = static_cast<DWORD>(std::min(bytes.size(), kLargestTransfer));
+    DWORD written = 0;
+    if (!WriteFile(output.file, bytes.data(), wanted, &written, nullptr)) return errorText(GetLastError());
+    if (written == 0) return errorText(ERROR_WRITE_FAULT);
+    bytes = bytes.subspan(written);
+  }
+  return {};
+}
+
+std::string finishOutput(OutputHandle handle, bool keep) {
+  const std::unique_ptr<Output> output(static_cast<Output *>(handle));
+  DWORD error = CloseHandle(output->file) ? ERROR_SUCCESS : GetLastError();
+  if (!output->temporary.empty()) {
+    const std::wstring temporary = wide(output->temporary);
+    const bool placed = keep && error == ERROR_SUCCESS;
+    if (placed && !MoveFileExW(temporary.c_str(), wide(output->target).c_str(), MOVEFILE_REPLACE_EXISTING)) {
       error = GetLastError();
     }
-    if (error != ERROR_SUCCESS) DeleteFileW(wide(temporaryPath).c_str());
+    if (!placed || error != ERROR_SUCCESS) DeleteFileW(temporary.c_str());
   }
   return error == ERROR_SUCCESS ? std::string() : errorText(error);
 }
@@ -159,7 +167,9 @@ const FileOps &systemFiles() {
       .readAt = readAt,
       .close = closeFile,
       .listFolder = listFolder,
-      .replaceFile = replaceFile,
+      .beginOutput = beginOutput,
+      .write = writeOutput,
+      .finishOutput = finishOutput,
   };
   return kFiles;
 }

@@ -43,7 +43,7 @@ TEST(SystemFiles, ListsAndOpensInFoldersOfLongNames) {
   std::error_code error;
   std::filesystem::create_directories(deep + "folder", error);
   const std::string name = std::string(150, 'n') + ".SC5";
-  ASSERT_EQ(systemFiles().replaceFile((deep + name).c_str(), Bytes{9}), "");
+  ASSERT_EQ(replaceFile(systemFiles(), deep + name, Bytes{9}), "");
   InputFile file;
   EXPECT_TRUE(openInputFile(file, systemFiles(), deep + name));
   EXPECT_EQ(readByte(file, 1), 9);
@@ -84,7 +84,7 @@ TEST(SystemFiles, ReplacesWholeFilesAndLeavesNothingBeside) {
   const std::string longName(248, 'n'); // near the longest that file systems take
   for (const std::string &name : {std::string("new.bmp"), std::string("new.bmp"), longName + ".bmp"}) {
     const Bytes content(name.size() * 1000, static_cast<uint8_t>(name.size()));
-    EXPECT_EQ(systemFiles().replaceFile((folder.path + name).c_str(), content), "") << name;
+    EXPECT_EQ(replaceFile(systemFiles(), folder.path + name, content), "") << name;
     EXPECT_EQ(folder.read(std::u8string(name.begin(), name.end())), content);
   }
   EXPECT_EQ(folder.fileCount(), 2U);
@@ -94,8 +94,8 @@ TEST(SystemFiles, AFailedReplacementSaysWhyAndLeavesNothing) {
   const TemporaryFolder folder("fails");
   std::error_code error;
   std::filesystem::create_directory(folder.path + "taken.bmp", error);
-  EXPECT_NE(systemFiles().replaceFile((folder.path + "taken.bmp").c_str(), Bytes{1}), "");
-  EXPECT_NE(systemFiles().replaceFile((folder.path + "missing/a.bmp").c_str(), Bytes{1}), "");
+  EXPECT_NE(replaceFile(systemFiles(), folder.path + "taken.bmp", Bytes{1}), "");
+  EXPECT_NE(replaceFile(systemFiles(), folder.path + "missing/a.bmp", Bytes{1}), "");
   EXPECT_EQ(folder.fileCount(), 1U);
 }
 

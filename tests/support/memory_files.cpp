@@ -1,6 +1,7 @@
 #include "support/memory_files.h"
 
 #include <algorithm>
+#include <memory>
 
 namespace {
 
@@ -33,9 +34,26 @@ std::vector<std::string> listFolder(const char *folder) {
   return names;
 }
 
-std::string replaceFile(const char *path, std::span<const uint8_t> bytes) {
-  if (std::string(path).starts_with("locked")) return "disk is locked";
-  memoryDisk()[path].assign(bytes.begin(), bytes.end());
+struct Output {
+  std::string path;
+  std::vector<uint8_t> bytes;
+};
+
+OutputHandle beginOutput(const char *path, std::string &failure) {
+  if (!std::string(path).starts_with("locked")) return new Output{path, {}};
+  failure = "disk is locked";
+  return nullptr;
+}
+
+std::string writeOutput(OutputHandle handle, std::span<const uint8_t> bytes) {
+  auto &output = *static_cast<Output *>(handle);
+  output.bytes.insert(output.bytes.end(), bytes.begin(), bytes.end());
+  return "";
+}
+
+std::string finishOutput(OutputHandle handle, bool keep) {
+  const std::unique_ptr<Output> output(static_cast<Output *>(handle));
+  if (keep) memoryDisk()[output->path] = output->bytes;
   return "";
 }
 
@@ -44,7 +62,9 @@ constexpr FileOps kMemoryFiles{.openForReading = openForReading,
                                .readAt = readAt,
                                .close = closeFile,
                                .listFolder = listFolder,
-                               .replaceFile = replaceFile};
+                               .beginOutput = beginOutput,
+                               .write = writeOutput,
+                               .finishOutput = finishOutput};
 
 } // namespace
 

@@ -1,0 +1,41 @@
+#include "cli/output.h"
+
+#include <cstdio>
+#include <filesystem>
+#include <system_error>
+
+std::string beginCliOutput(CliOutput &output, const std::string &path) {
+  output = {.path = path};
+  if (path == kStandardOutput) return "";
+  std::string failure;
+  output.handle = systemFiles().beginOutput(path.c_str(), failure);
+  return output.handle != nullptr ? "" : path + ": " + failure;
+}
+
+std::string writeCliOutput(const CliOutput &output, std::span<const uint8_t> bytes) {
+  if (output.handle != nullptr) {
+    const std::string failure = systemFiles().write(output.handle, bytes);
+    return failure.empty() ? "" : output.path + ": " + failure;
+  }
+  return std::fwrite(bytes.data(), 1, bytes.size(), stdout) == bytes.size() ? ""
+                                                                            : "standard output: could not be written";
+}
+
+std::string finishCliOutput(const CliOutput &output, const std::string &failure) {
+  std::string endFailure;
+  if (output.handle != nullptr) {
+    endFailure = systemFiles().finishOutput(output.handle, failure.empty());
+    if (!endFailure.empty()) endFailure = output.path + ": " + endFailure;
+  } else if (std::fflush(stdout) != 0) {
+    endFailure = "standard output: could not be written";
+  }
+  return failure.empty() ? endFailure : failure;
+}
+
+bool sameFile(const std::string &left, const std::string &right) {
+  const auto pathOf = [](const std::string &text) {
+    return std::filesystem::path(std::u8string(text.begin(), text.end()));
+  };
+  std::error_code error;
+  return std::filesystem::equivalent(pathOf(left), pathOf(right), error);
+}

@@ -1,0 +1,25 @@
+// Where the program writes: files, which are replaced only once they are complete, and standard output.
+#pragma once
+
+#include "core/file_ops.h"
+
+#include <cstdint>
+#include <span>
+#include <string>
+
+inline constexpr const char *kStandardOutput = "-";
+
+struct CliOutput {
+  std::string path;
+  OutputHandle handle = nullptr; // nullptr for standard output
+};
+
+// Each returns an empty text, or what went wrong.
+std::string beginCliOutput(CliOutput &output, const std::string &path);
+std::string writeCliOutput(const CliOutput &output, std::span<const uint8_t> bytes);
+
+// Keeps what was written when `failure`, which is returned where it is not empty, says nothing.
+std::string finishCliOutput(const CliOutput &output, const std::string &failure);
+
+// Whether both paths lead to one file, by whatever way.
+bool sameFile(const std::string &left, const std::string &right);
