@@ -31,7 +31,26 @@ void withSharedText(const DrivenWindow &driven, const std::function<void(char *)
   UnmapViewOfFile(text);
 }
 
+constexpr char kWine[] = "Software\\Wine";
+constexpr char kViewerKey[] = "Software\\Wine\\AppDefaults\\Korilan.exe";
+
 } // namespace
+
+UnmanagedWindows::UnmanagedWindows() {
+  HKEY wine = nullptr;
+  if (RegOpenKeyExA(HKEY_CURRENT_USER, kWine, 0, KEY_READ, &wine) != ERROR_SUCCESS) return;
+  RegCloseKey(wine);
+  HKEY driver = nullptr;
+  const std::string key = std::string(kViewerKey) + "\\X11 Driver";
+  if (RegCreateKeyExA(HKEY_CURRENT_USER, key.c_str(), 0, nullptr, REG_OPTION_VOLATILE, KEY_WRITE, nullptr, &driver,
+                      nullptr) != ERROR_SUCCESS) {
+    return;
+  }
+  RegSetValueExA(driver, "Managed", 0, REG_SZ, reinterpret_cast<const BYTE *>("N"), 2);
+  RegCloseKey(driver);
+}
+
+UnmanagedWindows::~UnmanagedWindows() { RegDeleteTreeA(HKEY_CURRENT_USER, kViewerKey); }
 
 DrivenWindow::DrivenWindow(const std::string &commandLine) {
   std::string line = "\"" + shellPaths.viewer + "\" " + commandLine;

@@ -15,6 +15,15 @@ struct ShellPaths {
 };
 extern ShellPaths shellPaths;
 
+// While this lives, Wine shows the viewer without asking a window manager. Where there is none, as on a display for
+// tests, it would wait two seconds for each window that closes. The keys are gone with the last program of Wine.
+struct UnmanagedWindows {
+  UnmanagedWindows();
+  ~UnmanagedWindows();
+  UnmanagedWindows(const UnmanagedWindows &) = delete;
+  UnmanagedWindows &operator=(const UnmanagedWindows &) = delete;
+};
+
 struct ScreenPicture {
   int32_t width = 0;
   int32_t height = 0;

@@ -146,5 +146,6 @@ int main(int argumentCount, char **arguments) {
     return std::string(full.data(), GetFullPathNameA(path, full.size(), full.data(), nullptr));
   };
   shellPaths = {.viewer = absolute(arguments[1]), .probe = absolute(arguments[2])};
+  const UnmanagedWindows unmanaged;
   return RUN_ALL_TESTS();
 }
