@@ -426,19 +426,6 @@ TEST(Desktop, InfoHelpAndAboutShowTheirTexts) {
   EXPECT_TRUE(answerMessage(driven, "About Korilan").starts_with("Korilan "));
 }
 
-TEST(Desktop, ClipboardHoldsBothBitmaps) {
-  const TemporaryFolder folder("shell_clipboard");
-  const SampleFile picture(folder, sampleNamed("FISH.GL5")); // 101 pixels in a row: filled up
-  const DrivenWindow driven(picture.path);
-  const auto &bits = picture.viewer.frameBits;
-  const auto file = encodeBitmap(bits, picture.viewer.frameWidth, picture.viewer.frameHeight);
-  emptyClipboard();
-  choose(driven, "Copy to Clipboard");
-  const std::vector<uint8_t> plain(file.begin() + kBitmapFileHeaderBytes, file.end());
-  EXPECT_TRUE(waitUntil([&] { return clipboardBytes(CF_DIB) == plain; }));
-  EXPECT_EQ(clipboardBytes(CF_DIBV5), encodeBitmapV5(bits, picture.viewer.frameWidth, picture.viewer.frameHeight));
-}
-
 TEST(Desktop, ZoomAndAspectChangeTheShownSize) {
   const TemporaryFolder folder("shell_zoom");
   const DrivenWindow driven("");
@@ -448,7 +435,7 @@ TEST(Desktop, ZoomAndAspectChangeTheShownSize) {
     dropFile(driven, picture.path);
     expectTexts(driven, picture.model);
     for (const char *step : {"Zoom", "1:2 Aspect  Ratio", "Zoom", "1:2 Aspect  Ratio"}) {
-      SCOPED_TRACE(step);
+      SCOPED_TRACE(std::string(name) + ": " + step);
       chooseInBoth(driven, picture.viewer, step);
       expectPicture(driven, picture.viewer);
       const bool zoomed = picture.model.menuZoom.checked;
@@ -483,6 +470,7 @@ TEST(Desktop, ReadOutFollowsTheMouse) {
     return waitUntil([&] { return textOf(driven, kReadoutId) == text; });
   };
   for (const Row &row : rows) {
+    SCOPED_TRACE(std::to_string(row.place.x) + ", " + std::to_string(row.place.y));
     pointAt(driven, row.place);
     moveMouse(picture.viewer, row.place.x, row.place.y);
     EXPECT_NE(picture.model.readout.text.empty(), row.onPicture);

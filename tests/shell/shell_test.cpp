@@ -77,6 +77,7 @@ TEST(Shell, PictureFromTheCommandLineToTheClipboard) {
   choose(driven, "Copy to Clipboard");
   const std::vector<uint8_t> copied(bitmap.begin() + kBitmapFileHeaderBytes, bitmap.end());
   EXPECT_TRUE(waitUntil([&] { return clipboardBytes(CF_DIB) == copied; }));
+  EXPECT_TRUE(clipboardBytes(CF_DIBV5) == encodeBitmapV5(picture.viewer.frameBits, 256, 212));
 
   const std::string count = std::to_string(shownColourCount(picture.viewer));
   choose(driven, "Count Colors");
