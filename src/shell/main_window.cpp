@@ -146,6 +146,7 @@ LRESULT CALLBACK mainWindowProcedure(HWND window, UINT message, WPARAM wParam, L
   case kMouseLeftView: leaveMouse(*main->viewer); break;
   case WM_DROPFILES: openDroppedFile(*main, reinterpret_cast<HDROP>(wParam)); break;
   case WM_CLOSE: menuExit_Click(*main->viewer); break;
+  case WM_ENTERIDLE: break; // a dialog has run a command, which shows while the dialog stays
   case WM_SIZE:
     if (wParam == SIZE_RESTORED && main->fitWhenRestored) {
       fitWindow(*main);

@@ -31,7 +31,26 @@ void withSharedText(const DrivenWindow &driven, const std::function<void(char *)
   UnmapViewOfFile(text);
 }
 
+constexpr char kWine[] = "Software\\Wine";
+constexpr char kViewerKey[] = "Software\\Wine\\AppDefaults\\Korilan.exe";
+
 } // namespace
+
+UnmanagedWindows::UnmanagedWindows() {
+  HKEY wine = nullptr;
+  if (RegOpenKeyExA(HKEY_CURRENT_USER, kWine, 0, KEY_READ, &wine) != ERROR_SUCCESS) return;
+  RegCloseKey(wine);
+  HKEY driver = nullptr;
+  const std::string key = std::string(kViewerKey) + "\\X11 Driver";
+  if (RegCreateKeyExA(HKEY_CURRENT_USER, key.c_str(), 0, nullptr, REG_OPTION_VOLATILE, KEY_WRITE, nullptr, &driver,
+                      nullptr) != ERROR_SUCCESS) {
+    return;
+  }
+  RegSetValueExA(driver, "Managed", 0, REG_SZ, reinterpret_cast<const BYTE *>("N"), 2);
+  RegCloseKey(driver);
+}
+
+UnmanagedWindows::~UnmanagedWindows() { RegDeleteTreeA(HKEY_CURRENT_USER, kViewerKey); }
 
 DrivenWindow::DrivenWindow(const std::string &commandLine) {
   std::string line = "\"" + shellPaths.viewer + "\" " + commandLine;
@@ -65,11 +84,14 @@ bool waitUntil(const std::function<bool()> &holds) {
   return true;
 }
 
-std::string textOf(const DrivenWindow &driven, int controlId) {
-  const HWND control = controlId == 0 ? driven.window : GetDlgItem(driven.window, controlId);
-  std::array<char, 1024> text{};
-  const LRESULT length = SendMessageA(control, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
+std::string textOf(HWND window) {
+  std::array<char, 16384> text{};
+  const LRESULT length = SendMessageA(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
   return std::string(text.data(), static_cast<size_t>(length));
+}
+
+std::string textOf(const DrivenWindow &driven, int controlId) {
+  return textOf(controlId == 0 ? driven.window : GetDlgItem(driven.window, controlId));
 }
 
 std::string menusOf(const DrivenWindow &driven) {
@@ -91,26 +113,60 @@ void dropFile(const DrivenWindow &driven, const std::string &path) {
   SendMessageA(driven.window, RegisterWindowMessageA(kDropFileMessage), 0, 0);
 }
 
-std::string answerMessage(const DrivenWindow &driven, const char *title) {
-  HWND box = nullptr;
-  const auto stands = [&] {
-    box = FindWindowA("#32770", title);
-    return box != nullptr && GetWindow(box, GW_OWNER) == driven.window && GetDlgItem(box, IDOK) != nullptr;
+void typeKey(const DrivenWindow &driven, int key, bool ctrl) {
+  SetForegroundWindow(driven.window);
+  waitUntil([&] { return GetForegroundWindow() == driven.window; });
+  std::vector<INPUT> inputs;
+  const auto add = [&](int code, bool released) {
+    INPUT input{};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = static_cast<WORD>(code);
+    input.ki.dwFlags = static_cast<DWORD>(released ? KEYEVENTF_KEYUP : 0);
+    inputs.push_back(input);
   };
-  if (!waitUntil(stands)) return "";
-  constexpr int kMessageTextId = 0xFFFF;
-  std::array<char, 1024> text{};
-  SendMessageA(GetDlgItem(box, kMessageTextId), WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
-  PostMessageA(box, WM_COMMAND, IDOK, 0);
-  return text.data();
+  if (ctrl) add(VK_CONTROL, false);
+  add(key, false);
+  add(key, true);
+  if (ctrl) add(VK_CONTROL, true);
+  SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
 }
 
-ScreenPicture shownPicture(const DrivenWindow &driven) {
-  const HWND view = GetDlgItem(driven.window, kMainViewId);
+HWND dialogNamed(const DrivenWindow &driven, const char *title) {
+  HWND dialog = nullptr;
+  const auto stands = [&] {
+    dialog = FindWindowA("#32770", title);
+    return dialog != nullptr && GetWindow(dialog, GW_OWNER) == driven.window && IsWindowVisible(dialog);
+  };
+  return waitUntil(stands) ? dialog : nullptr;
+}
+
+void press(HWND dialog, int id) {
+  const HWND button = GetDlgItem(dialog, id);
+  if (button != nullptr) {
+    PostMessageA(button, BM_CLICK, 0, 0);
+  } else {
+    PostMessageA(dialog, WM_COMMAND, static_cast<WPARAM>(id), 0);
+  }
+}
+
+bool leaveDialog(HWND dialog, int id) {
+  if (dialog == nullptr) return false;
+  press(dialog, id);
+  return waitUntil([&] { return !IsWindow(dialog); });
+}
+
+std::string answerMessage(const DrivenWindow &driven, const char *title) {
+  constexpr int kMessageTextId = 0xFFFF;
+  const HWND box = dialogNamed(driven, title);
+  const std::string text = textOf(GetDlgItem(box, kMessageTextId));
+  return leaveDialog(box, IDOK) ? text : "";
+}
+
+ScreenPicture screenPicture(HWND window) {
   RECT client{};
-  GetClientRect(view, &client);
+  GetClientRect(window, &client);
   POINT corner{};
-  ClientToScreen(view, &corner);
+  ClientToScreen(window, &corner);
 
   ScreenPicture picture{.width = client.right, .height = client.bottom, .pixels = {}};
   BITMAPINFO info{};
@@ -135,6 +191,8 @@ ScreenPicture shownPicture(const DrivenWindow &driven) {
   return picture;
 }
 
+ScreenPicture shownPicture(const DrivenWindow &driven) { return screenPicture(GetDlgItem(driven.window, kMainViewId)); }
+
 SIZE mainViewSize(const DrivenWindow &driven) {
   RECT outer{};
   GetWindowRect(GetDlgItem(driven.window, kMainViewId), &outer);
@@ -147,14 +205,20 @@ int exitCodeOf(const DrivenWindow &driven) {
   return GetExitCodeProcess(driven.process.hProcess, &code) ? static_cast<int>(code) : -1;
 }
 
-std::vector<uint8_t> clipboardBitmap() {
+std::vector<uint8_t> clipboardBytes(UINT format) {
   std::vector<uint8_t> bytes;
   if (!OpenClipboard(nullptr)) return bytes;
-  if (const HANDLE memory = GetClipboardData(CF_DIB); memory != nullptr) {
+  if (const HANDLE memory = GetClipboardData(format); memory != nullptr) {
     const auto *data = static_cast<const uint8_t *>(GlobalLock(memory));
     bytes.assign(data, data + GlobalSize(memory));
     GlobalUnlock(memory);
   }
   CloseClipboard();
   return bytes;
+}
+
+void emptyClipboard() {
+  waitUntil([] { return OpenClipboard(nullptr) != FALSE; });
+  EmptyClipboard();
+  CloseClipboard();
 }

@@ -15,6 +15,15 @@ struct ShellPaths {
 };
 extern ShellPaths shellPaths;
 
+// While this lives, Wine shows the viewer without asking a window manager. Where there is none, as on a display for
+// tests, it would wait two seconds for each window that closes. The keys are gone with the last program of Wine.
+struct UnmanagedWindows {
+  UnmanagedWindows();
+  ~UnmanagedWindows();
+  UnmanagedWindows(const UnmanagedWindows &) = delete;
+  UnmanagedWindows &operator=(const UnmanagedWindows &) = delete;
+};
+
 struct ScreenPicture {
   int32_t width = 0;
   int32_t height = 0;
@@ -38,6 +47,8 @@ struct DrivenWindow {
 // Waits until `holds` is true; false when that takes longer than is bearable.
 bool waitUntil(const std::function<bool()> &holds);
 
+std::string textOf(HWND window);
+
 // Text of the main window (0) or of one of its controls.
 std::string textOf(const DrivenWindow &driven, int controlId);
 
@@ -47,10 +58,25 @@ std::string menusOf(const DrivenWindow &driven);
 // Chooses the menu item with that caption.
 void choose(const DrivenWindow &driven, const char *caption);
 
+// Presses and releases a key, given by its virtual-key code, while the main window has the keyboard.
+void typeKey(const DrivenWindow &driven, int key, bool ctrl = false);
+
 void dropFile(const DrivenWindow &driven, const std::string &path);
 
 // Waits for the viewer's message box with that title, presses its button and returns its text.
 std::string answerMessage(const DrivenWindow &driven, const char *title);
+
+// Waits for the viewer's dialog with that title; nullptr when none comes.
+HWND dialogNamed(const DrivenWindow &driven, const char *title);
+
+// Presses a button of a dialog, or chooses the item of its menu with that number.
+void press(HWND dialog, int id);
+
+// Presses that button and waits until the dialog is gone. Returns false when there was none or it stays.
+bool leaveDialog(HWND dialog, int id);
+
+// The inside of a window as it stands on the screen.
+ScreenPicture screenPicture(HWND window);
 
 // The inside of the picture area as it stands on the screen.
 ScreenPicture shownPicture(const DrivenWindow &driven);
@@ -61,5 +87,7 @@ SIZE mainViewSize(const DrivenWindow &driven);
 // Waits for the end of the viewer; its exit code, or -1 when it goes on.
 int exitCodeOf(const DrivenWindow &driven);
 
-// The device-independent bitmap on the clipboard; empty when there is none.
-std::vector<uint8_t> clipboardBitmap();
+// What the clipboard holds in that format; empty when there is nothing.
+std::vector<uint8_t> clipboardBytes(UINT format);
+
+void emptyClipboard();

@@ -1,19 +1,12 @@
 // The window of Korilan.exe, held against the core over the headless platform.
-#include "cli/opened_file.h"
 #include "core/bitmap_export.h"
 #include "formats/colour_count.h"
-#include "sample_pictures.h"
-#include "screens/display_geometry.h"
 #include "shell/control_ids.h"
-#include "shell/driven_window.h"
-#include "support/temporary_folder.h"
+#include "shell/shown_sample.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <array>
-#include <memory>
-#include <utility>
 
 namespace {
 
@@ -55,62 +48,6 @@ constexpr char kPictureMenus[] = "File/Open Ctrl+O\n"
                                  "Help/Help F1\n"
                                  "Help/About\n";
 
-const std::vector<samples::SamplePicture> &allSamples() {
-  static const std::vector<samples::SamplePicture> all = samples::allSamplePictures();
-  return all;
-}
-
-const samples::SamplePicture &sampleNamed(const std::string &name) {
-  return *std::find_if(allSamples().begin(), allSamples().end(),
-                       [&](const auto &sample) { return sample.name == name; });
-}
-
-// A sample on the disk, and what the core makes of it.
-struct SampleFile {
-  std::string path;
-  std::unique_ptr<OpenedFile> opened = std::make_unique<OpenedFile>();
-  const WindowModel &model = opened->viewer.window;
-
-  SampleFile(const TemporaryFolder &folder, const samples::SamplePicture &sample) {
-    const std::string name = sample.name.substr(sample.name.find_last_of('/') + 1);
-    for (const samples::CompanionFile &companion : sample.companions) {
-      const std::string other = companion.name.substr(companion.name.find_last_of('/') + 1);
-      folder.write(std::u8string(other.begin(), other.end()), companion.bytes);
-    }
-    path = folder.write(std::u8string(name.begin(), name.end()), sample.bytes);
-    openFile(*opened, path);
-  }
-};
-
-void expectTexts(const DrivenWindow &driven, const WindowModel &model) {
-  EXPECT_TRUE(waitUntil([&] { return textOf(driven, 0) == model.caption; })) << textOf(driven, 0);
-  EXPECT_TRUE(waitUntil([&] { return textOf(driven, kLabel1Id + 3) == model.Label4; }));
-  EXPECT_EQ(textOf(driven, kLabel1Id), model.Label1);
-  EXPECT_EQ(textOf(driven, kLabel1Id + 1), model.Label2);
-  EXPECT_EQ(textOf(driven, kLabel1Id + 2), model.Label3);
-}
-
-// The stretched picture stands in the top left corner of the picture area, pixel for pixel.
-void expectPicture(const DrivenWindow &driven, const ViewerState &viewer) {
-  const SIZE size = mainViewSize(driven);
-  EXPECT_EQ(size.cx, viewer.window.mainViewWidth);
-  EXPECT_EQ(size.cy, viewer.window.mainViewHeight);
-  const Stretch &stretch = viewer.window.stretch;
-  // How a reduced page drops lines and columns is the window system's own business.
-  if (stretch.targetWidth < stretch.sourceWidth) return;
-  const std::vector<uint32_t> wanted = stretchedPicture(viewer);
-  const auto standsOnScreen = [&] {
-    const ScreenPicture shown = shownPicture(driven);
-    if (shown.width < stretch.targetWidth || shown.height < stretch.targetHeight) return false;
-    for (int64_t y = 0; y < stretch.targetHeight; ++y) {
-      const auto line = wanted.begin() + y * stretch.targetWidth;
-      if (!std::equal(line, line + stretch.targetWidth, shown.pixels.begin() + y * shown.width)) return false;
-    }
-    return true;
-  };
-  EXPECT_TRUE(waitUntil(standsOnScreen)) << viewer.filePath;
-}
-
 TEST(Shell, EmptyWindow) {
   const DrivenWindow driven("");
   ASSERT_NE(driven.window, nullptr);
@@ -130,18 +67,19 @@ TEST(Shell, PictureFromTheCommandLineToTheClipboard) {
   const DrivenWindow driven("\"" + picture.path + "\"");
   ASSERT_NE(driven.window, nullptr);
   expectTexts(driven, picture.model);
-  expectPicture(driven, picture.opened->viewer);
+  expectPicture(driven, picture.viewer);
 
   EXPECT_EQ(menusOf(driven), kPictureMenus);
 
-  const auto bitmap = encodeBitmap(picture.opened->viewer.frameBits, 256, 212);
+  const auto bitmap = encodeBitmap(picture.viewer.frameBits, 256, 212);
   choose(driven, "Save as Bitmap");
   EXPECT_TRUE(waitUntil([&] { return folder.read(u8"日本の城.bmp") == bitmap; }));
   choose(driven, "Copy to Clipboard");
   const std::vector<uint8_t> copied(bitmap.begin() + kBitmapFileHeaderBytes, bitmap.end());
-  EXPECT_TRUE(waitUntil([&] { return clipboardBitmap() == copied; }));
+  EXPECT_TRUE(waitUntil([&] { return clipboardBytes(CF_DIB) == copied; }));
+  EXPECT_TRUE(clipboardBytes(CF_DIBV5) == encodeBitmapV5(picture.viewer.frameBits, 256, 212));
 
-  const std::string count = std::to_string(shownColourCount(picture.opened->viewer));
+  const std::string count = std::to_string(shownColourCount(picture.viewer));
   choose(driven, "Count Colors");
   EXPECT_EQ(answerMessage(driven, "Image Color Count"), "The amount of unique colors in this image is " + count + ".");
 
@@ -158,13 +96,13 @@ TEST(Shell, DroppedFilesShowEverySampleOrLeaveThePictureAlone) {
   const SampleFile first(folder, sampleNamed("odd/Picture.Sc8"));
   DrivenWindow driven(first.path);
   ASSERT_NE(driven.window, nullptr);
-  expectPicture(driven, first.opened->viewer);
+  expectPicture(driven, first.viewer);
 
   dropFile(driven, folder.write(u8"cartridge.SCC", {'A', 'B', 0x10, 0x40}));
   EXPECT_TRUE(waitUntil([&] { return textOf(driven, kLabel1Id + 3) == "*** Error: Not a valid .SCC file."; }));
   EXPECT_EQ(textOf(driven, 0), "Korilan - cartridge.SCC");
   EXPECT_EQ(textOf(driven, kLabel1Id), "256x212");
-  expectPicture(driven, first.opened->viewer);
+  expectPicture(driven, first.viewer);
 
   dropFile(driven, folder.write(u8"letter.txt", {'H', 'i'}));
   EXPECT_EQ(textOf(driven, 0), "Korilan - cartridge.SCC");
@@ -174,7 +112,7 @@ TEST(Shell, DroppedFilesShowEverySampleOrLeaveThePictureAlone) {
     choose(driven, "Close"); // video memory is clear again, as in the fresh viewer
     dropFile(driven, picture.path);
     expectTexts(driven, picture.model);
-    expectPicture(driven, picture.opened->viewer);
+    expectPicture(driven, picture.viewer);
   }
   choose(driven, "Exit");
   EXPECT_EQ(exitCodeOf(driven), 0);
@@ -185,7 +123,7 @@ TEST(Shell, CoveredAndUncoveredPictureStandsAgain) {
   const SampleFile picture(folder, sampleNamed("odd/Desk.sR7"));
   const DrivenWindow driven(picture.path);
   ASSERT_NE(driven.window, nullptr);
-  expectPicture(driven, picture.opened->viewer);
+  expectPicture(driven, picture.viewer);
   EXPECT_NE(menusOf(driven).find("1:2 Aspect  Ratio Ctrl+A checked"), std::string::npos);
   RECT place{};
   GetWindowRect(driven.window, &place);
@@ -196,7 +134,7 @@ TEST(Shell, CoveredAndUncoveredPictureStandsAgain) {
   UpdateWindow(cover);
   SetWindowPos(driven.window, nullptr, 20, 10, width + 100, height + 60, SWP_NOZORDER | SWP_NOACTIVATE);
   DestroyWindow(cover);
-  expectPicture(driven, picture.opened->viewer);
+  expectPicture(driven, picture.viewer);
 }
 
 } // namespace
@@ -209,5 +147,6 @@ int main(int argumentCount, char **arguments) {
     return std::string(full.data(), GetFullPathNameA(path, full.size(), full.data(), nullptr));
   };
   shellPaths = {.viewer = absolute(arguments[1]), .probe = absolute(arguments[2])};
+  const UnmanagedWindows unmanaged;
   return RUN_ALL_TESTS();
 }
