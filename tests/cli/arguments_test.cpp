@@ -23,6 +23,13 @@ TEST(CliArguments, WrongUsageIsNamedInOneLine) {
       {{"convert", "--format", "png", "a.SC5"}, "--format takes bmp or ppm, not 'png'"},
       {{"convert", "--jobs", "0", "a.SC5"}, "--jobs takes a number from 1 to 256, not '0'"},
       {{"convert", "--jobs", "4x", "a.SC5"}, "--jobs takes a number from 1 to 256, not '4x'"},
+      {{"convert", "--frame", "-1", "a.EVA"}, "--frame takes a number from 0 on, not '-1'"},
+      {{"convert", "--frame", "1", "--all-frames", "a.EVA"}, "--frame and --all-frames exclude each other"},
+      {{"convert", "--all-frames", "-o", "x.bmp", "a.EVA"}, "-o takes one frame; use -d for all"},
+      {{"info", "--all-frames", "a.EVA"}, "unknown option '--all-frames'"},
+      {{"video", "a.EVA"}, "video needs -o OUT"},
+      {{"sound", "a.EVA", "b.EVA", "-o", "x.wav"}, "sound takes one file"},
+      {{"video", "a.EVA", "-d", "out"}, "unknown option '-d'"},
       {{"convert", "--jobs", "257", "a.SC5"}, "--jobs takes a number from 1 to 256, not '257'"},
   };
   for (const auto &row : rows) {
