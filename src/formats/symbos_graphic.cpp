@@ -3,6 +3,7 @@
 #include "core/dispatch.h"
 #include "core/load_pipeline.h"
 #include "core/palette.h"
+#include "formats/symbos_bits.h"
 
 #include <algorithm>
 #include <array>
@@ -72,18 +73,15 @@ struct SymbosSize {
   int64_t height = 0;
 };
 
-// Fills the tile table and `vram` from the records. The end of the file counts as an end record; pixels for
-// which `vram` has no room are dropped.
-SymbosSize readTiles(ViewerState &viewer, const SymbosVariant &variant) {
-  const InputFile &file = viewer.inputFile;
-  const int64_t length = inputFileLength(file);
+// Goes through the records and calls `takeTile` with each tile's record, the position of its pixels and its place.
+// The end of the file counts as an end record.
+template <typename TakeTile>
+SymbosSize walkRecords(const InputFile &file, const SymbosVariant &variant, TakeTile &&takeTile) {
   SymbosSize size;
   int64_t x = 0;
   int64_t y = 0;
-  int64_t tileCount = 0;
-  size_t filled = 0;
   // No file that the machine can hold is longer than its memory; the bound keeps an endless list of rows from hanging.
-  const int64_t end = std::min<int64_t>(length, static_cast<int64_t>(2 * kVideoMemoryBytes));
+  const int64_t end = std::min<int64_t>(inputFileLength(file), static_cast<int64_t>(2 * kVideoMemoryBytes));
   const auto headerBytes = static_cast<int64_t>(variant.headerBytes);
   for (int64_t position = 1; position + headerBytes - 1 <= end;) {
     const SymbosRecord record = readRecord(file, position, variant);
@@ -96,6 +94,24 @@ SymbosSize readTiles(ViewerState &viewer, const SymbosVariant &variant) {
       size.width = 0;
       continue;
     }
+    takeTile(record, position, x, y);
+    position += std::max<int64_t>(0, int64_t{record.bytesPerLine} * record.height);
+    x += record.width;
+    size.width += record.width;
+  }
+  return size;
+}
+
+SymbosSize measure(const InputFile &file, const SymbosVariant &variant) {
+  return walkRecords(file, variant, [](const SymbosRecord &, int64_t, int64_t, int64_t) {});
+}
+
+// Fills the tile table and `vram`; pixels for which `vram` has no room are dropped.
+void readTiles(ViewerState &viewer, const SymbosVariant &variant) {
+  int64_t tileCount = 0;
+  size_t filled = 0;
+  clearVram(viewer);
+  walkRecords(viewer.inputFile, variant, [&](const SymbosRecord &record, int64_t position, int64_t x, int64_t y) {
     viewer.symbosTiles[static_cast<size_t>(tileCount) % viewer.symbosTiles.size()] = {
         .bytesPerLine = static_cast<uint8_t>(record.bytesPerLine),
         .width = static_cast<uint8_t>(record.width),
@@ -104,36 +120,14 @@ SymbosSize readTiles(ViewerState &viewer, const SymbosVariant &variant) {
         .y = heldIn32Bits(y)};
     ++tileCount;
     const int64_t tileBytes = std::max<int64_t>(0, int64_t{record.bytesPerLine} * record.height);
-    const auto taken =
-        static_cast<size_t>(std::min<int64_t>(tileBytes, static_cast<int64_t>(viewer.vram.size() - filled)));
-    readBytes(file, position, std::span(viewer.vram).subspan(filled, taken));
+    const auto room = static_cast<int64_t>(viewer.vram.size() - filled);
+    const auto taken = static_cast<size_t>(std::min(tileBytes, room));
+    readBytes(viewer.inputFile, position, std::span(viewer.vram).subspan(filled, taken));
     filled += taken;
-    position += tileBytes;
-    x += record.width;
-    size.width += record.width;
-  }
+  });
   // Counted in a byte, less one.
   constexpr int64_t kCountRange = 256;
   viewer.symbosTileCount = tileCount == 0 ? 0 : static_cast<int32_t>((tileCount - 1) % kCountRange + 1);
-  return size;
-}
-
-// A byte of four pixels whose low bits stand in bits 7-4 and high bits in bits 3-0, sorted pixel by pixel.
-constexpr uint8_t sortedBits(uint8_t byte) {
-  constexpr std::array<int, 8> kTargets = {1, 3, 5, 7, 0, 2, 4, 6}; // of bits 0 to 7
-  uint8_t sorted = 0;
-  for (size_t bit = 0; bit < kTargets.size(); ++bit) {
-    if ((byte >> bit & 1) != 0) sorted = static_cast<uint8_t>(sorted | 1 << kTargets[bit]);
-  }
-  return sorted;
-}
-
-// How many bytes are sorted follows from the size of the picture, not from its tiles.
-void sortVram(ViewerState &viewer) {
-  if (viewer.imageWidth <= 0 || viewer.imageHeight <= 0) return; // one side of an empty picture may be of any length
-  const int64_t count = int64_t{roundHalfEven(viewer.imageWidth / 4.0 * viewer.imageHeight - 1)} + 1;
-  const size_t bytes = std::min(static_cast<size_t>(count), viewer.vram.size());
-  for (size_t i = 0; i < bytes; ++i) viewer.vram[i] = sortedBits(viewer.vram[i]);
 }
 
 void reportNotSymbos(ViewerState &viewer) { viewer.window.Label4 = "*** Error: Not a valid SGX file!"; }
@@ -147,13 +141,13 @@ void loadSymbosGraphic(ViewerState &viewer) {
     reportNotSymbos(viewer);
     return;
   }
-  viewer.window.Label4 = "Loading...";
-  clearVram(viewer);
-  const SymbosSize size = readTiles(viewer, *variant);
+  const SymbosSize size = measure(viewer.inputFile, *variant);
   if (!pictureFits(size.width, size.height)) {
     reportNotSymbos(viewer);
     return;
   }
+  viewer.window.Label4 = "Loading...";
+  readTiles(viewer, *variant);
   viewer.bitsPerPixel = variant->bitsPerPixel;
   viewer.colourCount = variant->colourCount;
   viewer.colourMode = 0;
@@ -162,7 +156,7 @@ void loadSymbosGraphic(ViewerState &viewer) {
   setSymbosPalette(viewer);
   viewer.imageWidth = heldIn32Bits(size.width);
   viewer.imageHeight = heldIn32Bits(size.height);
-  if (variant->foreignBitOrder) sortVram(viewer);
+  if (variant->foreignBitOrder) pairPictureBits(viewer.vram, viewer.imageWidth, viewer.imageHeight);
   showPictureInfo(viewer);
   renderAndShow(viewer);
 }

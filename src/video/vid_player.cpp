@@ -1,6 +1,7 @@
 #include "video/vid_player.h"
 
 #include "core/palette.h"
+#include "formats/symbos_bits.h"
 #include "video/playback.h"
 #include "video/video_mode.h"
 
@@ -76,27 +77,12 @@ void takeHeader(VidPlayer &vid, const InputFile &file) {
   vid.framePixels.assign(vid.width > 0 && vid.height > 0 ? pixels : 0, 0);
 }
 
-constexpr uint8_t pairedBits(unsigned byte) {
-  return static_cast<uint8_t>((byte >> 3 & 1) << 7 | (byte >> 7 & 1) << 6 | (byte >> 2 & 1) << 5 |
-                              (byte >> 6 & 1) << 4 | (byte >> 1 & 1) << 3 | (byte >> 5 & 1) << 2 | (byte & 1) << 1 |
-                              (byte >> 4 & 1));
-}
-
-constexpr auto kPairedBits = [] {
-  std::array<uint8_t, 256> table{};
-  for (unsigned byte = 0; byte < table.size(); ++byte) table[byte] = pairedBits(byte);
-  return table;
-}();
-
 // Past the end of the file all is zero.
 void readFrame(ViewerState &viewer) {
   VidPlayer &vid = viewer.vidPlayer;
   if (vid.frameSize < 0) return;
   readBytes(viewer.inputFile, kFramesPos + int64_t{vid.currentFrame} * vid.frameSize, vid.frameData);
-  if (vid.colourCode != kFourColours) return;
-  const int32_t last = roundHalfEven(vid.width / 4.0 * vid.height - 1);
-  const size_t count = std::min(notNegative(last + 1), vid.frameData.size());
-  for (size_t i = 0; i < count; ++i) vid.frameData[i] = kPairedBits[vid.frameData[i]];
+  if (vid.colourCode == kFourColours) pairPictureBits(vid.frameData, vid.width, vid.height);
 }
 
 // Whole bytes only: pixels at the end of a row that fill no byte keep their value.
