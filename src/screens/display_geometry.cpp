@@ -43,6 +43,7 @@ void ApplyDisplayGeometry(ViewerState &viewer) {
   window.mainViewWidth = std::max(areaWidth, kLeastAreaWidth) + kFrameAround;
   window.mainViewHeight = std::max(areaHeight, kLeastAreaHeight) + kFrameAround;
   ++window.pictureSerial;
+  window.readout = {}; // of the picture before
 
   window.menuSavePal.enabled = viewer.hasPalette == kTrue;
   window.menuLoadPal.enabled = viewer.hasPalette == kTrue && viewer.colourCount <= kMostFilePaletteEntries;

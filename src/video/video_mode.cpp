@@ -139,5 +139,6 @@ void drawVideoFrame(ViewerState &viewer, std::span<const uint32_t> pixels, const
     std::copy_n(pixels.data() + y * rowPixels, count, viewer.frameBits.data() + y * width);
   }
   ++viewer.window.pictureSerial;
+  viewer.window.readout = {}; // of the frame before
   viewer.platform.presentPicture(viewer.platform.context, viewer.frameBits, viewer.frameWidth, viewer.frameHeight);
 }
