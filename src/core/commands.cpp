@@ -39,6 +39,7 @@ void startViewer(ViewerState &viewer, std::string_view commandLine) {
 void openPath(ViewerState &viewer, const std::string &path) {
   if (viewer.loadUnderWay) return;
   if (viewer.runUnderWay) {
+    if (characterCount(path) < kShortestPath) return;
     stopPlayback(viewer);
     viewer.pathRequested = path;
     return;
@@ -57,6 +58,7 @@ void menuClose_Click(ViewerState &viewer) {
   if (viewer.runUnderWay) {
     stopPlayback(viewer);
     viewer.closeRequested = true;
+    viewer.pathRequested.clear();
     return;
   }
   resetViewer(viewer);

@@ -7,7 +7,6 @@
 namespace {
 
 constexpr size_t kExtensionLength = 4;
-constexpr size_t kShortestPath = 5;
 
 // Also ends what the players know of their file: it is no longer the open one. Its last frame stays as a picture.
 void closeAllFiles(ViewerState &viewer) {

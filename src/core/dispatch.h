@@ -16,6 +16,9 @@ inline constexpr std::string_view kFolderSeparators = "\\/";
 inline constexpr std::string_view kEmptyCaption = "Korilan";
 inline constexpr std::string_view kCaptionStart = "Korilan - ";
 
+// Characters of a path that can name a file of a known kind; a shorter one is ignored.
+inline constexpr size_t kShortestPath = 5;
+
 // Loads `filePath` by its extension. An unknown extension only leaves its name in `fileExtension`.
 void openCurrentPath(ViewerState &viewer);
 

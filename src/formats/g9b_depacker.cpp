@@ -51,7 +51,7 @@ size_t readOffset(BitReader &reader) {
   size_t offset = reader.byte();
   if (offset < 0x80) return offset;
   offset &= 0x7F;
-  for (const size_t weight : {1024, 512, 256, 128}) offset += reader.bit() * weight;
+  for (const size_t weight : {1024U, 512U, 256U, 128U}) offset += reader.bit() * weight;
   return offset;
 }
 

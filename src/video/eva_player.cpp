@@ -31,7 +31,6 @@ constexpr uint8_t kRate10 = 6;
 constexpr size_t kFrameBytes = size_t{kEvaWidth} * kEvaHeight;
 constexpr size_t kMostSlots = 12;
 
-constexpr size_t kLineBytes = 140;
 constexpr size_t kGroupVideoBytes = 11; // behind each sample of a line
 constexpr size_t kLineVideoBytes = kEvaWidth;
 

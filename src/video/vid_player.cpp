@@ -52,7 +52,7 @@ void fillPalette(VidPlayer &vid) {
     std::copy(colours.begin(), colours.end(), vid.palette.begin());
     return;
   }
-  for (const size_t pixel : {1, 4, 16, 64}) {
+  for (const size_t pixel : {1U, 4U, 16U, 64U}) {
     for (size_t colour = 0; colour < 4; ++colour) vid.palette[colour * pixel] = colours[colour];
   }
 }

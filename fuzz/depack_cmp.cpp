@@ -1,0 +1,13 @@
+// The code of DD-Graph's compressed pictures.
+#include "formats/cmp_depacker.h"
+
+#include <cstdlib>
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
+  static CmpDepacker depacker;
+  startCmpDepacker(depacker, {data, size});
+  size_t bytes = 0;
+  while (depackCmpByte(depacker)) ++bytes;
+  if (bytes > kCmpMemoryBytes) std::abort();
+  return 0;
+}
