@@ -1,0 +1,95 @@
+#include "video/sound_track.h"
+
+#include "video/video_files.h"
+#include "video/video_mode.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+std::string hexOf(std::span<const uint8_t> bytes) {
+  std::string text;
+  for (const uint8_t byte : bytes) {
+    for (const int digit : {byte >> 4, byte & 15}) text += "0123456789ABCDEF"[digit];
+  }
+  return text;
+}
+
+TEST(SoundTrack, HeadersAndSilence) {
+  using Row = std::tuple<const char *, uint8_t, size_t, const char *>;
+  for (const auto &[name, rate, length, header] :
+       {Row{"12", kRate12, 15788,
+            "52494646A43D000057415645666D74201000000001000100803D0000803D00000100080064617461803D0000"},
+        Row{"10", kRate10, 15794,
+            "52494646AA3D000057415645666D74201000000001000100863D0000863D00000100080064617461863D0000"}}) {
+    SCOPED_TRACE(name);
+    TestViewer test;
+    test.open("x.EVA", evaFile(1, rate));
+    const SoundImages &images = test.viewer.soundImages;
+    EXPECT_EQ(hexOf(std::span(images.looping).first(44)), header);
+    EXPECT_EQ(images.loopingBytes, length);
+    std::string silence = "524946465000000057415645666D74201000000001000100803D0000803D000001000800646174612C000000";
+    for (int i = 0; i < 44; ++i) silence += "7F";
+    EXPECT_EQ(hexOf(images.silence), silence);
+  }
+}
+
+TEST(SoundTrack, KeepsWhatNoFrameHasOverwritten) {
+  TestViewer test;
+  test.open("long.EVA", evaFile(3));
+  HScroll1_Change(test.viewer, 2);
+  test.open("short.EVA", evaFile(1, kRate10));
+  const auto &looping = test.viewer.soundImages.looping;
+  EXPECT_EQ(looping[44 + 1574], 8); // frame 0 of the second
+  EXPECT_EQ(looping[44 + 2 * 1312], 24);
+  EXPECT_EQ(looping[44 + 3 * 1312 - 1], 24);
+  EXPECT_EQ(looping[44 + 3 * 1312], 0);
+}
+
+// What the device was given at the start of the sound.
+struct Started {
+  const uint8_t *place;
+  Bytes image;
+};
+thread_local std::vector<Started> started;
+
+TEST(SoundTrack, StartsInPlaceWhenTheSecondFrameIsRead) {
+  using Row = std::tuple<const char *, uint8_t, int32_t, size_t, size_t>;
+  for (const auto &[name, rate, first, slotBytes, length] :
+       {Row{"12", kRate12, 0, 1312, 15788}, Row{"10", kRate10, 0, 1575, 15794},
+        Row{"12 from frame 11", kRate12, 11, 1312, 15788}, Row{"10 from frame 9", kRate10, 9, 1575, 15794}}) {
+    SCOPED_TRACE(name);
+    TestViewer test;
+    test.open("x.EVA", evaFile(14, rate));
+    HScroll1_Change(test.viewer, first);
+    started.clear();
+    test.viewer.platform.startSound = [](void *, std::span<const uint8_t> image) {
+      started.push_back({image.data(), Bytes(image.begin(), image.end())});
+    };
+    Image1_Click(test.viewer);
+    ASSERT_EQ(started.size(), 1u);
+    EXPECT_EQ(started[0].place, test.viewer.soundImages.looping.data());
+    ASSERT_EQ(started[0].image.size(), length);
+    const size_t slots = rate == kRate12 ? 12 : 10;
+    for (int32_t frame = first; frame < first + 3; ++frame) { // the third is not there yet
+      const size_t at = 44 + static_cast<size_t>(frame) % slots * slotBytes;
+      const bool read = frame < first + 2;
+      EXPECT_EQ(started[0].image[at] == 8 * (frame + 1), read) << frame;
+      EXPECT_EQ(started[0].image[at + slotBytes - 1] == 8 * (frame + 1), read) << frame;
+    }
+  }
+}
+
+TEST(SoundTrack, StopDoesNoHarm) {
+  TestViewer test;
+  stopSound(test.viewer);
+  test.open("x.EVA", evaFile(2));
+  test.platform.log.clear();
+  stopSound(test.viewer);
+  EXPECT_EQ(test.platform.log, std::vector<std::string>{"stopSound 88"});
+  test.platform.log.clear();
+  menuExit_Click(test.viewer);
+  EXPECT_EQ(test.platform.log, (std::vector<std::string>{"stopSound 88", "exitProgram"}));
+}
+
+} // namespace

@@ -1,0 +1,64 @@
+// Videos put together byte by byte.
+#pragma once
+
+#include "support/test_viewer.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+using Bytes = std::vector<uint8_t>;
+using Pixels = std::vector<uint32_t>;
+
+inline constexpr size_t kEvaBlock = 15360;
+inline constexpr uint8_t kRate12 = 5, kRate10 = 6;
+
+// Every byte of block n, picture and sound alike, is 8 * (n + 1): luminance n + 1 without chroma.
+inline Bytes evaFile(size_t blocks, uint8_t rate = kRate12, uint8_t kind = 0) {
+  Bytes file;
+  for (size_t n = 0; n < blocks; ++n) file.insert(file.end(), kEvaBlock, static_cast<uint8_t>(8 * (n + 1)));
+  if (blocks > 0) {
+    file[15343] = kind;
+    file[15359] = rate;
+  }
+  return file;
+}
+
+// A SymbOS video of one line of four pixels in 16 colours, where nothing else is asked for.
+struct VidFile {
+  int rate = 10, frameCount = 1, width = 4, height = 1, colourCode = 7, frameSize = 2;
+  Bytes frames = {};
+
+  Bytes build() const {
+    Bytes file{'S', 'y', 'm', 'V', 'i', 'd', '1', '0'};
+    file.resize(512);
+    file[10] = static_cast<uint8_t>(rate);
+    const auto put = [&](size_t offset, int word) {
+      file[offset] = static_cast<uint8_t>(word);
+      file[offset + 1] = static_cast<uint8_t>(word >> 8);
+    };
+    put(11, frameCount);
+    put(14, width);
+    put(16, height);
+    put(18, colourCode);
+    put(51, frameSize);
+    file.insert(file.end(), frames.begin(), frames.end());
+    return file;
+  }
+};
+
+inline long countOf(const std::vector<std::string> &log, const std::string &line) {
+  return std::count(log.begin(), log.end(), line);
+}
+
+// Which of the video's controls are there, and whether the View menu has its picture commands.
+inline std::string controlsOf(const ViewerState &viewer) {
+  const WindowModel &window = viewer.window;
+  return std::string(window.Image1.visible ? "Play " : "") + (window.Image2.visible ? "Stop " : "") +
+         (window.HScroll1.visible ? "Bar " : "") + (window.menuZoom.enabled ? "Zoom " : "") +
+         (window.menuDoubleHeight.enabled ? "Aspect " : "");
+}
+
+inline constexpr const char *kVideoControls = "Play Stop Bar ";
+inline constexpr const char *kPictureControls = "Zoom Aspect ";
