@@ -3,10 +3,7 @@
 
 #include "support/test_viewer.h"
 
-#include <algorithm>
 #include <cstdint>
-#include <string>
-#include <vector>
 
 using Bytes = std::vector<uint8_t>;
 using Pixels = std::vector<uint32_t>;
@@ -34,30 +31,24 @@ struct VidFile {
     Bytes file{'S', 'y', 'm', 'V', 'i', 'd', '1', '0'};
     file.resize(512);
     file[10] = static_cast<uint8_t>(rate);
-    const auto put = [&](size_t offset, int word) {
+    for (const auto &[offset, word] :
+         {std::pair{11U, frameCount}, {14U, width}, {16U, height}, {18U, colourCode}, {51U, frameSize}}) {
       file[offset] = static_cast<uint8_t>(word);
       file[offset + 1] = static_cast<uint8_t>(word >> 8);
-    };
-    put(11, frameCount);
-    put(14, width);
-    put(16, height);
-    put(18, colourCode);
-    put(51, frameSize);
+    }
     file.insert(file.end(), frames.begin(), frames.end());
     return file;
   }
 };
 
-inline long countOf(const std::vector<std::string> &log, const std::string &line) {
-  return std::count(log.begin(), log.end(), line);
-}
+inline const Bytes kScreen8File{0xFE, 0, 0, 0xFF, 0xD3, 0, 0, 0x1C};
 
-// Which of the video's controls are there, and whether the View menu has its picture commands.
+// What is there for a video or for a picture only.
 inline std::string controlsOf(const ViewerState &viewer) {
   const WindowModel &window = viewer.window;
-  return std::string(window.Image1.visible ? "Play " : "") + (window.Image2.visible ? "Stop " : "") +
-         (window.HScroll1.visible ? "Bar " : "") + (window.menuZoom.enabled ? "Zoom " : "") +
-         (window.menuDoubleHeight.enabled ? "Aspect " : "");
+  std::string text = window.Image1.visible ? "Play " : "";
+  text += std::string(window.Image2.visible ? "Stop " : "") + (window.HScroll1.visible ? "Bar " : "");
+  return text + (window.menuZoom.enabled ? "Zoom " : "") + (window.menuDoubleHeight.enabled ? "Aspect " : "");
 }
 
 inline constexpr const char *kVideoControls = "Play Stop Bar ";
