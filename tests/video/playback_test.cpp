@@ -127,7 +127,8 @@ TEST(Playback, TwoHoursKeepTime) {
     viewer.platform.runPendingEvents = [](void *) {};
     viewer.platform.waitForEvents = [](void *, uint32_t milliseconds) {
       const int64_t wait = ++film.waits;
-      film.platform->ticks += wait % 3 == 0 ? 1 : milliseconds + static_cast<uint32_t>(wait % 16);
+      film.platform->ticks +=
+          wait % 3 == 0 ? std::max(2U, milliseconds) - 1 : milliseconds + static_cast<uint32_t>(wait % 16);
     };
     openPath(viewer, "x.EVA");
     test.platform.ticks = start;
@@ -201,6 +202,17 @@ TEST(Playback, AnyCommandAtAnyEvent) {
       }
     }
   }
+}
+
+TEST(Playback, StopIsHeardWhileEveryFrameIsLate) {
+  TestViewer test;
+  test.open("x.VID", VidFile{12, 5, 4, 1, 7, 2, kVidFrames}.build());
+  test.viewer.platform.presentPicture = [](void *context, std::span<const uint32_t>, int32_t, int32_t) {
+    static_cast<HeadlessPlatform *>(context)->ticks += 500;
+  };
+  test.platform.events.push_back({[](ViewerState &viewer, const std::string &) { Image2_Click(viewer); }, ""});
+  Image1_Click(test.viewer);
+  EXPECT_EQ(test.platform.ticks, 1500u); // the first frame, then frame 0 by Stop and at the end of the run
 }
 
 TEST(Playback, KeysOfAVideo) {
