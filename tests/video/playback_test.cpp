@@ -108,12 +108,13 @@ size_t readFilm(FileHandle, int64_t offset, uint8_t *into, size_t count) {
   return count;
 }
 
-constexpr FileOps kFilmFiles{.openForReading = [](const char *) -> FileHandle { return &film; },
-                             .length = [](FileHandle) { return 7200 * film.rate * static_cast<int64_t>(kEvaBlock); },
-                             .readAt = readFilm,
-                             .close = [](FileHandle) {},
-                             .listFolder = nullptr,
-                             .replaceFile = nullptr};
+FileOps filmFiles() {
+  FileOps files = memoryFiles();
+  files.openForReading = [](const char *) -> FileHandle { return &film; };
+  files.length = [](FileHandle) { return 7200 * film.rate * static_cast<int64_t>(kEvaBlock); };
+  files.readAt = readFilm;
+  return files;
+}
 
 TEST(Playback, TwoHoursKeepTime) {
   using Row = std::tuple<const char *, int, uint32_t>;
@@ -123,7 +124,8 @@ TEST(Playback, TwoHoursKeepTime) {
     TestViewer test;
     ViewerState &viewer = test.viewer;
     film = {&viewer, &test.platform, rate, start};
-    viewer.platform.files = &kFilmFiles;
+    const FileOps files = filmFiles();
+    viewer.platform.files = &files;
     viewer.platform.runPendingEvents = [](void *) {};
     viewer.platform.waitForEvents = [](void *, uint32_t milliseconds) {
       const int64_t wait = ++film.waits;
