@@ -56,7 +56,7 @@ std::string writeSamples(OpenedFile &file, const CliOutput &output) {
     failure = writeCliOutput(output, soundSlot(viewer, eva.currentFrame));
   }
   constexpr std::array<uint8_t, 1> kPadding{};
-  const bool odd = sampleBytes % 2 != 0; // the parts of the file have even lengths
+  const bool odd = sampleBytes % 2 != 0;
   return odd && failure.empty() ? writeCliOutput(output, kPadding) : failure;
 }
 

@@ -10,6 +10,7 @@ namespace {
 
 // The palette entry that the pixel was drawn with. Two entries may have one colour, so the picture itself cannot tell.
 std::optional<uint32_t> entryAt(ViewerState &viewer, size_t pixel) {
+  if (viewer.hasPalette != kTrue) return std::nullopt; // a video's frames do not even stand in video memory
   if (viewer.entryBitsSerial != viewer.window.pictureSerial) {
     viewer.entryBits = renderEntries(viewer);
     viewer.entryBitsSerial = viewer.window.pictureSerial;
@@ -34,6 +35,10 @@ void moveMouse(ViewerState &viewer, int32_t x, int32_t y) {
   const int64_t column = int64_t{x} * stretch.sourceWidth / stretch.targetWidth;
   const int64_t line = int64_t{y} * stretch.sourceHeight / stretch.targetHeight;
   const auto pixel = static_cast<size_t>(line * viewer.frameWidth + column);
+  if (pixel >= viewer.frameBits.size()) { // in the midst of a change of the picture
+    leaveMouse(viewer);
+    return;
+  }
   const uint32_t colour = viewer.frameBits[pixel];
 
   std::string text = std::to_string(column) + ", " + std::to_string(line) + "   ";

@@ -47,6 +47,10 @@ void openPath(ViewerState &viewer, const std::string &path) {
   viewer.loadUnderWay = true;
   viewer.filePath = path;
   openCurrentPath(viewer);
+  endLoad(viewer);
+}
+
+void endLoad(ViewerState &viewer) {
   viewer.loadUnderWay = false;
   if (viewer.exitRequested) menuExit_Click(viewer);
 }
@@ -83,7 +87,7 @@ void menuCopyClipboard_Click(ViewerState &viewer) {
   const auto bitmapV5 = encodeBitmapV5(viewer.frameBits, viewer.frameWidth, viewer.frameHeight);
   if (viewer.platform.copyToClipboard(viewer.platform.context, bitmap, bitmapV5)) return;
   viewer.platform.showMessage(viewer.platform.context, "Korilan",
-                              "Could not copy: another program is using the clipboard.", MessageIcon::kWarning);
+                              "Could not copy: the clipboard is in use, or memory is lacking.", MessageIcon::kWarning);
 }
 
 void menuExit_Click(ViewerState &viewer) {

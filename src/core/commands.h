@@ -14,6 +14,9 @@ void startViewer(ViewerState &viewer, std::string_view commandLine);
 // The one path that `commandLine` holds, or nothing where it is empty or holds several paths.
 std::optional<std::string> pathFromCommandLine(std::string_view commandLine);
 
+// Ends what began with setting `loadUnderWay`, and then exits where that was asked for meanwhile.
+void endLoad(ViewerState &viewer);
+
 // Opens `path` as the Open command, a drop or the command line does.
 void openPath(ViewerState &viewer, const std::string &path);
 

@@ -3,19 +3,18 @@
 #include "core/file_kinds.h"
 #include "core/text.h"
 #include "screens/display_geometry.h"
+#include "video/video_mode.h"
 
 namespace {
 
 constexpr size_t kExtensionLength = 4;
 
-// Also ends what the players know of their file: it is no longer the open one. Its last frame stays as a picture.
+// Also ends what the players know of their file: it is no longer the open one.
 void closeAllFiles(ViewerState &viewer) {
   closeInputFile(viewer.inputFile);
   viewer.evaPlayer.fileOpen = kFalse;
   viewer.vidPlayer.fileOpen = kFalse;
-  WindowModel &window = viewer.window;
-  window.Image1.visible = window.Image2.visible = window.HScroll1.visible = false;
-  window.menuZoom.enabled = window.menuDoubleHeight.enabled = true;
+  leaveVideoMode(viewer);
 }
 
 } // namespace

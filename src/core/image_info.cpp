@@ -13,6 +13,10 @@ namespace {
 
 std::string line(const char *name, const std::string &value) { return std::string(name) + ":\t" + value + "\n"; }
 
+std::string sizeText(int32_t width, int32_t height) {
+  return std::to_string(width) + " x " + std::to_string(height) + " pixels";
+}
+
 // The flag may be left from the picture before.
 std::string paletteText(const ViewerState &viewer) {
   constexpr uint8_t kMostEntries = 64;
@@ -26,7 +30,8 @@ std::string videoLines(const ViewerState &viewer) {
   const int rate = eva ? viewer.evaPlayer.framesPerSecond : viewer.vidPlayer.framesPerSecond;
   std::array<char, 32> seconds{};
   std::snprintf(seconds.data(), seconds.size(), "%.1f seconds", static_cast<double>(frames) / std::max(1, rate));
-  const std::string sound = eva ? grouped(int64_t{soundFormat(viewer).samplesPerFrame} * rate) + " Hz, 8 bits, mono" : "none";
+  const std::string sound =
+      eva ? grouped(int64_t{soundFormat(viewer).samplesPerFrame} * rate) + " Hz, 8 bits, mono" : "none";
   return line("Frames", grouped(frames)) + line("Rate", std::to_string(rate) + " frames a second") +
          line("Length", seconds.data()) + line("Sound", sound);
 }
@@ -40,13 +45,16 @@ std::string imageInfo(const ViewerState &viewer) {
   std::string text = line("File name", viewer.fileName) + line("Folder", viewer.folderPath) +
                      line("Size on disk", grouped(inputFileLength(viewer.inputFile)) + " bytes") +
                      line("Type", viewer.typeDescription + storage);
-  if (refused) text += line("Picture shown", "still that of " + viewer.picturePath);
-  text += line("Size", std::to_string(viewer.imageWidth) + " x " + std::to_string(viewer.imageHeight) + " pixels") +
+  if (refused) { // its header may have been taken over in part
+    return text + line("Picture shown", "still that of " + viewer.picturePath) +
+           line("Size", sizeText(viewer.frameWidth, viewer.frameHeight));
+  }
+  text += line("Size", sizeText(viewer.imageWidth, viewer.imageHeight)) +
           line("Depth", std::to_string(viewer.bitsPerPixel) + " bits per pixel") +
           line("Colors", viewer.window.Label3) + line("Palette", paletteText(viewer));
   if (video) text += videoLines(viewer);
-  if (!refused && viewer.fileExtension == ".HAM") text += hamDetails(viewer);
-  if (!refused && viewer.fileExtension == ".G9B") text += g9bDetails(viewer);
+  if (viewer.fileExtension == ".HAM") text += hamDetails(viewer);
+  if (viewer.fileExtension == ".G9B") text += g9bDetails(viewer);
   return text;
 }
 

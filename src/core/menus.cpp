@@ -7,7 +7,6 @@
 #include "core/open_dialog.h"
 #include "formats/colour_count.h"
 #include "screens/palette_commands.h"
-#include "video/sound_track.h"
 
 #include <string_view>
 
@@ -76,10 +75,5 @@ void runMenuRow(ViewerState &viewer, size_t index) {
   if (index >= kMenuRows.size() || !menuRowEnabled(viewer.window, kMenuRows[index])) return;
   const MenuCommand command = kMenuRows[index].command;
   if (viewer.loadUnderWay && command != menuExit_Click) return;
-  const bool opensDialog = command == menuHelp_Click || command == menuAbout_Click;
-  if (viewer.runUnderWay && opensDialog) { // the dialog holds the run up, and the sound would go on over and over
-    stopPlayback(viewer);
-    stopSound(viewer);
-  }
   command(viewer);
 }

@@ -41,6 +41,10 @@ std::optional<uint32_t> fileColour(uint8_t redBlue, uint8_t green) {
   return packColour(fileLevel(redBlue >> 4), fileLevel(green), fileLevel(redBlue & 0x0F));
 }
 
+bool hasShortPalette(const ViewerState &viewer) {
+  return viewer.hasPalette == kTrue && viewer.colourCount <= kShortPaletteEntries;
+}
+
 void setDefaultPalette(ViewerState &viewer) {
   std::copy(kDefaultPalette.begin(), kDefaultPalette.end(), viewer.palette.begin());
 }

@@ -22,6 +22,12 @@ constexpr uint32_t swapRedBlue(uint32_t word) {
 // 0 R2 R1 R0 0 B2 B1 B0, then 0 0 0 0 0 G2 G1 G0. Nothing where another bit is set.
 std::optional<uint32_t> fileColour(uint8_t redBlue, uint8_t green);
 
+// Entries that palette files and the swatches have room for.
+inline constexpr uint8_t kShortPaletteEntries = 16;
+
+// Whether the picture has a palette, and one that is no longer than that.
+bool hasShortPalette(const ViewerState &viewer);
+
 // Writes the 16 standard colours to entries 0 to 15.
 void setDefaultPalette(ViewerState &viewer);
 

@@ -113,6 +113,7 @@ struct ViewerState {
 
   bool loadUnderWay = false;  // commands that arrive meanwhile are ignored
   bool runUnderWay = false;   // a video plays; to open, to close or to exit ends it first and is then carried out
+  uint32_t heldTicks = 0;     // when the run was held
   bool exitRequested = false; // during a load or a run
   bool closeRequested = false;
   std::string pathRequested;

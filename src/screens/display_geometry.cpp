@@ -1,6 +1,7 @@
 #include "screens/display_geometry.h"
 
 #include "core/numbers.h"
+#include "core/palette.h"
 
 #include <algorithm>
 
@@ -9,8 +10,6 @@ namespace {
 constexpr int32_t kZoomLimit = 256; // wider or higher pictures are never zoomed
 constexpr int32_t kLeastAreaWidth = 256;
 constexpr int32_t kLeastAreaHeight = 192;
-constexpr int32_t kFrameAround = 4; // two pixels on either side
-constexpr uint8_t kMostFilePaletteEntries = 16;
 
 // Pages of a desktop publishing program are shown reduced in both directions: intended.
 constexpr const char *kReducedExtension = ".PCT";
@@ -46,7 +45,7 @@ void ApplyDisplayGeometry(ViewerState &viewer) {
   window.readout = {}; // of the picture before
 
   window.menuSavePal.enabled = viewer.hasPalette == kTrue;
-  window.menuLoadPal.enabled = viewer.hasPalette == kTrue && viewer.colourCount <= kMostFilePaletteEntries;
+  window.menuLoadPal.enabled = hasShortPalette(viewer);
   window.menuRestPal.enabled = viewer.hasPalette == kTrue && viewer.storedPaletteCount == viewer.colourCount;
 }
 

@@ -10,6 +10,9 @@
 inline constexpr int32_t kEmptyViewWidth = 516;
 inline constexpr int32_t kEmptyViewHeight = 428;
 
+// What MainView is larger than the picture area inside of it: two pixels on either side.
+inline constexpr int32_t kFrameAround = 4;
+
 // Sizes MainView and the stretch of the picture onto it, has it drawn anew, and enables the palette commands that the
 // picture allows. Does nothing while no picture is shown, or a video, which is
 // always seen at twice its size.

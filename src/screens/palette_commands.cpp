@@ -1,5 +1,6 @@
 #include "screens/palette_commands.h"
 
+#include "core/commands.h"
 #include "core/input_file.h"
 #include "core/open_dialog.h"
 #include "core/palette.h"
@@ -11,13 +12,8 @@
 
 namespace {
 
-constexpr uint8_t kMostEntries = 16;
-constexpr size_t kPaletteFileBytes = kMostEntries * 2;
+constexpr size_t kPaletteFileBytes = kShortPaletteEntries * 2;
 constexpr uint32_t kAllBits = 0xFFFFFF;
-
-bool hasShortPalette(const ViewerState &viewer) {
-  return viewer.hasPalette == kTrue && viewer.colourCount <= kMostEntries;
-}
 
 using PaletteFile = std::array<uint8_t, kPaletteFileBytes>;
 
@@ -42,10 +38,13 @@ bool takePalette(ViewerState &viewer, const PaletteFile &bytes) {
   return true;
 }
 
+// Drawing lets events run, as loading does.
 void drawAnew(ViewerState &viewer) {
+  viewer.loadUnderWay = true;
   renderPicture(viewer);
   ApplyDisplayGeometry(viewer);
   viewer.window.Label4.clear();
+  endLoad(viewer);
 }
 
 void hideSwatches(WindowModel &window) {

@@ -2,6 +2,7 @@
 
 #include "core/file_kinds.h"
 #include "core/load_pipeline.h"
+#include "core/palette.h"
 #include "formats/publisher_page.h"
 #include "formats/vscreen_level.h"
 #include "screens/byte_pixels.h"
@@ -14,7 +15,6 @@
 
 namespace {
 
-constexpr uint8_t kMostSwatches = 16;
 constexpr const char *kLinePaletteExtension = ".HAM"; // drawn again, with a palette that changes
 
 // Whether pixels of the present depth run on from line to line without a new byte for each line.
@@ -55,7 +55,7 @@ void renderPicture(ViewerState &viewer) {
   drawFrame(viewer);
 
   WindowModel &window = viewer.window;
-  window.menuViewPal.enabled = viewer.hasPalette == kTrue && viewer.colourCount <= kMostSwatches;
+  window.menuViewPal.enabled = hasShortPalette(viewer);
   window.menuViewPal.checked = false;
   for (Swatch &swatch : window.Label5) swatch.visible = false;
 

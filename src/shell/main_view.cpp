@@ -28,6 +28,7 @@ void paintView(const MainView &view, HDC screen) {
   const SIZE client = clientSizeOf(view.window);
   const LONG right = view.corner.x + client.cx;
   const LONG bottom = view.corner.y + client.cy;
+  const int before = SaveDC(screen);
   OffsetViewportOrgEx(screen, -view.corner.x, -view.corner.y, nullptr);
   Stretch stretch = view.stretch;
   if (!holdsSource(view, stretch)) stretch = {};
@@ -41,6 +42,7 @@ void paintView(const MainView &view, HDC screen) {
   for (const RECT &rest : {beside, below}) {
     if (rest.left < rest.right && rest.top < rest.bottom) FillRect(screen, &rest, GetSysColorBrush(kBackgroundColour));
   }
+  RestoreDC(screen, before);
 }
 
 // Moves the area to `corner` as far as there is something to see.
@@ -55,12 +57,14 @@ void scrollTo(MainView &view, POINT corner) {
   InvalidateRect(view.window, nullptr, FALSE);
 }
 
+int metricOf(HWND window, int metric) { return GetSystemMetricsForDpi(metric, GetDpiForWindow(window)); }
+
 // Room inside of the frame, with that of the scroll bars.
 SIZE innerSizeOf(HWND window) {
   RECT outer{};
   GetWindowRect(window, &outer);
-  return {outer.right - outer.left - 2 * GetSystemMetrics(SM_CXEDGE),
-          outer.bottom - outer.top - 2 * GetSystemMetrics(SM_CYEDGE)};
+  return {outer.right - outer.left - 2 * metricOf(window, SM_CXEDGE),
+          outer.bottom - outer.top - 2 * metricOf(window, SM_CYEDGE)};
 }
 
 void setScrollBar(const MainView &view, int bar, LONG length, LONG page, LONG position) {
@@ -76,8 +80,8 @@ void setScrollBar(const MainView &view, int bar, LONG length, LONG page, LONG po
 // Each bar stands only where the area has no room, and takes room from the other.
 void updateScrollBars(MainView &view) {
   SIZE room = innerSizeOf(view.window);
-  const LONG barWidth = GetSystemMetrics(SM_CXVSCROLL);
-  const LONG barHeight = GetSystemMetrics(SM_CYHSCROLL);
+  const LONG barWidth = metricOf(view.window, SM_CXVSCROLL);
+  const LONG barHeight = metricOf(view.window, SM_CYHSCROLL);
   const bool vertical = view.area.cy > room.cy || (view.area.cx > room.cx && view.area.cy > room.cy - barHeight);
   const bool horizontal = view.area.cx > room.cx - (vertical ? barWidth : 0);
   if (vertical) room.cx -= barWidth;

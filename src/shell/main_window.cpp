@@ -8,6 +8,7 @@
 #include "shell/swatches.h"
 #include "shell/window_placement.h"
 #include "shell/window_sync.h"
+#include "video/playback.h"
 #include "video/video_mode.h"
 
 #include <shellapi.h>
@@ -140,6 +141,10 @@ LRESULT CALLBACK mainWindowProcedure(HWND window, UINT message, WPARAM wParam, L
     }
     break;
   case WM_HSCROLL: scrollFrames(*main, LOWORD(wParam)); break;
+  case WM_ENTERMENULOOP:
+  case WM_ENTERSIZEMOVE: holdRun(*main->viewer); return 0;
+  case WM_EXITMENULOOP:
+  case WM_EXITSIZEMOVE: resumeRun(*main->viewer); return 0;
   case WM_SETFOCUS: SetFocus(main->mainView.window); return 0;
   case WM_DRAWITEM: drawItem(*main, *reinterpret_cast<const DRAWITEMSTRUCT *>(lParam)); return TRUE;
   case kMouseOverView: moveMouse(*main->viewer, static_cast<int32_t>(wParam), static_cast<int32_t>(lParam)); break;
@@ -207,9 +212,13 @@ void showMainWindow(MainWindow &main, int showCommand) {
 
 void handleMessage(MainWindow &main, MSG &message) {
   if (message.message == WM_KEYDOWN && main.window != nullptr) {
+    const HWND focus = GetFocus();
+    const bool pressesButton =
+        message.wParam == VK_SPACE && (focus == main.videoButtons[0].window || focus == main.videoButtons[1].window);
     const bool ctrl = GetKeyState(VK_CONTROL) < 0;
     const bool alt = GetKeyState(VK_MENU) < 0;
-    if (pressKey(*main.viewer, {.code = static_cast<int>(message.wParam), .ctrl = ctrl, .alt = alt})) {
+    if (!pressesButton &&
+        pressKey(*main.viewer, {.code = static_cast<int>(message.wParam), .ctrl = ctrl, .alt = alt})) {
       syncWindow(main);
       return;
     }

@@ -6,6 +6,7 @@
 #include "shell/sound_device.h"
 #include "shell/text_dialog.h"
 #include "shell/window_sync.h"
+#include "video/playback.h"
 
 #include <cstring>
 
@@ -93,13 +94,17 @@ void showMessage(void *context, const std::string &title, const std::string &tex
   const auto iconFlag = static_cast<UINT>(icon == MessageIcon::kInformation ? MB_ICONINFORMATION
                                           : icon == MessageIcon::kWarning   ? MB_ICONWARNING
                                                                             : 0);
+  holdRun(*main.viewer);
   MessageBoxA(main.window, text.c_str(), title.c_str(), MB_OK | iconFlag);
+  resumeRun(*main.viewer);
 }
 
 void showText(void *context, const std::string &title, const std::string &text) {
   MainWindow &main = mainWindowOf(context);
   syncWindow(main);
+  holdRun(*main.viewer);
   showTextDialog(main.window, title, text);
+  resumeRun(*main.viewer);
 }
 
 void showPreferences(void *context) {

@@ -49,6 +49,7 @@ void writeRegistrySetting(const std::string &key, const std::string &value) {
   if (readRegistrySetting(key) != value) createSetting(HKEY_CLASSES_ROOT, key, value);
 }
 
+// With all that stands below it, so that the class of another program does not stay behind in part.
 void deleteRegistrySetting(const std::string &key) {
   RegDeleteTreeA(HKEY_CURRENT_USER, (kUserClasses + key).c_str());
   RegDeleteTreeA(HKEY_CLASSES_ROOT, key.c_str());

@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-// The library, loaded once and kept; nullptr where the system has none.
+// The library, which stays loaded; nullptr where the system has none.
 inline HMODULE systemLibrary(const char *name) { return LoadLibraryExA(name, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32); }
 
 // A function of it, or nullptr.

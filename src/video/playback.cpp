@@ -1,5 +1,7 @@
 #include "video/playback.h"
 
+#include "video/sound_track.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -17,7 +19,8 @@ void enableDuringRun(ViewerState &viewer, bool enabled) {
   }
 }
 
-bool waitForFrame(ViewerState &viewer, uint32_t startTicks, int32_t frame, int framesPerSecond, const Flag16 &playing) {
+bool waitForFrame(ViewerState &viewer, const uint32_t &startTicks, int32_t frame, int framesPerSecond,
+                  const Flag16 &playing) {
   const PlatformOps &platform = viewer.platform;
   const double due = frame * 1000.0 / std::max(1, framesPerSecond);
   // The tick count wraps after 49.7 days; the difference does not.
@@ -35,6 +38,20 @@ bool waitForFrame(ViewerState &viewer, uint32_t startTicks, int32_t frame, int f
     elapsed = platform.tickCount(platform.context) - startTicks;
   }
   return true;
+}
+
+void holdRun(ViewerState &viewer) {
+  if (!videoPlaying(viewer)) return;
+  viewer.heldTicks = viewer.platform.tickCount(viewer.platform.context);
+  if (viewer.evaPlayer.playing == kTrue) stopSound(viewer);
+}
+
+void resumeRun(ViewerState &viewer) {
+  if (!videoPlaying(viewer)) return;
+  const uint32_t held = viewer.platform.tickCount(viewer.platform.context) - viewer.heldTicks;
+  viewer.evaPlayer.startTicks += held;
+  viewer.vidPlayer.startTicks += held;
+  if (viewer.evaPlayer.playing == kTrue && viewer.evaPlayer.soundPending != kTrue) startSound(viewer);
 }
 
 void showFrameNumber(ViewerState &viewer, int32_t frame) {

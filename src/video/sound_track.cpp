@@ -30,7 +30,8 @@ const SoundFormat &soundFormat(const ViewerState &viewer) {
 std::array<uint8_t, kWaveHeaderBytes> waveHeader(const SoundFormat &format, uint32_t sampleBytes) {
   std::array<uint8_t, kWaveHeaderBytes> header{};
   putText(header, 0, "RIFF");
-  putWord(header, 4, static_cast<uint32_t>(kWaveHeaderBytes) - 8 + sampleBytes);
+  const uint32_t padding = sampleBytes % 2; // each part of the file has an even length
+  putWord(header, 4, static_cast<uint32_t>(kWaveHeaderBytes) - 8 + sampleBytes + padding);
   putText(header, 8, "WAVEfmt ");
   putWord(header, 16, 16);
   header[20] = 1;

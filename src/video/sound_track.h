@@ -24,7 +24,7 @@ inline constexpr SoundFormat kSound10 = {10, 1575};
 // The format of the player's present rate; that of 10 for every rate but 12.
 const SoundFormat &soundFormat(const ViewerState &viewer);
 
-// The header of a file of `sampleBytes` samples, unsigned 8 bits mono.
+// The header of a file of `sampleBytes` samples, unsigned 8 bits mono; a byte of padding follows an odd number of them.
 std::array<uint8_t, kWaveHeaderBytes> waveHeader(const SoundFormat &format, uint32_t sampleBytes);
 
 // Sizes the looping image for the player's rate.

@@ -3,6 +3,7 @@
 #include "core/commands.h"
 #include "core/dispatch.h"
 #include "core/load_pipeline.h"
+#include "screens/display_geometry.h"
 #include "video/eva_player.h"
 #include "video/vid_player.h"
 
@@ -11,12 +12,11 @@
 namespace {
 
 constexpr int32_t kEnlargement = 2;
-constexpr int32_t kFrameAround = 4; // two pixels on either side
 
 // Frame 0 and everything around it. Run again after each run.
 void setUpVideo(ViewerState &viewer) {
   if (viewer.evaPlayer.fileOpen == kTrue) openEva(viewer, openedPath(viewer));
-  if (viewer.vidPlayer.fileOpen == kTrue) openVid(viewer, openedPath(viewer));
+  if (viewer.vidPlayer.fileOpen == kTrue && !openVid(viewer, openedPath(viewer))) leaveVideoMode(viewer);
 }
 
 void carryOutRequests(ViewerState &viewer) {
@@ -117,6 +117,7 @@ void enterVideoMode(ViewerState &viewer, const VideoFormat &format) {
   // Frames hold no more than 65535 pixels; lines far beyond them need no memory.
   const int32_t mostLines = viewer.imageWidth > 0 ? static_cast<int32_t>(kMaxPixels / viewer.imageWidth) : 0;
   viewer.frameHeight = std::min(viewer.imageHeight, mostLines);
+  viewer.frameBits.assign(static_cast<size_t>(viewer.frameWidth) * static_cast<size_t>(viewer.frameHeight), 0);
   viewer.picturePath = openedPath(viewer);
   viewer.pictureShown = kTrue;
   window.stretch = {.sourceWidth = viewer.frameWidth,
@@ -125,6 +126,12 @@ void enterVideoMode(ViewerState &viewer, const VideoFormat &format) {
                     .targetHeight = kEnlargement * viewer.frameHeight};
   window.mainViewWidth = window.stretch.targetWidth + kFrameAround;
   window.mainViewHeight = window.stretch.targetHeight + kFrameAround;
+}
+
+void leaveVideoMode(ViewerState &viewer) {
+  WindowModel &window = viewer.window;
+  window.Image1.visible = window.Image2.visible = window.HScroll1.visible = false;
+  window.menuZoom.enabled = window.menuDoubleHeight.enabled = true;
 }
 
 void drawVideoFrame(ViewerState &viewer, std::span<const uint32_t> pixels, const FrameHeader &header) {

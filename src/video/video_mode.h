@@ -38,5 +38,8 @@ struct VideoFormat {
 // For the players, once their file is known: labels, menus, Play, Stop and scroll bar, and a view of the right size.
 void enterVideoMode(ViewerState &viewer, const VideoFormat &format);
 
+// Once no video is open: without Play, Stop and scroll bar. The last frame stays as a picture.
+void leaveVideoMode(ViewerState &viewer);
+
 // For the players: shows `pixels`, rows as `header` says, in the view. What they do not reach is black.
 void drawVideoFrame(ViewerState &viewer, std::span<const uint32_t> pixels, const FrameHeader &header);

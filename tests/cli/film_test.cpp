@@ -88,7 +88,7 @@ TEST(CliFilm, SoundIsTheWholeTrack) {
     };
     Bytes wanted;
     for (const Bytes &part :
-         {bytesOf("RIFF"), word(36 + track.size()), bytesOf("WAVEfmt "), word(16), Bytes{1, 0, 1, 0},
+         {bytesOf("RIFF"), word(36 + track.size() + track.size() % 2), bytesOf("WAVEfmt "), word(16), Bytes{1, 0, 1, 0},
           Bytes{row.rateLow, row.rateHigh, 0, 0}, Bytes{row.rateLow, row.rateHigh, 0, 0}, Bytes{1, 0, 8, 0},
           bytesOf("data"), word(track.size()), track, Bytes(track.size() % 2)}) {
       wanted.insert(wanted.end(), part.begin(), part.end());

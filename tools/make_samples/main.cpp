@@ -24,7 +24,7 @@ bool writeWholeFile(const std::filesystem::path &path, const std::vector<std::ui
 } // namespace
 
 int main(int argumentCount, char **arguments) {
-  if (argumentCount != 2 || arguments[1][0] == '\0') {
+  if (argumentCount != 2 || arguments[1][0] == '\0' || arguments[1][0] == '-') {
     std::fprintf(stderr, "usage: make_samples DIR\n");
     return 2;
   }
