@@ -54,6 +54,7 @@ void scrollTo(MainView &view, POINT corner) {
   view.corner = corner;
   SetScrollPos(view.window, SB_HORZ, view.corner.x, TRUE);
   SetScrollPos(view.window, SB_VERT, view.corner.y, TRUE);
+  SendMessageA(GetParent(view.window), kMouseLeftView, 0, 0); // other pixels stand under the mouse
   InvalidateRect(view.window, nullptr, FALSE);
 }
 
@@ -75,20 +76,6 @@ void setScrollBar(const MainView &view, int bar, LONG length, LONG page, LONG po
   state.nPage = static_cast<UINT>(std::max(LONG{0}, page));
   state.nPos = position;
   SetScrollInfo(view.window, bar, &state, TRUE);
-}
-
-// Each bar stands only where the area has no room, and takes room from the other.
-void updateScrollBars(MainView &view) {
-  SIZE room = innerSizeOf(view.window);
-  const LONG barWidth = metricOf(view.window, SM_CXVSCROLL);
-  const LONG barHeight = metricOf(view.window, SM_CYHSCROLL);
-  const bool vertical = view.area.cy > room.cy || (view.area.cx > room.cx && view.area.cy > room.cy - barHeight);
-  const bool horizontal = view.area.cx > room.cx - (vertical ? barWidth : 0);
-  if (vertical) room.cx -= barWidth;
-  if (horizontal) room.cy -= barHeight;
-  setScrollBar(view, SB_HORZ, view.area.cx, room.cx, view.corner.x);
-  setScrollBar(view, SB_VERT, view.area.cy, room.cy, view.corner.y);
-  scrollTo(view, view.corner);
 }
 
 constexpr int kScrollStep = 32;
@@ -233,7 +220,19 @@ void redrawPicture(MainView &view, const Stretch &stretch, SIZE area) {
   if (area.cx != view.area.cx || area.cy != view.area.cy) {
     view.area = area;
     view.corner = {};
-    updateScrollBars(view);
   }
   InvalidateRect(view.window, nullptr, FALSE);
+}
+
+void updateScrollBars(MainView &view) {
+  SIZE room = innerSizeOf(view.window);
+  const LONG barWidth = metricOf(view.window, SM_CXVSCROLL);
+  const LONG barHeight = metricOf(view.window, SM_CYHSCROLL);
+  const bool vertical = view.area.cy > room.cy || (view.area.cx > room.cx && view.area.cy > room.cy - barHeight);
+  const bool horizontal = view.area.cx > room.cx - (vertical ? barWidth : 0);
+  if (vertical) room.cx -= barWidth;
+  if (horizontal) room.cy -= barHeight;
+  setScrollBar(view, SB_HORZ, view.area.cx, room.cx, view.corner.x);
+  setScrollBar(view, SB_VERT, view.area.cy, room.cy, view.corner.y);
+  scrollTo(view, view.corner);
 }

@@ -37,4 +37,8 @@ bool createMainView(MainView &view, HWND parent, HINSTANCE instance);
 void setPicture(MainView &view, std::span<const uint32_t> frameBits, int32_t width, int32_t height);
 
 // Has Picture1 drawn anew with that stretch, in an area of that size; another size is seen from its corner.
+// updateScrollBars() is to follow, once the view itself has its new size.
 void redrawPicture(MainView &view, const Stretch &stretch, SIZE area);
+
+// Shows each scroll bar only where the area has no room, which it takes from the other.
+void updateScrollBars(MainView &view);

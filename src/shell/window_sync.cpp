@@ -110,4 +110,5 @@ void syncWindow(MainWindow &main) {
   main.shown = model;
   if (redrawn) redrawPicture(main.mainView, model.stretch, pictureAreaOf(model));
   if (resized || recentred) fitWindow(main);
+  if (redrawn) updateScrollBars(main.mainView);
 }

@@ -46,7 +46,10 @@ std::array<uint8_t, kWaveHeaderBytes> waveHeader(const SoundFormat &format, uint
 }
 
 void sizeSoundImage(ViewerState &viewer) {
-  viewer.soundImages.loopingBytes = kWaveHeaderBytes + sampleRate(soundFormat(viewer));
+  SoundImages &images = viewer.soundImages;
+  // Slots that no frame has filled yet are heard in the first second of the first run.
+  if (images.loopingBytes == 0) images.looping.fill(kSilentLevel);
+  images.loopingBytes = kWaveHeaderBytes + sampleRate(soundFormat(viewer));
 }
 
 void buildSoundImages(ViewerState &viewer) {

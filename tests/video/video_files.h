@@ -3,7 +3,9 @@
 
 #include "support/test_viewer.h"
 
+#include <algorithm>
 #include <cstdint>
+#include <string_view>
 
 using Bytes = std::vector<uint8_t>;
 using Pixels = std::vector<uint32_t>;
@@ -28,15 +30,16 @@ struct VidFile {
   Bytes frames = {};
 
   Bytes build() const {
-    Bytes file{'S', 'y', 'm', 'V', 'i', 'd', '1', '0'};
-    file.resize(512);
+    constexpr std::string_view kMagic = "SymVid10";
+    Bytes file(512 + frames.size());
+    std::copy(kMagic.begin(), kMagic.end(), file.begin());
     file[10] = static_cast<uint8_t>(rate);
     for (const auto &[offset, word] :
          {std::pair{11U, frameCount}, {14U, width}, {16U, height}, {18U, colourCode}, {51U, frameSize}}) {
       file[offset] = static_cast<uint8_t>(word);
       file[offset + 1] = static_cast<uint8_t>(word >> 8);
     }
-    file.insert(file.end(), frames.begin(), frames.end());
+    std::copy(frames.begin(), frames.end(), file.begin() + 512);
     return file;
   }
 };
