@@ -107,17 +107,17 @@ TEST(Shell, DroppedFilesShowEverySampleOrLeaveThePictureAlone) {
 
   dropFile(driven, folder.write(u8"letter.txt", {'H', 'i'}));
   EXPECT_EQ(textOf(driven, 0), "Korilan - cartridge.SCC");
-  const auto session = std::make_unique<OpenedFile>(); // a video's size depends on the one before
-  openFile(*session, first.path);
+  const auto core = std::make_unique<OpenedFile>(); // a video's size depends on the one before
+  openFile(*core, first.path);
   for (const samples::SamplePicture &sample : allSamples()) {
     if (sample.width == 0) continue;
     const SampleFile picture(folder, sample);
-    menuClose_Click(session->viewer);
-    openPath(session->viewer, picture.path);
+    menuClose_Click(core->viewer);
+    openPath(core->viewer, picture.path);
     choose(driven, "Close"); // video memory is clear again, as in the core that has just started
     dropFile(driven, picture.path);
-    expectTexts(driven, session->viewer.window);
-    expectPicture(driven, session->viewer);
+    expectTexts(driven, core->viewer.window);
+    expectPicture(driven, core->viewer);
   }
   choose(driven, "Exit");
   EXPECT_EQ(exitCodeOf(driven), 0);
