@@ -35,6 +35,7 @@ int runMessageLoop(MainWindow &main) {
 
 // The manifest makes UTF-8 the code page of the A functions, so all texts pass through as they are.
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int showCommand) {
+  HeapSetInformation(nullptr, HeapEnableTerminationOnCorruption, nullptr, 0);
   ViewerState viewer;
   MainWindow main;
   viewer.platform = windowsPlatform(main);

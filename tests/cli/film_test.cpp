@@ -28,7 +28,8 @@ struct FilmFile {
   CliRequest request;
 
   FilmFile(const std::string &name, CliCommand command, const std::u8string &out)
-      : sample(sampleNamed(name)), folder("film") {
+      : sample(sampleNamed(name)),
+        folder(std::string("film_") + testing::UnitTest::GetInstance()->current_test_info()->name()) {
     const std::string fileName = name.substr(name.find_last_of('/') + 1);
     request.command = command;
     request.files = {folder.write(std::u8string(fileName.begin(), fileName.end()), sample.bytes)};
