@@ -54,9 +54,9 @@ TEST(Ham, PixelsAndPaletteChanges) {
   const Bytes pixels[] = {noise(kPixelBytes, 3), noise(kPixelBytes, 4)};
   using Row = std::tuple<int, uint8_t, int, size_t>; // stored height, interlace, shown height, lines of a page
   for (const auto &[stored, interlace, height, pageLines] :
-       {Row{0, 0, 0, 0}, Row{1, 0, 1, 1}, Row{2, 0, 2, 1}, Row{3, 0, 3, 1}, Row{4, 0, 4, 2}, Row{5, 0, 5, 3},
-        Row{7, 0, 7, 3}, Row{209, 0, 209, 105}, Row{211, 0, 211, 105}, Row{212, 0, 212, 106}, Row{240, 0, 240, 120},
-        Row{3, 1, 6, 3}, Row{212, 1, 424, 212}, Row{240, 1, 480, 240}, Row{240, 2, 240, 120}, Row{2, 255, 2, 1}}) {
+       {Row{0, 0, 0, 0}, Row{1, 0, 1, 1}, Row{3, 0, 3, 1}, Row{4, 0, 4, 2}, Row{5, 0, 5, 3}, Row{7, 0, 7, 3},
+        Row{211, 0, 211, 105}, Row{212, 0, 212, 106}, Row{240, 0, 240, 120}, Row{3, 1, 6, 3}, Row{240, 1, 480, 240},
+        Row{240, 2, 240, 120}}) {
     SCOPED_TRACE(testing::Message() << stored << " lines, interlace " << int{interlace});
     Bytes file = HamBuilder{.interlace = interlace, .height = stored}.build();
     file = withBytesAt(withBytesAt(file, 0x100, palettes[0]), 0x800, palettes[1]);
@@ -88,14 +88,9 @@ TEST(Ham, HeaderChecks) {
   using Row = std::tuple<const char *, HamBuilder, bool, bool>; // description stored, loads
   for (const auto &[name, header, stored, loads] :
        {Row{"right", {}, true, true}, Row{"first letter", {.magic = "hAM"}, false, false},
-        Row{"second letter", {.magic = "HaM"}, false, false}, Row{"third letter", {.magic = "HAm"}, false, false},
-        Row{"version 0", {.version = 0}, false, false}, Row{"version 2", {.version = 2}, false, false},
-        Row{"marker", {.marker = 0x21}, false, false}, Row{"storage 1", {.storage = 1}, true, true},
         Row{"storage 2", {.storage = 2}, true, true}, Row{"storage 3", {.storage = 3}, false, false},
-        Row{"storage 255", {.storage = 255}, false, false}, Row{"width 511", {.width = 511}, true, false},
-        Row{"width 513", {.width = 513}, true, false}, Row{"packed, width 0", {.storage = 1, .width = 0}, true, false},
-        Row{"height 240", {.height = 240}, true, true}, Row{"height 241", {.height = 241}, true, false},
-        Row{"height 0x8000", {.height = 0x8000}, true, false}, Row{"height 0xFFFF", {.height = 0xFFFF}, true, false},
+        Row{"packed, width 0", {.storage = 1, .width = 0}, true, false}, Row{"height 240", {.height = 240}, true, true},
+        Row{"height 241", {.height = 241}, true, false},
         Row{"interlace, height 241", {.interlace = 1, .height = 241}, true, false}}) {
     SCOPED_TRACE(name);
     UsedViewer window;

@@ -17,31 +17,33 @@ Fields fieldsOf(const ViewerState &viewer) {
     return std::to_string(std::hash<std::string_view>{}(bytes));
   };
   const WindowModel &window = viewer.window;
-  const Stretch &stretch = window.stretch;
-  return {{"typeDescription", viewer.typeDescription},
-          {"caption", window.caption},
-          {"bitsPerPixel", std::to_string(viewer.bitsPerPixel)},
-          {"colourMode", std::to_string(viewer.colourMode)},
-          {"colourCount", std::to_string(viewer.colourCount)},
-          {"hasPalette", std::to_string(viewer.hasPalette)},
-          {"isPacked", std::to_string(viewer.isPacked)},
-          {"spriteMode", std::to_string(viewer.spriteMode)},
-          {"paletteFilePos", std::to_string(viewer.paletteFilePos)},
-          {"palette", digest(viewer.palette.data(), 4)}, // as many as every palette has
-          {"size", std::to_string(viewer.imageWidth) + "x" + std::to_string(viewer.imageHeight)},
-          {"frame", digest(viewer.frameBits.data(), viewer.frameBits.size())},
-          {"Label1", window.Label1},
-          {"Label2", window.Label2},
-          {"Label3", window.Label3},
-          {"Label4", window.Label4},
-          {"menus", menuText(window)},
-          {"double height", window.menuDoubleHeight.checked ? "checked" : ""},
-          {"view", std::to_string(window.mainViewWidth) + "x" + std::to_string(window.mainViewHeight) + " " +
-                       std::to_string(stretch.targetWidth) + "x" + std::to_string(stretch.targetHeight)}};
+  const auto size = [](int32_t width, int32_t height) { return std::to_string(width) + "x" + std::to_string(height); };
+  Fields fields{{"typeDescription", viewer.typeDescription},
+                {"caption", window.caption},
+                {"palette", digest(viewer.palette.data(), 4)}, // as many as every palette has
+                {"size", size(viewer.imageWidth, viewer.imageHeight)},
+                {"frame", digest(viewer.frameBits.data(), viewer.frameBits.size())},
+                {"menus", menuText(window)},
+                {"double height", window.menuDoubleHeight.checked ? "checked" : ""},
+                {"view", size(window.mainViewWidth, window.mainViewHeight)},
+                {"stretch", size(window.stretch.targetWidth, window.stretch.targetHeight)}};
+  size_t label = 0;
+  for (const std::string &text : {window.Label1, window.Label2, window.Label3, window.Label4}) {
+    fields["Label" + std::to_string(++label)] = text;
+  }
+  using Number = std::pair<const char *, int>;
+  for (const auto &[name, number] :
+       {Number{"bitsPerPixel", viewer.bitsPerPixel}, Number{"colourMode", viewer.colourMode},
+        Number{"colourCount", viewer.colourCount}, Number{"hasPalette", viewer.hasPalette},
+        Number{"isPacked", viewer.isPacked}, Number{"spriteMode", viewer.spriteMode},
+        Number{"paletteFilePos", viewer.paletteFilePos}}) {
+    fields[name] = std::to_string(number);
+  }
+  return fields;
 }
 
 struct Picture {
-  const char *path;
+  std::string path;
   Bytes file;
   std::string_view kept; // fields that keep the value of the picture before
 };
@@ -55,7 +57,7 @@ constexpr std::string_view kKeepsMode = "spriteMode colourMode";
 constexpr std::string_view kKeepsModeAndText = "spriteMode colourMode Label3";
 constexpr std::string_view kKeepsAll =
     "bitsPerPixel colourMode colourCount hasPalette isPacked spriteMode palette size "
-    "frame Label1 Label2 Label3 menus view";
+    "frame Label1 Label2 Label3 menus view stretch";
 
 std::vector<Picture> pictures() {
   const auto bload = [](uint16_t end, uint32_t start, size_t length = 60000, Bytes palette = {}, size_t at = 0) {
@@ -66,6 +68,7 @@ std::vector<Picture> pictures() {
                       0x55, 0x05, 0x66, 0x06, 0x12, 0x03, 0x34, 0x05, 0x56, 0x07, 0x13, 0x05, 0x24, 0x06, 0x35, 0x07};
   const auto low = [&](uint32_t start) { return bload(0x769F, start, 0x76A0, colours, 0x7680); };
   const auto high = [&](uint32_t start) { return bload(0x7FFF, start, 0xFAA0, colours, 0xFA80); };
+  const auto whole = [&](uint32_t start) { return bload(0x7FFF, start); };
   const auto pattern = [&](uint32_t start) { return bload(0x37FF, start, 0x3800, colours, 0x1B80); };
 
   Bytes page(384);
@@ -80,49 +83,31 @@ std::vector<Picture> pictures() {
   const Bytes g9bPacked =
       joined({g9b(16, 1), noise(48, 1), {1}, G9bStream{}.block().literals({9}).copy(7, 0).end().bytes});
 
-  return {{"x.GE5", low(1), kKeepsSprites},
-          {"x.DAT", joined({word(9), word(8), noise(36, 2), colours}), kKeepsSprites},
-          {"x.CMP", {4, 9, 2, 0xC0, 0xFF, 0xF0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}, kKeepsSprites},
-          {"x.PCT", page, kKeepsPalette},
-          {"x.STP", copy(3), kKeepsSprites},
-          {"x.PIC", bload(0x7FFF, 4), kKeepsPaletteFlag},
-          {"x.SC2", pattern(5), ""},
-          {"x.SR2", pattern(6), ""},
-          {"x.SC4", pattern(7), ""},
-          {"x.SR4", pattern(8), ""},
-          {"tiles.SC4", joined({colours, noise(4096, 9)}), ""},
-          {"x.SC5", low(10), kKeepsSprites},
-          {"x.SR5", low(11), kKeepsSprites},
-          {"x.GL5", copy(12), kKeepsSprites},
-          {"x.SCR", bload(0x1400, 13, 5120), kKeepsMode},
-          {"x.TGS", noise(2944, 14), kKeepsModeAndText},
-          {"x.SC6", low(15), kKeepsSprites},
-          {"x.SR6", low(16), kKeepsSprites},
-          {"x.GL6", copy(17), kKeepsSprites},
-          {"x.SC7", high(18), kKeepsSprites},
-          {"x.SR7", BloadBuilder{.identifier = 0xFD, .body = noise(9999, 19)}.build(), kKeepsSprites},
-          {"x.GL7", copy(20), kKeepsSprites},
-          {"x.SC8", bload(0x7FFF, 21), kKeepsPaletteFlag},
-          {"x.SR8", bload(0x7FFF, 22), kKeepsPaletteFlag},
-          {"x.GE8", bload(0x7FFF, 23), kKeepsPaletteFlag},
-          {"x.GL8", copy(24), kKeepsPalette},
-          {"x.SCA", high(25), kKeepsSprites},
-          {"x.SRA", high(26), kKeepsSprites},
-          {"x.S10", high(27), kKeepsSprites},
-          {"x.GLA", copy(28), kKeepsSprites},
-          {"x.SCB", high(29), kKeepsSprites},
-          {"x.SRB", high(30), kKeepsSprites},
-          {"x.S11", high(31), kKeepsSprites},
-          {"x.GLB", copy(32), kKeepsSprites},
-          {"x.SCC", bload(0x7FFF, 33), kKeepsPaletteFlag},
-          {"x.SRC", bload(0x7FFF, 34), kKeepsPaletteFlag},
-          {"x.S12", bload(0x7FFF, 35), kKeepsPaletteFlag},
-          {"x.GLC", copy(36), kKeepsAll},
-          {"x.HAM", ham, kKeepsSprites},
-          {"x.G9B", g9bPacked, kKeepsSprites},
-          {"plain.G9B", joined({g9b(0, 0), noise(8, 37)}), kKeepsPalette},
-          {"three.G9B", joined({g9b(3, 0), noise(8, 38)}), kKeepsPaletteFlag},
-          {"x.SGX", {2, 8, 2, 1, 2, 3, 4, 1, 4, 1, 5, 255, 0, 0, 1, 12, 1, 6, 0, 0, 0}, kKeepsSprites}};
+  std::vector<Picture> all{
+      {"x.DAT", joined({word(9), word(8), noise(36, 2), colours}), kKeepsSprites},
+      {"x.CMP", {4, 9, 2, 0xC0, 0xFF, 0xF0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}, kKeepsSprites},
+      {"x.PCT", page, kKeepsPalette},
+      {"tiles.SC4", joined({colours, noise(4096, 9)}), ""},
+      {"x.SCR", bload(0x1400, 13, 5120), kKeepsMode},
+      {"x.TGS", noise(2944, 14), kKeepsModeAndText},
+      {"x.SR7", BloadBuilder{.identifier = 0xFD, .body = noise(9999, 19)}.build(), kKeepsSprites},
+      {"x.HAM", ham, kKeepsSprites},
+      {"x.G9B", g9bPacked, kKeepsSprites},
+      {"plain.G9B", joined({g9b(0, 0), noise(8, 37)}), kKeepsPalette},
+      {"three.G9B", joined({g9b(3, 0), noise(8, 38)}), kKeepsPaletteFlag},
+      {"x.SGX", {2, 8, 2, 1, 2, 3, 4, 1, 4, 1, 5, 255, 0, 0, 1, 12, 1, 6, 0, 0, 0}, kKeepsSprites}};
+  uint32_t start = 40;
+  const auto add = [&](const char *extensions, const auto &file, std::string_view kept) {
+    for (const std::string &extension : wordsOf(extensions)) all.push_back({"x" + extension, file(++start), kept});
+  };
+  add(".GE5 .SC5 .SR5 .SC6 .SR6", low, kKeepsSprites);
+  add(".SC7 .SCA .SRA .S10 .SCB .SRB .S11", high, kKeepsSprites);
+  add(".PIC .SC8 .SR8 .GE8 .SCC .SRC .S12", whole, kKeepsPaletteFlag);
+  add(".SC2 .SR2 .SC4 .SR4", pattern, "");
+  add(".STP .GL5 .GL6 .GL7 .GLA .GLB", copy, kKeepsSprites);
+  add(".GL8", copy, kKeepsPalette);
+  add(".GLC", copy, kKeepsAll);
+  return all;
 }
 
 TEST(OrderedPairs, APictureIsTheSameAfterEveryOther) {
