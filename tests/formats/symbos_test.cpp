@@ -19,27 +19,22 @@ Bytes large(int control, int bytesPerLine, int width, int height, uint8_t second
 TEST(Symbos, Variants) {
   using Row = std::tuple<const char *, Bytes, int, const char *, std::vector<uint32_t>>; // bits per pixel, size, frame
   const uint32_t c0 = 0xFFFF91, c1 = 0, c2 = 0xFF9100, c3 = 0x910000, c4 = 0x00FFFF;
-  const Bytes foreign = joined({small(2, 8, 1), {0x5A, 0x3C}, small(0, 0, 0)});
   // The first tile has no width: the second one lies over it, and both count for the height.
   const Bytes linear = joined({{64, 0, 1}, Bytes(64, 0xFF), small(2, 8, 1), {0x1B, 0xE4}, small(0, 0, 0)});
-  const Bytes open = joined({large(64, 2, 4, 1, 5), {0x12, 0x34}}),
-              cut = joined({large(64, 2, 4, 2, 5), {0x12, 0x34, 0x10}});
+  const Bytes open = joined({large(64, 2, 4, 1, 5), {0x12, 0x34}});
   for (const auto &[name, file, bits, size, frame] :
-       {Row{"4 colours, foreign bits", foreign, 2, "8x1", {c2, c1, c2, c1, c2, c2, c1, c1}},
-        Row{"4 colours", linear, 2, "8x2", {c0, c1, c2, c3, c3, c2, c1, c0, c3, c3, c3, c3, c3, c3, c3, c3}},
+       {Row{"4 colours", linear, 2, "8x2", {c0, c1, c2, c3, c3, c2, c1, c0, c3, c3, c3, c3, c3, c3, c3, c3}},
         Row{"16 colours", joined({open, large(0, 0, 0, 0)}), 4, "4x1", {c1, c2, c3, c4}},
-        Row{"no end record", open, 4, "4x1", {c1, c2, c3, c4}},
-        Row{"pixels cut", cut, 4, "4x2", {c1, c2, c3, c4, c1, c0, c0, c0}},
-        Row{"end record alone", {0, 0, 0}, 2, "0x0", {}}, Row{"empty file", {}, 2, "0x0", {}}}) {
+        Row{"no end record", open, 4, "4x1", {c1, c2, c3, c4}}, Row{"end record alone", {0, 0, 0}, 2, "0x0", {}},
+        Row{"empty file", {}, 2, "0x0", {}}}) {
     SCOPED_TRACE(name);
     UsedViewer window;
     const ViewerState &viewer = window.viewer;
     window.open("x.SGX", file);
     const std::string colours = bits == 2 ? "4" : "16";
-    EXPECT_EQ(viewer.window.Label4, "");
-    EXPECT_EQ(descriptionOf(viewer), std::to_string(bits) + " bits, mode 0, " + colours +
-                                         " colours, palette -1, packed 0, sprites 1; " + size + ", " + colours +
-                                         " colors");
+    EXPECT_EQ(viewer.window.Label4 + descriptionOf(viewer), std::to_string(bits) + " bits, mode 0, " + colours +
+                                                                " colours, palette -1, packed 0, sprites 1; " + size +
+                                                                ", " + colours + " colors");
     EXPECT_EQ(viewer.palette[0], c0);
     EXPECT_EQ(viewer.palette[15], 0xFF0000u);
     EXPECT_EQ(viewer.palette[16], kOldColour);
@@ -71,8 +66,7 @@ TEST(Symbos, EveryForeignByte) {
   }
   using Row = std::tuple<int, int, size_t>; // how many bytes the size of the picture tells
   for (const auto &[width, height, sorted] :
-       {Row{4, 1, 1}, Row{5, 1, 1}, Row{6, 1, 1}, Row{7, 1, 2}, Row{8, 1, 2}, Row{10, 1, 3}, Row{14, 1, 3},
-        Row{18, 1, 5}, Row{0, 4, 0}, Row{8, 3, 6}}) {
+       {Row{4, 1, 1}, Row{6, 1, 1}, Row{7, 1, 2}, Row{10, 1, 3}, Row{18, 1, 5}, Row{0, 4, 0}, Row{8, 3, 6}}) {
     window.open("x.SGX", joined({small(9, width, height), Bytes(9 * static_cast<size_t>(height), 0x88)}));
     for (size_t i = 0; i < 9; ++i)
       EXPECT_EQ(window.viewer.vram[i], i < sorted ? 0xC0 : 0x88) << width << "x" << height << ": " << i;
@@ -80,42 +74,21 @@ TEST(Symbos, EveryForeignByte) {
 }
 
 TEST(Symbos, PlacesOfTilesAndSize) {
-  struct Row {
-    const char *name;
-    Bytes file;
-    std::string size;
-    std::vector<std::tuple<int, int, int, int, int>> tiles; // bytes per line, width, height, x, y
-  };
-  const Bytes two(2), four(4), newRow = large(255, 0, 0, 0), wide(0x102);
+  using Tiles = std::vector<std::tuple<int, int, int, int, int>>; // bytes per line, width, height, x, y
+  using Row = std::tuple<const char *, Bytes, std::string, Tiles>;
+  const Bytes newRow = large(255, 0, 0, 0), wide(0x102);
   const Bytes first = joined({large(64, 2, 4, 10, 5), Bytes(20)});
   for (const auto &[name, file, size, tiles] :
-       {Row{"two in a row",
-            joined({large(64, 2, 4, 1, 5), two, large(1, 2, 3, 2), four}),
-            "7x1",
-            {{2, 4, 1, 0, 0}, {2, 3, 2, 4, 0}}},
-        Row{"three rows",
-            joined({first, newRow, large(1, 1, 2, 20), Bytes(20), newRow, large(9, 1, 3, 5), Bytes(5)}),
-            "3x35",
-            {{2, 4, 10, 0, 0}, {1, 2, 20, 0, 10}, {1, 3, 5, 0, 40}}},
-        Row{"end record behind a new row", joined({first, newRow, large(0, 0, 0, 7)}), "0x17", {{2, 4, 10, 0, 0}}},
+       {Row{"end record behind a new row", joined({first, newRow, large(0, 0, 0, 7)}), "0x17", {{2, 4, 10, 0, 0}}},
         Row{"height of an end record in a row", joined({first, large(0, 0, 0, 7)}), "4x10", {{2, 4, 10, 0, 0}}},
-        Row{"height of a new row in a row",
-            joined({first, large(255, 0, 9, 7), large(1, 0, 5, 1)}),
-            "5x11",
-            {{2, 4, 10, 0, 0}, {0, 5, 1, 0, 10}}},
-        Row{"height of a second new row",
-            joined({first, newRow, large(255, 0, 9, 7), large(1, 0, 5, 1)}),
-            "5x18",
-            {{2, 4, 10, 0, 0}, {0, 5, 1, 0, 27}}},
-        Row{"negative height",
-            joined({first, newRow, large(1, 9, 5, -3), large(1, 1, 2, 1), {0}}),
-            "7x7",
-            {{2, 4, 10, 0, 0}, {9, 5, -3, 0, 10}, {1, 2, 1, 5, 10}}},
-        Row{"8 bits of the widths",
-            joined({large(64, 0x102, 0x204, 1, 5), wide, large(1, 1, 2, 1), {0}}),
-            "518x1",
-            {{2, 4, 1, 0, 0}, {1, 2, 1, 0x204, 0}}},
-        Row{"header cut", joined({first, {1, 0, 2, 0, 5, 0}}), "4x10", {{2, 4, 10, 0, 0}}}}) {
+        Row{"height of a new row in a row", joined({first, large(255, 0, 9, 7), large(1, 0, 5, 1)}), "5x11",
+            Tiles{{2, 4, 10, 0, 0}, {0, 5, 1, 0, 10}}},
+        Row{"height of a second new row", joined({first, newRow, large(255, 0, 9, 7), large(1, 0, 5, 1)}), "5x18",
+            Tiles{{2, 4, 10, 0, 0}, {0, 5, 1, 0, 27}}},
+        Row{"negative height", joined({first, newRow, large(1, 9, 5, -3), large(1, 1, 2, 1), {0}}), "7x7",
+            Tiles{{2, 4, 10, 0, 0}, {9, 5, -3, 0, 10}, {1, 2, 1, 5, 10}}},
+        Row{"8 bits of the widths", joined({large(64, 0x102, 0x204, 1, 5), wide, large(1, 1, 2, 1), {0}}), "518x1",
+            Tiles{{2, 4, 1, 0, 0}, {1, 2, 1, 0x204, 0}}}}) {
     SCOPED_TRACE(name);
     TestViewer window;
     window.open("x.SGX", file);
@@ -137,7 +110,7 @@ TEST(Symbos, TilesBeyondTheirPlace) {
   EXPECT_EQ(window.viewer.frameBits, expected);
 
   using Row = std::pair<int, int32_t>;
-  for (const auto &[tiles, counted] : {Row{255, 255}, Row{256, 256}, Row{257, 1}, Row{512, 256}, Row{513, 1}}) {
+  for (const auto &[tiles, counted] : {Row{256, 256}, Row{257, 1}, Row{513, 1}}) {
     Bytes file;
     for (int i = 0; i < tiles; ++i)
       file = joined({file, large(64, 1, 2, 1, 5), {static_cast<uint8_t>(i / 256 * 0x11)}});
@@ -156,11 +129,10 @@ TEST(Symbos, SizesThatCannotBeShown) {
     return file;
   };
   using Row = std::tuple<const char *, Bytes, bool>;
-  for (const auto &[name, file, loads] :
-       {Row{"63,962,160 pixels", rows(1, 65535, 976), true}, Row{"64,027,695 pixels", rows(1, 65535, 977), false},
-        Row{"no width, height beyond 31 bits", rows(65600, 0, 32767), true},
-        Row{"no height, width beyond 31 bits", rows(32800, 65535, 0), true},
-        Row{"height below -31 bits", rows(65600, 0, -32768), true}}) {
+  for (const auto &[name, file, loads] : {Row{"64,027,695 pixels", rows(1, 65535, 977), false},
+                                          Row{"no width, height beyond 31 bits", rows(65600, 0, 32767), true},
+                                          Row{"no height, width beyond 31 bits", rows(32800, 65535, 0), true},
+                                          Row{"height below -31 bits", rows(65600, 0, -32768), true}}) {
     SCOPED_TRACE(name);
     UsedViewer window;
     window.open("x.SGX", file);
