@@ -236,4 +236,29 @@ TEST(Playback, KeysOfAVideo) {
   EXPECT_EQ(std::ranges::count(test.platform.log, "startSound 15788"), 1);
 }
 
+// A menu that stays open for five seconds: silence meanwhile, and no frame is hurried afterwards.
+TEST(Playback, WhatHoldsTheRunHoldsSoundAndFrames) {
+  constexpr uint32_t kHeld = 5000;
+  const auto hold = [](ViewerState &viewer, const std::string &) {
+    holdRun(viewer);
+    static_cast<HeadlessPlatform *>(viewer.platform.context)->ticks += kHeld;
+    resumeRun(viewer);
+  };
+  for (const auto &[name, file, wholeRun, sounds] :
+       {std::tuple("a.EVA", evaFile(4), 250U, 2),
+        std::tuple("a.VID", VidFile{10, 4, 4, 1, 7, 2, kVidFrames}.build(), 300U, 0)}) {
+    TestViewer test;
+    test.open(name, file);
+    test.platform.events = {{hold, ""}};
+    Image1_Click(test.viewer);
+    EXPECT_EQ(test.platform.ticks, kHeld + wholeRun) << name;
+    EXPECT_EQ(std::ranges::count(test.platform.log, "startSound 15788"), sounds) << name;
+    EXPECT_EQ(std::ranges::count(test.platform.log, "stopSound 88"), sounds) << name;
+  }
+  TestViewer quiet;
+  quiet.open("a.EVA", evaFile(4));
+  hold(quiet.viewer, ""); // no run: nothing to hold
+  EXPECT_EQ(std::ranges::count(quiet.platform.log, "startSound 15788"), 0);
+}
+
 } // namespace
