@@ -42,7 +42,8 @@ TEST(SystemFiles, ListsAndOpensInFoldersOfLongNames) {
   const std::string deep = folder.path + std::string(150, 'd') + folder.path.back();
   std::error_code error;
   std::filesystem::create_directories(deep + "folder", error);
-  const std::string name = std::string(150, 'n') + ".SC5";
+  std::string name = ".SC5";
+  name.insert(0, 150, 'n');
   ASSERT_EQ(replaceFile(systemFiles(), deep + name, Bytes{9}), "");
   InputFile file;
   EXPECT_TRUE(openInputFile(file, systemFiles(), deep + name));
