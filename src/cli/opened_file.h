@@ -9,6 +9,11 @@
 struct OpenedFile {
   ViewerState viewer;
   HeadlessPlatform platform;
+
+  OpenedFile() = default;
+  ~OpenedFile() { closeInputFile(viewer.inputFile); } // a program that goes through many files has only so many open
+  OpenedFile(const OpenedFile &) = delete;
+  OpenedFile &operator=(const OpenedFile &) = delete;
 };
 
 // Starts `file` as an empty window and opens `path` in it.
