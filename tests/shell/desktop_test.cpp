@@ -254,6 +254,7 @@ TEST(Desktop, PaletteFilesAreTakenOrRefused) {
     chooseInBoth(driven, picture.viewer, "Load Palette");
     answerOpenDialog(driven, path);
     EXPECT_EQ(picture.viewer.frameBits != before, row.redrawn);
+    expectPicture(driven, picture.viewer); // commands that come while it is drawn are ignored
     chooseInBoth(driven, picture.viewer, "View Palette");
     expectSwatches(driven, picture.model);
     chooseInBoth(driven, picture.viewer, "View Palette");
