@@ -101,6 +101,17 @@ std::string menusOf(const DrivenWindow &driven) {
   return states;
 }
 
+bool playing(const DrivenWindow &driven) {
+  return menusOf(driven).find("File/Open Ctrl+O grey\n") != std::string::npos;
+}
+
+bool startsRun(const DrivenWindow &driven) {
+  return waitUntil([&] {
+    press(driven.window, kImage1Id);
+    return playing(driven);
+  });
+}
+
 void choose(const DrivenWindow &driven, const char *caption) {
   for (size_t row = 0; row < kMenuRows.size(); ++row) {
     if (kMenuRows[row].caption == nullptr || plainCaption(kMenuRows[row].caption) != caption) continue;

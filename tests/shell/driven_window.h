@@ -55,6 +55,12 @@ std::string textOf(const DrivenWindow &driven, int controlId);
 // A line for each menu item, as shell_probe.h describes.
 std::string menusOf(const DrivenWindow &driven);
 
+// Whether a video runs: the menus of what must wait for its end are grey.
+bool playing(const DrivenWindow &driven);
+
+// Presses Play until a video runs: the window passes over it while it is busy, and in a run it does nothing.
+bool startsRun(const DrivenWindow &driven);
+
 // Chooses the menu item with that caption.
 void choose(const DrivenWindow &driven, const char *caption);
 
