@@ -1,5 +1,6 @@
 #include "core/bitmap_export.h"
 
+#include "core/buffers.h"
 #include "core/text.h"
 
 #include <algorithm>
@@ -25,6 +26,8 @@ constexpr uint32_t kInformationHeaderBytes = 40;
 constexpr uint32_t kRowsOffset = kBitmapFileHeaderBytes + kInformationHeaderBytes;
 constexpr uint32_t kBytesPerPixel = 3;
 
+constexpr const char *kNoMemory = "There is not enough memory.";
+
 void putNumber(std::span<uint8_t> bytes, uint32_t number) {
   for (uint8_t &byte : bytes) {
     byte = static_cast<uint8_t>(number);
@@ -32,13 +35,15 @@ void putNumber(std::span<uint8_t> bytes, uint32_t number) {
   }
 }
 
-// `before` bytes of zero, then an information header of that length, then the rows.
+// `before` bytes of zero, then an information header of that length, then the rows. Empty when memory is lacking.
 std::vector<uint8_t> encodeBehind(size_t before, uint32_t headerBytes, std::span<const uint32_t> frameBits,
                                   int32_t width, int32_t height) {
   const auto columns = static_cast<size_t>(width);
   const auto lines = static_cast<size_t>(height);
   const auto rowBytes = static_cast<size_t>(RowBytes24(width));
-  std::vector<uint8_t> file(before + headerBytes + rowBytes * lines);
+  std::vector<uint8_t> file;
+  if (!provideRoom(file, before + headerBytes + rowBytes * lines)) return file;
+  file.resize(before + headerBytes + rowBytes * lines);
 
   const auto header = std::span(file).subspan(before);
   putNumber(header.subspan(0, 4), headerBytes);
@@ -65,6 +70,7 @@ std::vector<uint8_t> encodeBehind(size_t before, uint32_t headerBytes, std::span
 
 std::vector<uint8_t> encodeBitmap(std::span<const uint32_t> frameBits, int32_t width, int32_t height) {
   auto file = encodeBehind(kBitmapFileHeaderBytes, kInformationHeaderBytes, frameBits, width, height);
+  if (file.empty()) return file;
   const std::span<uint8_t> header(file);
   putNumber(header.subspan(0, 2), 'B' | 'M' << 8);
   putNumber(header.subspan(2, 4), static_cast<uint32_t>(file.size()));
@@ -81,6 +87,7 @@ std::vector<uint8_t> encodeBitmapV5(std::span<const uint32_t> frameBits, int32_t
   constexpr uint32_t kIntentGraphics = 2;
 
   auto bitmap = encodeBehind(0, kHeaderBytes, frameBits, width, height);
+  if (bitmap.empty()) return bitmap;
   const std::span<uint8_t> header(bitmap);
   putNumber(header.subspan(kColourSpaceOffset, 4), kColourSpaceSrgb);
   putNumber(header.subspan(kIntentOffset, 4), kIntentGraphics);
@@ -102,7 +109,7 @@ std::string bitmapPath(const ViewerState &viewer) {
 void menuSaveBMP_Click(ViewerState &viewer) {
   const auto file = encodeBitmap(viewer.frameBits, viewer.frameWidth, viewer.frameHeight);
   const std::string path = bitmapPath(viewer);
-  const std::string failure = replaceFile(*viewer.platform.files, path, file);
+  const std::string failure = file.empty() ? kNoMemory : replaceFile(*viewer.platform.files, path, file);
   if (failure.empty()) return;
   viewer.platform.showMessage(viewer.platform.context, "Korilan", "Could not save " + path + "\n\n" + failure,
                               MessageIcon::kWarning);

@@ -83,9 +83,10 @@ void menuDoubleHeight_Click(ViewerState &viewer) {
 
 void menuCopyClipboard_Click(ViewerState &viewer) {
   const auto file = encodeBitmap(viewer.frameBits, viewer.frameWidth, viewer.frameHeight);
-  const auto bitmap = std::span(file).subspan(kBitmapFileHeaderBytes);
   const auto bitmapV5 = encodeBitmapV5(viewer.frameBits, viewer.frameWidth, viewer.frameHeight);
-  if (viewer.platform.copyToClipboard(viewer.platform.context, bitmap, bitmapV5)) return;
+  const bool encoded = !file.empty() && !bitmapV5.empty();
+  const auto bitmap = std::span(file).subspan(encoded ? kBitmapFileHeaderBytes : 0);
+  if (encoded && viewer.platform.copyToClipboard(viewer.platform.context, bitmap, bitmapV5)) return;
   viewer.platform.showMessage(viewer.platform.context, "Korilan",
                               "Could not copy: the clipboard is in use, or memory is lacking.", MessageIcon::kWarning);
 }

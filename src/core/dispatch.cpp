@@ -50,6 +50,8 @@ void reportNotValid(ViewerState &viewer) {
   viewer.window.Label4 = "*** Error: Not a valid " + viewer.fileExtension + " file.";
 }
 
+void reportNoMemory(ViewerState &viewer) { viewer.window.Label4 = "*** Error: Not enough memory."; }
+
 void resetViewer(ViewerState &viewer) {
   WindowModel &window = viewer.window;
   closeAllFiles(viewer);

@@ -29,5 +29,8 @@ bool openFileForReading(ViewerState &viewer);
 // Shows that the current file is not what its extension says. Nothing else changes.
 void reportNotValid(ViewerState &viewer);
 
+// Shows that the picture needs more memory than there is.
+void reportNoMemory(ViewerState &viewer);
+
 // Back to the empty window, at start-up and by the Close command.
 void resetViewer(ViewerState &viewer);

@@ -76,7 +76,7 @@ void loadPackedData(ViewerState &viewer, int32_t position, size_t mostBytes) {
 void renderAndShow(ViewerState &viewer) {
   WindowModel &window = viewer.window;
   window.Label4 = "Rendering...";
-  renderPicture(viewer);
+  if (!renderPicture(viewer)) return;
   viewer.picturePath = viewer.filePath;
   viewer.pictureShown = kTrue;
   ApplyDisplayGeometry(viewer);

@@ -1,5 +1,6 @@
 #include "screens/g9b_picture.h"
 
+#include "core/buffers.h"
 #include "core/dispatch.h"
 #include "core/load_pipeline.h"
 #include "core/palette.h"
@@ -112,13 +113,18 @@ void LoadG9bPicture(ViewerState &viewer) {
   viewer.isPacked = toFlag(compression == 1);
   const int32_t dataPos = takePalette(viewer);
   showPictureInfo(viewer);
-  const size_t needed = pictureBytes(viewer);
+  const size_t needed = std::max(kVideoMemoryBytes, pictureBytes(viewer));
+  // Even code without any copy needs at most 9 bits for a byte; the rest is room for empty blocks.
+  const size_t mostPacked = needed + needed / 4;
+  const auto stored = static_cast<size_t>(std::max<int64_t>(0, inputFileLength(file) - dataPos + 1));
+  const size_t packed = viewer.isPacked == kTrue ? std::min(stored, mostPacked) : 0;
+  if (!provideRoom(viewer.vram, needed) || !provideRoom(viewer.packedData, packed)) {
+    reportNoMemory(viewer);
+    return;
+  }
   if (viewer.isPacked == kTrue) {
     clearVram(viewer, needed);
-    // Even code without any copy needs at most 9 bits for a byte; the rest is room for empty blocks.
-    const size_t mostPacked = viewer.vram.size() + viewer.vram.size() / 4;
-    const auto stored = static_cast<size_t>(std::max<int64_t>(0, inputFileLength(file) - dataPos + 1));
-    loadPackedData(viewer, dataPos, std::min(stored, mostPacked));
+    loadPackedData(viewer, dataPos, packed);
     DepackG9b(viewer);
   } else {
     loadVram(viewer, dataPos, needed);

@@ -41,9 +41,10 @@ bool takePalette(ViewerState &viewer, const PaletteFile &bytes) {
 // Drawing lets events run, as loading does.
 void drawAnew(ViewerState &viewer) {
   viewer.loadUnderWay = true;
-  renderPicture(viewer);
-  ApplyDisplayGeometry(viewer);
-  viewer.window.Label4.clear();
+  if (renderPicture(viewer)) {
+    ApplyDisplayGeometry(viewer);
+    viewer.window.Label4.clear();
+  }
   endLoad(viewer);
 }
 

@@ -1,5 +1,7 @@
 #include "screens/render_dispatch.h"
 
+#include "core/buffers.h"
+#include "core/dispatch.h"
 #include "core/file_kinds.h"
 #include "core/load_pipeline.h"
 #include "core/palette.h"
@@ -44,14 +46,20 @@ void drawFrame(ViewerState &viewer) {
 
 } // namespace
 
-void renderPicture(ViewerState &viewer) {
+bool renderPicture(ViewerState &viewer) {
   viewer.vramPos = 0;
   // One side of an empty picture may be of any length.
   constexpr auto kLongestSide = static_cast<int32_t>(kMaxPixels);
-  viewer.frameWidth = std::clamp(viewer.imageWidth, 0, kLongestSide);
-  viewer.frameHeight = std::clamp(viewer.imageHeight, 0, kLongestSide);
-  // Black where no rule writes a pixel.
-  viewer.frameBits.assign(static_cast<size_t>(viewer.frameWidth) * static_cast<size_t>(viewer.frameHeight), 0);
+  const int32_t width = std::clamp(viewer.imageWidth, 0, kLongestSide);
+  const int32_t height = std::clamp(viewer.imageHeight, 0, kLongestSide);
+  const size_t pixels = static_cast<size_t>(width) * static_cast<size_t>(height);
+  if (!provideRoom(viewer.frameBits, pixels)) {
+    reportNoMemory(viewer);
+    return false;
+  }
+  viewer.frameWidth = width;
+  viewer.frameHeight = height;
+  viewer.frameBits.assign(pixels, 0); // black where no rule writes a pixel
   drawFrame(viewer);
 
   WindowModel &window = viewer.window;
@@ -61,11 +69,14 @@ void renderPicture(ViewerState &viewer) {
 
   viewer.platform.runPendingEvents(viewer.platform.context);
   viewer.platform.presentPicture(viewer.platform.context, viewer.frameBits, viewer.frameWidth, viewer.frameHeight);
+  return true;
 }
 
 std::vector<uint32_t> renderEntries(ViewerState &viewer) {
   if (viewer.imageWidth != viewer.frameWidth || viewer.imageHeight != viewer.frameHeight) return {};
-  std::vector<uint32_t> entries(viewer.frameBits.size());
+  std::vector<uint32_t> entries;
+  if (!provideRoom(entries, viewer.frameBits.size())) return {};
+  entries.resize(viewer.frameBits.size());
   const auto palette = viewer.palette;
   const int32_t vramPos = viewer.vramPos;
   for (uint32_t entry = 0; entry < kPaletteEntries; ++entry) viewer.palette[entry] = kEntryMark + entry;

@@ -159,11 +159,15 @@ void openEva(ViewerState &viewer, const std::string &path) {
   viewer.window.HScroll1.value = 0;
   buildSoundImages(viewer);
   eva.soundPending = kFalse;
-  enterVideoMode(viewer, {.width = kEvaWidth,
-                          .height = kEvaHeight,
-                          .bitsPerPixel = 8,
-                          .colourMode = eva.isRgb == kTrue ? ColourModeGrb332 : ColourModeYjk,
-                          .colourCount = static_cast<uint8_t>(eva.isRgb == kTrue ? 255 : 0)});
+  const VideoFormat format{.width = kEvaWidth,
+                           .height = kEvaHeight,
+                           .bitsPerPixel = 8,
+                           .colourMode = eva.isRgb == kTrue ? ColourModeGrb332 : ColourModeYjk,
+                           .colourCount = static_cast<uint8_t>(eva.isRgb == kTrue ? 255 : 0)};
+  if (!enterVideoMode(viewer, format)) {
+    eva.fileOpen = kFalse;
+    return;
+  }
   showEvaFrame(viewer);
 }
 

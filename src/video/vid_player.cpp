@@ -131,11 +131,15 @@ bool openVid(ViewerState &viewer, const std::string &path) {
     return false;
   }
   takeHeader(vid, viewer.inputFile);
-  enterVideoMode(viewer, {.width = vid.width,
-                          .height = vid.height,
-                          .bitsPerPixel = static_cast<uint8_t>(vid.colourCode == kFourColours ? 2 : 4),
-                          .colourMode = 0,
-                          .colourCount = 0});
+  const VideoFormat format{.width = vid.width,
+                           .height = vid.height,
+                           .bitsPerPixel = static_cast<uint8_t>(vid.colourCode == kFourColours ? 2 : 4),
+                           .colourMode = 0,
+                           .colourCount = 0};
+  if (!enterVideoMode(viewer, format)) {
+    vid.fileOpen = kFalse;
+    return false;
+  }
   viewer.platform.runPendingEvents(viewer.platform.context);
   viewer.window.HScroll1.maximum = vid.frameCount - 1;
   viewer.window.HScroll1.value = 0;

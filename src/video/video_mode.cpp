@@ -1,5 +1,6 @@
 #include "video/video_mode.h"
 
+#include "core/buffers.h"
 #include "core/commands.h"
 #include "core/dispatch.h"
 #include "core/load_pipeline.h"
@@ -91,12 +92,21 @@ void showNextFrame(ViewerState &viewer) { HScroll1_Change(viewer, viewer.window.
 
 void showFrameBefore(ViewerState &viewer) { HScroll1_Change(viewer, viewer.window.HScroll1.value - 1); }
 
-void enterVideoMode(ViewerState &viewer, const VideoFormat &format) {
+bool enterVideoMode(ViewerState &viewer, const VideoFormat &format) {
   WindowModel &window = viewer.window;
+  const int32_t width = std::max(0, format.width);
+  // Frames hold no more than 65535 pixels; lines far beyond them need no memory.
+  const int32_t mostLines = width > 0 ? static_cast<int32_t>(kMaxPixels / width) : 0;
+  const int32_t height = std::clamp(format.height, 0, mostLines);
+  const size_t pixels = static_cast<size_t>(width) * static_cast<size_t>(height);
+  if (!provideRoom(viewer.frameBits, pixels)) {
+    reportNoMemory(viewer);
+    return false;
+  }
   viewer.bitsPerPixel = format.bitsPerPixel;
   viewer.colourMode = format.colourMode;
   viewer.colourCount = format.colourCount;
-  viewer.imageWidth = std::max(0, format.width);
+  viewer.imageWidth = width;
   viewer.imageHeight = std::max(0, format.height);
   viewer.hasPalette = kFalse; // frames are drawn through tables of the player
   viewer.isPacked = kFalse;
@@ -113,11 +123,9 @@ void enterVideoMode(ViewerState &viewer, const VideoFormat &format) {
     item->enabled = true;
   }
 
-  viewer.frameWidth = viewer.imageWidth;
-  // Frames hold no more than 65535 pixels; lines far beyond them need no memory.
-  const int32_t mostLines = viewer.imageWidth > 0 ? static_cast<int32_t>(kMaxPixels / viewer.imageWidth) : 0;
-  viewer.frameHeight = std::min(viewer.imageHeight, mostLines);
-  viewer.frameBits.assign(static_cast<size_t>(viewer.frameWidth) * static_cast<size_t>(viewer.frameHeight), 0);
+  viewer.frameWidth = width;
+  viewer.frameHeight = height;
+  viewer.frameBits.assign(pixels, 0);
   viewer.picturePath = openedPath(viewer);
   viewer.pictureShown = kTrue;
   window.stretch = {.sourceWidth = viewer.frameWidth,
@@ -126,6 +134,7 @@ void enterVideoMode(ViewerState &viewer, const VideoFormat &format) {
                     .targetHeight = kEnlargement * viewer.frameHeight};
   window.mainViewWidth = window.stretch.targetWidth + kFrameAround;
   window.mainViewHeight = window.stretch.targetHeight + kFrameAround;
+  return true;
 }
 
 void leaveVideoMode(ViewerState &viewer) {

@@ -36,7 +36,8 @@ struct VideoFormat {
 };
 
 // For the players, once their file is known: labels, menus, Play, Stop and scroll bar, and a view of the right size.
-void enterVideoMode(ViewerState &viewer, const VideoFormat &format);
+// Returns false, with all as it was and the lack reported, when memory is lacking.
+bool enterVideoMode(ViewerState &viewer, const VideoFormat &format);
 
 // Once no video is open: without Play, Stop and scroll bar. The last frame stays as a picture.
 void leaveVideoMode(ViewerState &viewer);

@@ -1,11 +1,15 @@
 // Damaged files of every kind. What they show is not looked at closely: the sanitizers are, and that nothing is lost.
+#include "core/bitmap_export.h"
 #include "core/file_kinds.h"
 #include "samples/opened_sample.h"
+#include "support/faulty_files.h"
+#include "video/video_mode.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cstdlib>
+#include <tuple>
 
 namespace {
 
@@ -27,6 +31,10 @@ struct DamagedKind : testing::TestWithParam<const char *> {
     for (const SamplePicture &sample : allSamples()) {
       if (extensionOf(sample) == GetParam()) pictures.push_back(&sample);
     }
+    openBefore();
+  }
+
+  void openBefore() {
     test.open("before.SC8", Bytes{0xFE, 0, 0, 0xFF, 0xD3, 0, 0, 0x1C});
     before = test.viewer.frameBits;
   }
@@ -35,6 +43,17 @@ struct DamagedKind : testing::TestWithParam<const char *> {
   const SamplePicture &smallest() const {
     const auto longer = [](const SamplePicture *left, const SamplePicture *right) {
       return std::pair(left->width == 0, left->bytes.size()) < std::pair(right->width == 0, right->bytes.size());
+    };
+    return **std::min_element(pictures.begin(), pictures.end(), longer);
+  }
+
+  // The shortest well-formed sample, or where all are refused the shortest.
+  const SamplePicture &smallestWhole() const {
+    const auto longer = [](const SamplePicture *left, const SamplePicture *right) {
+      const auto rank = [](const SamplePicture &sample) {
+        return std::tuple(sample.width == 0, sample.name.starts_with("odd/"), sample.bytes.size());
+      };
+      return rank(*left) < rank(*right);
     };
     return **std::min_element(pictures.begin(), pictures.end(), longer);
   }
@@ -86,6 +105,50 @@ TEST_P(DamagedKind, FirstBytesOfAnyValue) {
       open(sample, bytes);
     }
     bytes[i] = sample.bytes[i];
+  }
+}
+
+TEST_P(DamagedKind, AnyReadMayFail) {
+  const SamplePicture &sample = smallestWhole();
+  test.viewer.platform.files = &faultyFiles();
+  const auto openFaulty = [&](int failingRead, bool staysFailed) {
+    diskFaults() = {.failingRead = failingRead, .readsStayFailed = staysFailed};
+    open(sample, sample.bytes);
+    if (videoOpen(test.viewer)) Image1_Click(test.viewer);
+    const int reads = diskFaults().reads;
+    diskFaults() = {};
+    return reads;
+  };
+  const int reads = openFaulty(0, false);
+  ASSERT_GE(reads, 3);
+  for (int failing = 1; failing <= reads; ++failing) {
+    for (const bool staysFailed : {false, true}) {
+      SCOPED_TRACE(testing::Message() << sample.name << ", read " << failing << (staysFailed ? " and all others" : ""));
+      openBefore();
+      openFaulty(failing, staysFailed);
+      open(sample, sample.bytes); // nothing of the fault is left
+      ASSERT_TRUE(sample.width == 0 || test.viewer.frameBits == sample.expected);
+    }
+  }
+}
+
+TEST_P(DamagedKind, AnyStepOfASaveMayFail) {
+  const SamplePicture &sample = smallestWhole();
+  test.viewer.platform.files = &faultyFiles();
+  open(sample, sample.bytes);
+  if (sample.width == 0) return;
+  const std::string path = bitmapPath(test.viewer);
+  const Bytes old{1, 2, 3};
+  for (int failing = 1;; ++failing) {
+    memoryDisk()[path] = old;
+    test.platform.lastMessage.clear();
+    diskFaults() = {.failingOutputStep = failing};
+    menuSaveBMP_Click(test.viewer);
+    const bool failed = diskFaults().outputSteps >= failing;
+    diskFaults() = {};
+    EXPECT_EQ(test.platform.lastMessage, failed ? "Could not save " + path + "\n\ndisk is broken" : "");
+    EXPECT_EQ(memoryDisk().at(path) == old, failed);
+    if (!failed) break;
   }
 }
 

@@ -2,11 +2,13 @@
 #include "core/file_kinds.h"
 #include "samples/opened_sample.h"
 #include "screens/copy_loaders.h"
+#include "support/scarce_memory.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <fstream>
+#include <map>
 #include <sstream>
 
 namespace {
@@ -35,6 +37,36 @@ TEST(Samples, AreShownAsDrawnOrRefused) {
                                               sample.expected.begin(), sample.expected.end());
     EXPECT_TRUE(shown == test.viewer.frameBits.end() && drawn == sample.expected.end())
         << "first wrong pixel: " << shown - test.viewer.frameBits.begin();
+  }
+}
+
+// What stood in the memory that a viewer gets, and what it showed before, makes no difference.
+TEST(Samples, AreShownWithoutAnythingOld) {
+  for (const uint8_t fill : {uint8_t{0x55}, uint8_t{0xAA}}) {
+    scarceMemory().fill = fill;
+    for (const SamplePicture &sample : allSamples()) {
+      TestViewer test;
+      openSample(test, sample, sample.bytes);
+      EXPECT_TRUE(test.viewer.frameBits == sample.expected) << sample.name << " on " << int{fill};
+    }
+    scarceMemory().fill.reset();
+  }
+}
+
+TEST(Samples, AreShownAsDrawnAfterEachOtherKind) {
+  std::map<std::string, const SamplePicture *> oneOfEachKind; // well-formed, the smallest
+  for (const SamplePicture &sample : allSamples()) {
+    if (sample.width == 0 || sample.name.starts_with("odd/")) continue;
+    const SamplePicture *&kept = oneOfEachKind[extensionOf(sample)];
+    if (kept == nullptr || sample.bytes.size() < kept->bytes.size()) kept = &sample;
+  }
+  ASSERT_EQ(oneOfEachKind.size(), kFileKinds.size() - 1); // one is always refused
+  TestViewer test;
+  for (const auto &[extension, first] : oneOfEachKind) {
+    for (const auto &[otherExtension, second] : oneOfEachKind) {
+      for (const SamplePicture *sample : {first, second}) openSample(test, *sample, sample->bytes);
+      EXPECT_TRUE(test.viewer.frameBits == second->expected) << second->name << " after " << first->name;
+    }
   }
 }
 

@@ -1,0 +1,18 @@
+// What `new` gives in the test program: large blocks can be refused, and fresh memory can be filled.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+
+// Blocks beyond this size; only pictures and what is made of them are as large.
+inline constexpr size_t kLargeBlock = 1024 * 1024;
+
+struct ScarceMemory {
+  int largeBlocks = 0;              // asked for so far
+  int refusedBlock = 0;             // number of the large block that is not given; 0: none
+  std::optional<uint8_t> fill = {}; // value of every byte of a fresh block
+};
+
+// Of this thread.
+ScarceMemory &scarceMemory();
