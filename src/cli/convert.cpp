@@ -3,6 +3,7 @@
 #include "cli/opened_file.h"
 #include "cli/output.h"
 #include "core/bitmap_export.h"
+#include "core/buffers.h"
 #include "core/dispatch.h"
 #include "core/text.h"
 #include "screens/display_geometry.h"
@@ -29,13 +30,14 @@ struct Conversion {
 std::vector<uint8_t> encodePpm(std::span<const uint32_t> frameBits, int32_t width, int32_t height) {
   const std::string header = "P6\n" + std::to_string(width) + " " + std::to_string(height) + "\n255\n";
   std::vector<uint8_t> file(header.begin(), header.end());
-  file.reserve(file.size() + frameBits.size() * 3);
+  if (!provideRoom(file, file.size() + frameBits.size() * 3)) return {};
   for (const uint32_t word : frameBits) {
     for (const int shift : {16, 8, 0}) file.push_back(static_cast<uint8_t>(word >> shift));
   }
   return file;
 }
 
+// Empty when memory is lacking.
 std::vector<uint8_t> encodePicture(const ViewerState &viewer, const CliRequest &request) {
   const auto encode = request.format == ImageFormat::kPpm ? encodePpm : encodeBitmap;
   if (!request.shown) return encode(viewer.frameBits, viewer.frameWidth, viewer.frameHeight);
@@ -78,9 +80,11 @@ std::string writePicture(const ViewerState &viewer, const CliRequest &request, T
   const auto &holder = taken.emplace(target, path).first->second;
   if (holder != path) return path + ": its picture would replace that of " + holder;
   if (target != kStandardOutput && sameFile(target, path)) return path + ": its picture would replace the file itself";
+  const std::vector<uint8_t> bytes = encodePicture(viewer, request);
+  if (bytes.empty()) return path + ": there is not enough memory";
   CliOutput output;
   if (std::string failure = beginCliOutput(output, target); !failure.empty()) return failure;
-  return finishCliOutput(output, writeCliOutput(output, encodePicture(viewer, request)));
+  return finishCliOutput(output, writeCliOutput(output, bytes));
 }
 
 std::string convertFile(const CliRequest &request, const std::string &path, TakenNames &taken) {

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
+#include <exception>
 #include <memory>
 
 #ifdef _WIN32
@@ -38,9 +40,16 @@ bool printInfo(const CliRequest &request) {
   return allShown;
 }
 
+// The program is written without exceptions: only what the library throws when memory is lacking can end here.
+[[noreturn]] void endForLackOfMemory() {
+  std::fputs("korilan-cli: there is not enough memory\n", stderr);
+  std::_Exit(kSomeNotShown);
+}
+
 } // namespace
 
 int main(int argumentCount, char **argumentTexts) {
+  std::set_terminate(endForLackOfMemory);
 #ifdef _WIN32
   _setmode(_fileno(stdout), _O_BINARY); // bitmaps to standard output, and the same line ends everywhere
 #endif

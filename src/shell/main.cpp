@@ -7,6 +7,8 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <cstdlib>
+#include <new>
 #include <string>
 #include <string_view>
 
@@ -31,11 +33,25 @@ int runMessageLoop(MainWindow &main) {
   return static_cast<int>(message.wParam);
 }
 
+// Given back when memory runs out, so that there is enough for the message.
+constexpr size_t kReservedBytes = 1024 * 1024;
+void *reservedMemory = nullptr;
+
+// What has no other answer to lacking memory ends here, instead of in a fault.
+[[noreturn]] void endForLackOfMemory() {
+  std::free(reservedMemory);
+  MessageBoxA(nullptr, "There is not enough memory. Korilan has to end.", "Korilan", MB_ICONERROR | MB_TASKMODAL);
+  TerminateProcess(GetCurrentProcess(), 1);
+  std::abort();
+}
+
 } // namespace
 
 // The manifest makes UTF-8 the code page of the A functions, so all texts pass through as they are.
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int showCommand) {
   HeapSetInformation(nullptr, HeapEnableTerminationOnCorruption, nullptr, 0);
+  reservedMemory = std::malloc(kReservedBytes);
+  std::set_new_handler(endForLackOfMemory);
   ViewerState viewer;
   MainWindow main;
   viewer.platform = windowsPlatform(main);

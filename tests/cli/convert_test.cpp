@@ -2,6 +2,7 @@
 #include "core/bitmap_export.h"
 #include "encoders.h"
 #include "screens/display_geometry.h"
+#include "support/scarce_memory.h"
 #include "support/temporary_folder.h"
 #include "support/test_viewer.h"
 
@@ -87,6 +88,26 @@ TEST(CliConvert, BadFilesDoNotStopTheOthers) {
 
   request.outDirectory = folder.path + "missing";
   EXPECT_FALSE(convertFiles(request));
+}
+
+TEST(CliConvert, WithoutMemoryForThePictureThereIsNoFile) {
+  const TemporaryFolder folder("lacking");
+  CliRequest request;
+  request.command = CliCommand::kConvert;
+  // 1000 x 600 pixels of 16 bits, all black
+  request.files = {folder.write(u8"big.G9B", {'G', '9', 'B', 11, 0, 16, 0, 0, 0xE8, 3, 0x58, 2, 0, 0, 0, 0})};
+  for (const ImageFormat format : {ImageFormat::kBmp, ImageFormat::kPpm}) {
+    request.format = format;
+    for (const int block : {1, 2, 3, 0}) { // video memory, frame, file
+      scarceMemory() = {.refusedBlock = block};
+      EXPECT_EQ(convertFiles(request), block == 0) << block;
+      EXPECT_EQ(scarceMemory().largeBlocks, block == 0 ? 3 : block);
+      scarceMemory() = {};
+      EXPECT_EQ(folder.fileCount(), block == 0 ? 2U : 1U) << block;
+    }
+    std::error_code error;
+    std::filesystem::remove(folder.path + "big.bmp", error);
+  }
 }
 
 } // namespace

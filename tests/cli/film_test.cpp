@@ -11,6 +11,10 @@
 #include <algorithm>
 #include <memory>
 
+#ifndef _WIN32
+#include "support/full_disk.h"
+#endif
+
 namespace {
 
 using Bytes = std::vector<uint8_t>;
@@ -115,6 +119,27 @@ TEST(CliFilm, WhatIsNoFilmIsRefusedAndLeavesNoFile) {
   EXPECT_FALSE(writeVideo(onto.request));
   EXPECT_EQ(onto.folder.read(u8"BOUNCE.EVA"), onto.sample.bytes);
 }
+
+#ifndef _WIN32
+TEST(CliFilm, OnAFullDiskTheOldFileStays) {
+  for (const CliCommand command : {CliCommand::kVideo, CliCommand::kSound}) {
+    FilmFile film("ZOOM.EVA", command, u8"out");
+    const auto writes = [&] {
+      return command == CliCommand::kVideo ? writeVideo(film.request) : writeSound(film.request);
+    };
+    ASSERT_TRUE(writes());
+    const size_t whole = film.folder.read(u8"out").size();
+    const Bytes old{1, 2, 3};
+    film.folder.write(u8"out", old);
+    for (size_t room = 0; room < whole; room += whole / 30) { // more often than once in a frame
+      const FullDisk disk(room);
+      EXPECT_FALSE(writes()) << room;
+      EXPECT_EQ(film.folder.read(u8"out"), old) << room;
+      EXPECT_EQ(film.folder.fileCount(), 2U) << room;
+    }
+  }
+}
+#endif
 
 TEST(CliFilm, FramesAreShownByNumber) {
   FilmFile film("BOUNCE.EVA", CliCommand::kConvert, u8"");

@@ -22,8 +22,9 @@ Bytes g9bHeader(uint8_t bits, uint16_t width, uint16_t height, bool packed) {
 // 200 x 2000 pixels of a video, in a file of one frame.
 Bytes tallVideo() {
   Bytes file(600, 0x5A);
-  file = withBytesAt(file, 0, joined({Bytes{'S', 'y', 'm', 'V', 'i', 'd', '1', '0', 0, 0, 12}, word(1), {0}, word(200),
-                                      word(2000), word(7)}));
+  file = withBytesAt(
+      file, 0,
+      joined({Bytes{'S', 'y', 'm', 'V', 'i', 'd', '1', '0', 0, 0, 12}, word(1), {0}, word(200), word(2000), word(7)}));
   return withBytesAt(file, 51, word(80));
 }
 

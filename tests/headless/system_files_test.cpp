@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #ifndef _WIN32
+#include "support/full_disk.h"
+
 #include <sys/stat.h>
 #endif
 
@@ -99,5 +101,21 @@ TEST(SystemFiles, AFailedReplacementSaysWhyAndLeavesNothing) {
   EXPECT_NE(replaceFile(systemFiles(), folder.path + "missing/a.bmp", Bytes{1}), "");
   EXPECT_EQ(folder.fileCount(), 1U);
 }
+
+#ifndef _WIN32
+TEST(SystemFiles, OnAFullDiskTheOldFileStays) {
+  const TemporaryFolder folder("full");
+  const Bytes old{1, 2, 3};
+  const std::string path = folder.write(u8"a.bmp", old);
+  for (const size_t room : {0, 1, 4096, 99'999}) {
+    const FullDisk disk(room);
+    EXPECT_NE(replaceFile(systemFiles(), path, Bytes(100'000, 7)), "") << room;
+    EXPECT_EQ(folder.read(u8"a.bmp"), old) << room;
+    EXPECT_EQ(folder.fileCount(), 1U) << room;
+  }
+  const FullDisk disk(100'000);
+  EXPECT_EQ(replaceFile(systemFiles(), path, Bytes(100'000, 7)), "");
+}
+#endif
 
 } // namespace
