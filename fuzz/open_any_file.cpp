@@ -1,4 +1,5 @@
-// A file of any kind, opened and looked at as a user would. Byte 0 chooses the kind, the rest is the file.
+// A file of any kind, opened and looked at as a user would. Byte 0 chooses the kind, unless KORILAN_FUZZ_KIND names one
+// (".SC5"); the rest is the file.
 #include "fuzz_viewer.h"
 
 #include "core/colour_readout.h"
@@ -11,7 +12,9 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   std::span<const uint8_t> input(data, size);
-  const char *extension = kFileKinds[takeByte(input) % kFileKinds.size()].extension;
+  static const char *onlyKind = std::getenv("KORILAN_FUZZ_KIND");
+  const char *anyKind = kFileKinds[takeByte(input) % kFileKinds.size()].extension;
+  const char *extension = onlyKind != nullptr ? onlyKind : anyKind;
   FuzzViewer &fuzz = freshViewer();
   ViewerState &viewer = fuzz.viewer;
   putFile("a.TCS", input.first(std::min<size_t>(input.size(), 512)));
