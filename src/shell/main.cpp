@@ -3,6 +3,7 @@
 #include "core/viewer_state.h"
 #include "shell/main_window.h"
 #include "shell/platform_windows.h"
+#include "shell/resource_counts.h"
 
 #include <windows.h>
 
@@ -60,5 +61,7 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int showCommand) {
   std::replace(commandLine.begin(), commandLine.end(), '/', '\\'); // a path takes either; names are cut at the one
   startViewer(viewer, commandLine);
   showMainWindow(main, showCommand);
-  return runMessageLoop(main);
+  const int exitCode = runMessageLoop(main);
+  writeResourceCounts();
+  return exitCode;
 }

@@ -1,6 +1,7 @@
 #include "shell/main_view.h"
 
 #include "shell/control_ids.h"
+#include "shell/resource_counts.h"
 
 #include <algorithm>
 #include <cstring>
@@ -130,6 +131,7 @@ void releasePicture(MainView &view) {
   if (view.bitmap != nullptr) {
     SelectObject(view.picture1, view.firstBitmap);
     DeleteObject(view.bitmap);
+    --resourceCounts().bitmaps;
   }
   if (view.picture1 != nullptr) DeleteDC(view.picture1);
   view = {};
@@ -199,11 +201,13 @@ void setPicture(MainView &view, std::span<const uint32_t> frameBits, int32_t wid
     void *pixels = nullptr;
     const HBITMAP bitmap = CreateDIBSection(view.picture1, &info, DIB_RGB_COLORS, &pixels, nullptr, 0);
     if (bitmap == nullptr) return;
+    ++resourceCounts().bitmaps;
     const HGDIOBJ former = SelectObject(view.picture1, bitmap);
     if (view.bitmap == nullptr) {
       view.firstBitmap = former;
     } else {
       DeleteObject(view.bitmap);
+      --resourceCounts().bitmaps;
     }
     view.bitmap = bitmap;
     view.pixels = pixels;

@@ -123,8 +123,7 @@ void changeResolution(MainWindow &main, UINT dotsPerInch, const RECT &proposed) 
 
 void releaseWindow(MainWindow &main) {
   main.window = nullptr;
-  if (main.font != nullptr) DeleteObject(main.font);
-  main.font = nullptr;
+  releaseFont(main);
   PostQuitMessage(0);
 }
 

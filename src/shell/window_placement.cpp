@@ -1,5 +1,7 @@
 #include "shell/window_placement.h"
 
+#include "shell/resource_counts.h"
+
 #include <algorithm>
 
 namespace {
@@ -47,6 +49,13 @@ void resizeOnWorkArea(HWND window, SIZE size) {
 
 } // namespace
 
+void releaseFont(MainWindow &main) {
+  if (main.font == nullptr) return;
+  DeleteObject(main.font);
+  --resourceCounts().fonts;
+  main.font = nullptr;
+}
+
 void updateFont(MainWindow &main, UINT dotsPerInch) {
   NONCLIENTMETRICSW system{}; // the call knows only this form
   system.cbSize = sizeof system;
@@ -54,8 +63,9 @@ void updateFont(MainWindow &main, UINT dotsPerInch) {
   const HFONT font = CreateFontIndirectW(&system.lfMessageFont);
   for (const HWND label : main.labels) SendMessageA(label, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
   InvalidateRect(main.window, nullptr, TRUE); // the fields that the window draws itself
-  if (main.font != nullptr) DeleteObject(main.font);
+  releaseFont(main);
   main.font = font;
+  ++resourceCounts().fonts;
 
   TEXTMETRICA text{};
   const HDC screen = GetDC(main.window);

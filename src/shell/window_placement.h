@@ -5,6 +5,7 @@
 
 // Takes over the screen resolution and the system's message font and gives it to the labels.
 void updateFont(MainWindow &main, UINT dotsPerInch);
+void releaseFont(MainWindow &main);
 
 // Puts MainView and the labels where the present client area wants them.
 void placeControls(MainWindow &main);

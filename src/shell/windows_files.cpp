@@ -1,5 +1,6 @@
 // The file system of Windows. Only the W functions take paths of more than 260 characters.
 #include "core/file_ops.h"
+#include "shell/resource_counts.h"
 
 #include <windows.h>
 
@@ -40,6 +41,7 @@ FileHandle openForReading(const char *path) {
     CloseHandle(file);
     return nullptr;
   }
+  ++resourceCounts().files;
   return file;
 }
 
@@ -63,17 +65,22 @@ size_t readAt(FileHandle file, int64_t offset, uint8_t *into, size_t count) {
   return done;
 }
 
-void closeFile(FileHandle file) { CloseHandle(file); }
+void closeFile(FileHandle file) {
+  CloseHandle(file);
+  --resourceCounts().files;
+}
 
 std::vector<std::string> listFolder(const char *folder) {
   std::vector<std::string> names;
   WIN32_FIND_DATAW found{};
   const HANDLE listing = FindFirstFileW(wide(std::string(folder) + "*").c_str(), &found);
   if (listing == INVALID_HANDLE_VALUE) return names;
+  ++resourceCounts().files;
   do {
     if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) names.push_back(narrow(found.cFileName));
   } while (FindNextFileW(listing, &found));
   FindClose(listing);
+  --resourceCounts().files;
   return names;
 }
 
@@ -127,7 +134,10 @@ OutputHandle beginOutput(const char *path, std::string &failure) {
   output->target = path;
   output->file = openDevice(path);
   if (output->file == INVALID_HANDLE_VALUE) output->file = createTemporary(path, output->temporary);
-  if (output->file != INVALID_HANDLE_VALUE) return output.release();
+  if (output->file != INVALID_HANDLE_VALUE) {
+    ++resourceCounts().files;
+    return output.release();
+  }
   failure = errorText(GetLastError());
   return nullptr;
 }
@@ -147,6 +157,7 @@ std::string writeOutput(OutputHandle handle, std::span<const uint8_t> bytes) {
 std::string finishOutput(OutputHandle handle, bool keep) {
   const std::unique_ptr<Output> output(static_cast<Output *>(handle));
   DWORD error = CloseHandle(output->file) ? ERROR_SUCCESS : GetLastError();
+  --resourceCounts().files;
   if (!output->temporary.empty()) {
     const std::wstring temporary = wide(output->temporary);
     const bool placed = keep && error == ERROR_SUCCESS;
