@@ -43,13 +43,9 @@ bool runKey(ViewerState &viewer, std::span<const CommandKey> table, int code) {
 // Whether the key, as it is pressed, is the row's shortcut.
 bool isShortcut(const ViewerState &viewer, const MenuRow &row, KeyPress key) {
   if (row.shortcut.code != key.code || key.alt) return false;
-  switch (row.shortcut.use) {
-  case ShortcutUse::kNone: return false;
-  case ShortcutUse::kKeyAlone: return !key.ctrl;
-  case ShortcutUse::kWithCtrl: return key.ctrl;
-  case ShortcutUse::kWithCtrlOrAlone: return key.ctrl || viewer.preferences.Check4 == kTrue;
-  }
-  return false;
+  const ShortcutUse use = row.shortcut.use;
+  if (key.ctrl) return use == ShortcutUse::kWithCtrl || use == ShortcutUse::kWithCtrlOrAlone;
+  return use == ShortcutUse::kKeyAlone || (use == ShortcutUse::kWithCtrlOrAlone && viewer.preferences.Check4 == kTrue);
 }
 
 } // namespace

@@ -51,13 +51,10 @@ constexpr std::array<MenuRow, kMenuRowCount> kMenuRows{{
 // clang-format on
 
 std::string shortcutText(const MenuRow &row) {
-  switch (row.shortcut.use) {
-  case ShortcutUse::kNone: return "";
-  case ShortcutUse::kKeyAlone: return "F" + std::to_string(row.shortcut.code - kF1 + 1);
-  case ShortcutUse::kWithCtrl:
-  case ShortcutUse::kWithCtrlOrAlone: return std::string("Ctrl+") + static_cast<char>(row.shortcut.code);
-  }
-  return "";
+  const auto [use, code] = row.shortcut;
+  if (use == ShortcutUse::kNone) return "";
+  if (use == ShortcutUse::kKeyAlone) return "F" + std::to_string(code - kF1 + 1);
+  return std::string("Ctrl+") + static_cast<char>(code);
 }
 
 std::string plainCaption(const char *caption) {

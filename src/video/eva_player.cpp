@@ -146,10 +146,6 @@ void openEva(ViewerState &viewer, const std::string &path) {
   constexpr size_t kExtensionLetters = 3;
   EvaPlayer &eva = viewer.evaPlayer;
   prepare(viewer);
-  if (eva.fileOpen != kTrue) {
-    openInputFile(viewer.inputFile, *viewer.platform.files, path);
-    eva.fileOpen = kTrue;
-  }
   runEvents(viewer);
   eva.frameCount = roundHalfEven(static_cast<double>(inputFileLength(viewer.inputFile)) / kBlockBytes);
   takeRate(viewer);

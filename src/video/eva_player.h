@@ -9,7 +9,8 @@ inline constexpr int32_t kEvaHeight = 106;
 // Whether the open file names a rate, or an earlier file has.
 bool evaRateKnown(const ViewerState &viewer);
 
-// Takes over the file, which stays open until another one is opened: counts, tables, sound images; then shows frame 0.
+// Takes over the open file, which stays open until another one is opened: counts, tables, sound images; then shows
+// frame 0. `path` is where it was opened.
 void openEva(ViewerState &viewer, const std::string &path);
 
 // Reads and shows the frame at the scroll bar's place.

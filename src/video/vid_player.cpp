@@ -119,12 +119,8 @@ void readAndDraw(ViewerState &viewer) {
 
 } // namespace
 
-bool openVid(ViewerState &viewer, const std::string &path) {
+bool openVid(ViewerState &viewer) {
   VidPlayer &vid = viewer.vidPlayer;
-  if (vid.fileOpen != kTrue) {
-    openInputFile(viewer.inputFile, *viewer.platform.files, path);
-    vid.fileOpen = kTrue;
-  }
   if (!headerValid(viewer.inputFile)) {
     vid.fileOpen = kFalse;
     viewer.platform.showMessage(viewer.platform.context, "Korilan", "o_O", MessageIcon::kNone);

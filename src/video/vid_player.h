@@ -3,9 +3,9 @@
 
 #include "core/viewer_state.h"
 
-// Takes over the file, which stays open until another one is opened, and its header, and shows frame 0. A header that
-// is not valid is refused with a message: false is returned, and the file is closed.
-bool openVid(ViewerState &viewer, const std::string &path);
+// Takes over the open file, which stays open until another one is opened, and its header, and shows frame 0. A header
+// that is not valid is refused with a message: false is returned, and `fileOpen` cleared.
+bool openVid(ViewerState &viewer);
 
 // Reads and shows the frame at the scroll bar's place.
 void showVidFrame(ViewerState &viewer);

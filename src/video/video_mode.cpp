@@ -17,7 +17,7 @@ constexpr int32_t kEnlargement = 2;
 // Frame 0 and everything around it. Run again after each run.
 void setUpVideo(ViewerState &viewer) {
   if (viewer.evaPlayer.fileOpen == kTrue) openEva(viewer, openedPath(viewer));
-  if (viewer.vidPlayer.fileOpen == kTrue && !openVid(viewer, openedPath(viewer))) leaveVideoMode(viewer);
+  if (viewer.vidPlayer.fileOpen == kTrue && !openVid(viewer)) leaveVideoMode(viewer);
 }
 
 void carryOutRequests(ViewerState &viewer) {
@@ -50,7 +50,7 @@ void openEvaVideo(ViewerState &viewer) {
 void openVidVideo(ViewerState &viewer) {
   if (!openFileForReading(viewer)) return;
   viewer.vidPlayer.fileOpen = kTrue;
-  openVid(viewer, openedPath(viewer));
+  openVid(viewer);
 }
 
 void Image1_Click(ViewerState &viewer) {

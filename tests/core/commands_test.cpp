@@ -28,11 +28,12 @@ TEST(Commands, EventsDuringALoad) {
     for (const char letter : std::string_view("OSCTRPZAIWELN")) pressKey(viewer, {letter, true});
     for (const int code : {33, 34, 35, 36, 116}) pressKey(viewer, {code}); // paging and F5
   };
+  const auto quit = [](ViewerState &viewer, const std::string &) { pressKey(viewer, {'Q', true}); };
   const auto look = [](ViewerState &viewer, const std::string &) { EXPECT_EQ(viewer.window.Label4, "Rendering..."); };
   TestViewer quiet;
   quiet.open("a.SC5", kPicture);
   for (const Row &row : {Row{"nothing", look, true}, Row{"open", openPath, true}, Row{"close", close, true},
-                         Row{"keys", keys, true}, Row{"exit", exit, false}}) {
+                         Row{"keys", keys, true}, Row{"exit", exit, false}, Row{"Ctrl+Q", quit, false}}) {
     SCOPED_TRACE(row.name);
     TestViewer window;
     memoryDisk()["other.SC6"] = kPicture;
@@ -66,6 +67,15 @@ TEST(Menus, EveryItemHasOneRowAndOnlyEnabledOnesRun) {
   window.open("a.SC5", kPicture);
   runMenuRow(window.viewer, closeRow);
   EXPECT_EQ(window.viewer.window.Label1, "");
+
+  for (const MenuRow &separator : kMenuRows) {
+    EXPECT_TRUE(separator.command != nullptr || !menuRowEnabled(window.viewer.window, separator));
+  }
+  EXPECT_EQ(shortcutText(*rowOf(&WindowModel::menuZoom)), "Ctrl+Z");
+  EXPECT_EQ(shortcutText(*rowOf(&WindowModel::menuHelp)), "F1");
+  EXPECT_EQ(shortcutText(*rowOf(&WindowModel::menuAbout)), "");
+  rowOf(&WindowModel::menuAbout)->command(window.viewer);
+  EXPECT_TRUE(window.platform.log.back().starts_with("showMessage (i) About Korilan: Korilan "));
 
   MenuRow row = *rowOf(&WindowModel::menuZoom);
   row.command = menuExit_Click;
@@ -106,6 +116,18 @@ TEST(Commands, ReloadReadsTheFileAsItIsNow) {
   EXPECT_EQ(window.viewer.frameBits[0], 0xFFFFFFu);
   menuClose_Click(window.viewer);
   EXPECT_FALSE(window.viewer.window.menuReload.enabled);
+}
+
+TEST(Commands, LabelsStayWhileAVideoPlays) {
+  TestViewer window;
+  window.open("a.SC5", kPicture);
+  window.viewer.imageWidth = 7;
+  window.viewer.evaPlayer.playing = kTrue;
+  showPictureInfo(window.viewer);
+  EXPECT_EQ(window.viewer.window.Label1, "256x212");
+  window.viewer.evaPlayer.playing = kFalse;
+  showPictureInfo(window.viewer);
+  EXPECT_EQ(window.viewer.window.Label1, "7x212");
 }
 
 TEST(Commands, HeldClipboardGivesAMessage) {

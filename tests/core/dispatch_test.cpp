@@ -128,8 +128,9 @@ TEST(Dispatch, PathIsSplitAtTheLastFolder) {
 TEST(Dispatch, CommandLineHoldsAtMostOnePath) {
   using Row = std::pair<const char *, std::optional<std::string>>;
   for (const auto &[commandLine, path] :
-       {Row{"", std::nullopt}, Row{"C:\\one two\\a.SC5", "C:\\one two\\a.SC5"}, Row{"\"C:\\a b.SC5\"", "C:\\a b.SC5"},
-        Row{"\"a.SC5\" \"b.SC5\"", std::nullopt}, Row{"\"a.SC5\"  \"b\"", "a.SC5\"  \"b"}, // two blanks pass
+       {Row{"", std::nullopt}, Row{"\"", ""}, Row{"C:\\one two\\a.SC5", "C:\\one two\\a.SC5"},
+        Row{"\"C:\\a b.SC5\"", "C:\\a b.SC5"}, Row{"\"a.SC5\" \"b.SC5\"", std::nullopt},
+        Row{"\"a.SC5\"  \"b\"", "a.SC5\"  \"b"}, // two blanks pass
         Row{"C:\\a.SC5 D:\\b.SC5", std::nullopt}, Row{"abcd:f", "abcd:f"}, Row{"abcde:", std::nullopt},
         Row{"\u00E9\u00E9cd:f", "\u00E9\u00E9cd:f"}}) {
     EXPECT_EQ(pathFromCommandLine(commandLine), path) << commandLine;

@@ -82,7 +82,8 @@ TEST(FolderNavigation, AfterClose) {
 }
 
 TEST(FolderNavigation, CaptionThatDoesNotFitThePath) {
-  for (const char *dropped : {"x", "t.TXT", "d\\a much longer name than that.TXT", "other\\t.TXT"}) {
+  for (const char *dropped :
+       {"x", "t.TXT", "d\\a much longer name than that.TXT", "other\\t.TXT", "d\\abc\\t4567.TXT"}) {
     SCOPED_TRACE(dropped);
     FolderViewer window({"long name.SC5", "b.SC5"}, "long name.SC5");
     openPath(window.viewer, dropped);

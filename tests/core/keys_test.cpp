@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr int kEscape = 27, kPageUp = 33, kPageDown = 34, kEnd = 35, kHome = 36, kF5 = 116;
+constexpr int kEscape = 27, kPageUp = 33, kPageDown = 34, kEnd = 35, kHome = 36, kF1 = 112, kF5 = 116;
 constexpr uint32_t kStored = 0x111111;
 
 // A picture whose stored palette could be restored, among four other files.
@@ -94,7 +94,9 @@ TEST(Keys, FurtherKeys) {
        {Row{"page up", {kPageUp}, false, "b.SC5"}, Row{"page down", {kPageDown}, false, "d.SC5"},
         Row{"home", {kHome}, false, "a.SC5"}, Row{"end", {kEnd}, false, "e.SC5"}, Row{"Esc", {kEscape}, false, ""},
         Row{"Esc, ticked", {kEscape}, true, "exitProgram; "}, Row{"Ctrl+Q", {'Q', true}, false, "exitProgram; "},
-        Row{"Ctrl+W", {'W', true}, false, "closed"}, Row{"F5", {kF5}, false, rendered}}) {
+        Row{"Ctrl+W", {'W', true}, false, "closed"}, Row{"F5", {kF5}, false, rendered},
+        Row{"Ctrl+F5", {kF5, true}, false, ""}, Row{"F1", {kF1}, false, "showText Korilan Help; "},
+        Row{"Ctrl+E", {'E', true}, false, "showPreferences; "}, Row{"no key", {0}, false, ""}}) {
     SCOPED_TRACE(row.name);
     KeyViewer window;
     window.viewer.preferences.Check3 = toFlag(row.escExits);

@@ -1,9 +1,11 @@
 // Large pictures where memory is lacking.
 #include "core/bitmap_export.h"
 #include "core/colour_readout.h"
+#include "screens/palette_commands.h"
 #include "screens/picture_bytes.h"
 #include "support/scarce_memory.h"
 #include "support/test_viewer.h"
+#include "video/video_files.h"
 
 #include <gtest/gtest.h>
 
@@ -74,6 +76,20 @@ TEST(LackingMemory, ThePictureBeforeStays) {
   }
 }
 
+TEST(LackingMemory, AVideoOfFewPixels) {
+  TestViewer window;
+  window.open("a.EVA", evaFile(2));
+  window.viewer.frameBits = Pixels(); // all else has its room already
+  scarceMemory() = {.beyond = 50'000, .refusedBlock = 1};
+  menuReload_Click(window.viewer);
+  EXPECT_EQ(scarceMemory().largeBlocks, 1);
+  scarceMemory() = {};
+  EXPECT_EQ(window.viewer.window.Label4, kError);
+  EXPECT_FALSE(videoOpen(window.viewer));
+  menuReload_Click(window.viewer);
+  EXPECT_EQ(window.viewer.frameBits.size(), 128u * 106);
+}
+
 TEST(LackingMemory, SavingAndCopyingSaySo) {
   TestViewer window;
   openRefusing(window, pictures()[0], 0);
@@ -96,6 +112,21 @@ TEST(LackingMemory, SavingAndCopyingSaySo) {
   }
   EXPECT_EQ(memoryDisk().at("stored.bmp"), (Bytes{1, 2, 3}));
   EXPECT_TRUE(window.platform.clipboard.empty());
+}
+
+TEST(LackingMemory, APaletteIsRestoredWithoutDrawing) {
+  TestViewer window;
+  window.open("before.SC5", Bytes{0xFE, 0, 0, 0xFF, 0x69, 0, 0, 0x1F});
+  menuSavePal_Click(window.viewer);
+  openRefusing(window, pictures()[2], 1); // its size and depth are already those of the picture to draw
+  const std::vector<uint32_t> before = window.viewer.frameBits;
+  window.viewer.window.Label4.clear();
+  scarceMemory() = {.refusedBlock = 1};
+  menuRestPal_Click(window.viewer);
+  scarceMemory() = {};
+  EXPECT_EQ(window.viewer.window.Label4, kError);
+  EXPECT_TRUE(window.viewer.frameBits == before);
+  EXPECT_FALSE(window.viewer.loadUnderWay);
 }
 
 TEST(LackingMemory, TheReadOutDoesWithoutTheEntry) {

@@ -24,4 +24,6 @@ TEST(Numbers, GroupsOfThreeDigits) {
   EXPECT_EQ(grouped(-1000), "-1,000");
 }
 
+TEST(Text, OnlyLettersOfAsciiHaveAnUpperCase) { EXPECT_EQ(upperCased("@AZ[`az{\xC3\xA9"), "@AZ[`AZ{\xC3\xA9"); }
+
 } // namespace

@@ -96,6 +96,13 @@ TEST(Preferences, SaveWritesInOrderAndTwiceTheSame) {
   EXPECT_EQ(window.platform.settings, saved);
 }
 
+TEST(Preferences, ProgramOfAnotherExtension) {
+  TestViewer window;
+  window.viewer.platform.programPath = [](void *) { return std::string("C:\\Korilan.bin"); };
+  menuSavePreferences_Click(window.viewer, {});
+  EXPECT_EQ(window.platform.settings.at("Korilan\\DefaultIcon"), "C:\\Korilan.bin.exe,0");
+}
+
 TEST(Preferences, ActAtOnce) {
   TestViewer window;
   const WindowModel &model = window.viewer.window;

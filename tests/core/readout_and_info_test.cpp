@@ -1,5 +1,6 @@
 #include "core/colour_readout.h"
 #include "core/image_info.h"
+#include "screens/palette_commands.h"
 #include "support/bload_builder.h"
 #include "support/test_viewer.h"
 
@@ -29,6 +30,7 @@ TEST(ColourReadout, WhatIsUnderTheMouse) {
         Row{"colour 2, same as 1", "a.SC5", twins, true, 4, 0, "2, 0   color 2   #496D24", 0x496D24},
         Row{"last pixel", "a.SC5", twins, true, 511, 423, "255, 211   color 0   #000000", 0},
         Row{"right of it", "a.SC5", twins, true, 512, 0, "", 0}, Row{"below it", "a.SC5", twins, true, 0, 424, "", 0},
+        Row{"left of it", "a.SC5", twins, true, -1, 0, "", 0}, Row{"above it", "a.SC5", twins, true, 0, -1, "", 0},
         Row{"own size", "a.SC5", twins, false, 2, 0, "2, 0   color 2   #496D24", 0x496D24},
         Row{"right of the own size", "a.SC5", twins, false, 256, 0, "", 0},
         Row{"lines shown twice", "a.SC7", twins, true, 3, 3, "3, 1   color 0   #000000", 0},
@@ -70,6 +72,42 @@ TEST(ColourReadout, FollowsWhatHappensToThePicture) {
   EXPECT_EQ(pointed(), "2, 0   color 15   #FFFFFF");
   menuClose_Click(window.viewer);
   EXPECT_EQ(text + pointed(), "");
+}
+
+// Its colour stays known where the palette, or what video memory now holds, is that of no picture.
+TEST(ColourReadout, NamesNoEntryOfAnotherPicture) {
+  struct Row {
+    const char *name;
+    void (*change)(TestViewer &window);
+    const char *text;
+  };
+  for (const Row &row : {Row{"nothing", [](TestViewer &) {}, "2, 0   color 2   #496D24"},
+                         Row{"refused palette, so the standard one",
+                             [](TestViewer &window) {
+                               memoryDisk()["p.PL5"] = Bytes(32, 0xFF);
+                               window.platform.chosenFiles = {"p.PL5"};
+                               menuLoadPal_Click(window.viewer);
+                             },
+                             "2, 0   #496D24"},
+                         Row{"refused picture of the same width",
+                             [](TestViewer &window) {
+                               window.open("b.G9B", {'G', '9', 'B', 11, 0, 4, 0, 16, 0, 1, 100, 0, 2});
+                               EXPECT_EQ(window.viewer.imageHeight, 100);
+                             },
+                             "2, 0   #496D24"},
+                         Row{"refused picture of another width",
+                             [](TestViewer &window) {
+                               window.open("b.G9B", {'G', '9', 'B', 11, 0, 4, 0, 16, 100, 0, 212, 0, 2});
+                               EXPECT_EQ(window.viewer.imageWidth, 100);
+                             },
+                             "2, 0   #496D24"},
+                         Row{"no pixels", [](TestViewer &window) { window.viewer.frameBits.clear(); }, ""}}) {
+    TestViewer window;
+    window.open("a.SC5", twinColours());
+    row.change(window);
+    moveMouse(window.viewer, 4, 0);
+    EXPECT_EQ(window.viewer.window.readout.text, row.text) << row.name;
+  }
 }
 
 TEST(ImageInfo, Lines) {

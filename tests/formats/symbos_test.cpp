@@ -121,6 +121,25 @@ TEST(Symbos, TilesBeyondTheirPlace) {
   }
 }
 
+TEST(Symbos, TileAboveThePictureAndTileLongerThanVideoMemory) {
+  TestViewer window;
+  // The row before is -5 lines high: of seven lines the last two lie in the picture.
+  window.open("x.SGX", joined({large(64, 0, 0, -5, 5),
+                               large(255, 0, 0, 0),
+                               large(1, 1, 2, 7),
+                               {0x11, 0x22, 0x33, 0x44, 0x55, 0x67, 0x89}}));
+  std::vector<uint32_t> expected;
+  for (const size_t index : {6, 7, 8, 9}) expected.push_back(window.viewer.palette[index]);
+  EXPECT_EQ(window.viewer.window.Label1, "2x2");
+  EXPECT_EQ(window.viewer.frameBits, expected);
+
+  window.open("x.SGX", large(64, 64, 128, 32767, 5));
+  EXPECT_EQ(window.viewer.window.Label1, "128x32767");
+  constexpr size_t kHeld = 1024 * 1024 / 64 * 128; // pixels of the lines that video memory holds
+  EXPECT_EQ(window.viewer.frameBits[kHeld - 1], window.viewer.palette[0]);
+  EXPECT_EQ(window.viewer.frameBits[kHeld], 0u);
+}
+
 TEST(Symbos, SizesThatCannotBeShown) {
   const auto rows = [](int count, int width, int height) {
     Bytes file = large(64, 0, width, height, 5);

@@ -85,4 +85,14 @@ TEST(DisplayGeometry, LoadedPicturesAreShownTwiceAsLarge) {
   EXPECT_EQ(window.viewer.window.stretch, (Stretch{256, 212, 512, 424}));
 }
 
+TEST(DisplayGeometry, NothingIsStretchedWithoutAPicture) {
+  TestViewer window;
+  EXPECT_TRUE(stretchedPicture(window.viewer).empty());
+  window.open("a.SC5", BloadBuilder{}.build());
+  EXPECT_EQ(stretchedPicture(window.viewer).size(), 512u * 424);
+  menuClose_Click(window.viewer);
+  window.viewer.window.stretch = {256, 212, 512, 424};
+  EXPECT_TRUE(stretchedPicture(window.viewer).empty());
+}
+
 } // namespace

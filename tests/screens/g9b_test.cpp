@@ -61,6 +61,16 @@ TEST(G9b, HeaderChecks) {
   }
 }
 
+TEST(G9b, ColourTextOfOneBit) {
+  using Row = std::pair<uint8_t, const char *>; // palette entries
+  for (const auto &[colourCount, text] : {Row{0, "old colors"}, Row{2, "2 colors"}, Row{16, "16 colors"}}) {
+    UsedViewer window;
+    window.open("x.G9B", G9bBuilder{.bitsPerPixel = 1, .colourCount = colourCount}.build());
+    EXPECT_EQ(window.viewer.window.Label3, text) << int{colourCount};
+    EXPECT_EQ(window.viewer.pictureShown, kTrue);
+  }
+}
+
 TEST(G9b, PaletteCounts) {
   for (const int count : {0, 1, 2, 3, 4, 5, 16, 17, 64, 65, 255}) {
     for (const uint8_t compression : {uint8_t{0}, uint8_t{1}}) {

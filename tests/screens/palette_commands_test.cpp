@@ -117,6 +117,16 @@ TEST(PaletteCommands, StoredColoursOutliveThePicture) {
   EXPECT_EQ(window.viewer.window.Label4, "");
 }
 
+TEST(PaletteCommands, RestoreAfterAFileOfAnUnknownKind) {
+  PaletteViewer window;
+  menuSavePal_Click(window.viewer);
+  openPath(window.viewer, "d\\a.TXT");
+  EXPECT_EQ(window.viewer.fileExtension, ".TXT");
+  menuRestPal_Click(window.viewer);
+  EXPECT_EQ(window.platform.log, kDrawn);
+  EXPECT_EQ(window.viewer.frameBits[0], kOld);
+}
+
 TEST(PaletteCommands, Swatches) {
   for (const uint8_t count : Bytes{4, 16}) {
     SCOPED_TRACE(int{count});

@@ -1,4 +1,8 @@
+#include "formats/publisher_page.h"
+#include "formats/vscreen_level.h"
 #include "screens/byte_pixels.h"
+#include "screens/g9b_picture.h"
+#include "screens/ham_picture.h"
 #include "screens/packed_pixels.h"
 #include "screens/pattern_screen.h"
 #include "screens/render_dispatch.h"
@@ -43,6 +47,57 @@ TEST(Renderers, DrawOnlyWhatVideoMemoryHolds) {
     viewer.frameBits.resize(14);
     render(viewer);
     EXPECT_EQ(viewer.frameBits[0], kUntouched);
+  }
+}
+
+TEST(Renderers, DrawNothingIntoAnotherFrameOrFromElsewhere) {
+  struct Row {
+    const char *name;
+    void (*render)(ViewerState &viewer);
+    int32_t width, height;
+    std::vector<void (*)(ViewerState &viewer)> flaws;
+  };
+  const auto lessFrame = [](ViewerState &viewer) { viewer.frameBits.pop_back(); };
+  const auto narrow = [](ViewerState &viewer) { --viewer.imageWidth, --viewer.frameWidth; };
+  const auto low = [](ViewerState &viewer) { --viewer.imageHeight, --viewer.frameHeight; };
+  const auto negativeWidth = [](ViewerState &viewer) { viewer.imageWidth = viewer.frameWidth = -1; };
+  const auto negativeHeight = [](ViewerState &viewer) { viewer.imageHeight = viewer.frameHeight = -1; };
+  const auto before = [](ViewerState &viewer) { viewer.vramPos = -1; };
+  const auto behind = [](ViewerState &viewer) { viewer.vramPos = static_cast<int32_t>(viewer.vram.size()) + 1; };
+  for (const Row &row : {
+           Row{"patterns",
+               renderPatternScreen,
+               256,
+               192,
+               {narrow, low, lessFrame, [](ViewerState &viewer) { viewer.vram.resize(0x37FF); }}},
+           Row{"tiles", renderTileSet, 256, 64, {narrow, low}},
+           Row{"sprites", renderSpriteSet, 256, 48, {narrow, low}},
+           Row{"page", renderPublisherPage, 512, 704, {[](ViewerState &viewer) { viewer.vram.resize(45055); }}},
+           Row{"HAM",
+               RenderHamPicture,
+               512,
+               4,
+               {narrow, negativeHeight, [](ViewerState &viewer) { viewer.hamPages = {}; }}},
+           Row{"bytes", RenderBytePixels, 4, 2, {negativeWidth, negativeHeight, before, behind, lessFrame}},
+           Row{"16 bits",
+               RenderG9b16,
+               4,
+               2,
+               {negativeWidth, negativeHeight, before, behind, lessFrame,
+                [](ViewerState &viewer) { viewer.vram.resize(15); }}},
+           Row{"nibbles", renderNibbleStream, 4, 2, {negativeWidth, negativeHeight, behind, lessFrame}},
+       }) {
+    for (size_t flaw = 0; flaw <= row.flaws.size(); ++flaw) {
+      SCOPED_TRACE(testing::Message() << row.name << ", flaw " << flaw);
+      ViewerState viewer = viewerOf(row.width, row.height, {});
+      viewer.frameWidth = row.width;
+      viewer.frameHeight = row.height;
+      for (HamPage &page : viewer.hamPages) page = {Bytes(32 + 240 * 6), Bytes(240 * 256)};
+      if (flaw < row.flaws.size()) row.flaws[flaw](viewer);
+      row.render(viewer);
+      const bool drawn = flaw == row.flaws.size();
+      EXPECT_EQ(std::ranges::count(viewer.frameBits, kUntouched), drawn ? 0 : std::ssize(viewer.frameBits));
+    }
   }
 }
 

@@ -24,7 +24,7 @@ ScarceMemory &scarceMemory() {
 
 void *operator new(size_t size) {
   ScarceMemory &memory = scarceMemory();
-  const bool refused = size > kLargeBlock && ++memory.largeBlocks == memory.refusedBlock;
+  const bool refused = size > memory.beyond && ++memory.largeBlocks == memory.refusedBlock;
   void *block = refused ? nullptr : std::malloc(size > 0 ? size : 1);
   if (block == nullptr) throw std::bad_alloc();
   ++blockCount;

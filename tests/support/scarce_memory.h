@@ -5,10 +5,8 @@
 #include <cstdint>
 #include <optional>
 
-// Blocks beyond this size; only pictures and what is made of them are as large.
-inline constexpr size_t kLargeBlock = 1024 * 1024;
-
 struct ScarceMemory {
+  size_t beyond = 1024 * 1024;      // bytes; only pictures and what is made of them have more
   int largeBlocks = 0;              // asked for so far
   int refusedBlock = 0;             // number of the large block that is not given; 0: none
   std::optional<uint8_t> fill = {}; // value of every byte of a fresh block

@@ -167,7 +167,8 @@ TEST(Playback, AnyCommandAtAnyEvent) {
         Row{"EVA", open, "other.EVA", true, "Korilan - other.EVA"},
         Row{"VID", open, "other.VID", true, "Korilan - other.VID"},
         Row{"Play", [](ViewerState &viewer, auto) { Image1_Click(viewer); }, "", false, ""},
-        Row{"scroll", scroll, "3", false, ""}, Row{"paging, comma, period", pressKeys, "!\"#$\xBC\xBE", false, ""}}) {
+        Row{"scroll", scroll, "3", false, ""}, Row{"path too short", open, ".VID", false, ""},
+        Row{"paging, comma, period", pressKeys, "!\"#$\xBC\xBE", false, ""}}) {
     TestViewer test;
     ViewerState &viewer = test.viewer;
     memoryDisk()["picture.SC8"] = kScreen8File;
@@ -210,6 +211,22 @@ TEST(Playback, AnyCommandAtAnyEvent) {
   }
 }
 
+TEST(Playback, AnEventThatTakesLongerThanAFrame) {
+  TestViewer test;
+  test.open("x.VID", VidFile{10, 3, 4, 1, 7, 2, kVidFrames}.build());
+  const auto work = [](ViewerState &viewer, const std::string &) {
+    static_cast<HeadlessPlatform *>(viewer.platform.context)->ticks += 150;
+  };
+  test.platform.events = {{work, ""}};
+  Image1_Click(test.viewer);
+  EXPECT_EQ(test.platform.ticks, 200u); // frame 1 late, frame 2 in time
+}
+
+TEST(Playback, FrameNumbersAsText) {
+  EXPECT_EQ(frameText(-1), "Frame:-1");
+  EXPECT_EQ(frameText(0), "Frame: 0");
+}
+
 TEST(Playback, StopIsHeardWhileEveryFrameIsLate) {
   TestViewer test;
   test.open("x.VID", VidFile{12, 5, 4, 1, 7, 2, kVidFrames}.build());
@@ -228,7 +245,8 @@ TEST(Playback, KeysOfAVideo) {
   using Row = std::tuple<const char *, KeyPress, size_t>;
   for (const auto &[name, key, frame] :
        {Row{"back from the first", {188}, 0}, Row{"on", {190}, 1}, Row{"with Ctrl", {190, true}, 1},
-        Row{"on to the last", {190}, 2}, Row{"on from it", {190}, 2}, Row{"back", {188}, 1}, Row{"play", {32}, 0}}) {
+        Row{"with Alt", {190, false, true}, 1}, Row{"on to the last", {190}, 2}, Row{"on from it", {190}, 2},
+        Row{"back", {188}, 1}, Row{"play", {32}, 0}}) {
     pressKey(test.viewer, key);
     EXPECT_EQ(test.viewer.window.HScroll1.value, static_cast<int32_t>(frame)) << name;
     EXPECT_EQ(test.viewer.frameBits[0], kYjk[frame]) << name;
@@ -255,6 +273,13 @@ TEST(Playback, WhatHoldsTheRunHoldsSoundAndFrames) {
     EXPECT_EQ(std::ranges::count(test.platform.log, "startSound 15788"), sounds) << name;
     EXPECT_EQ(std::ranges::count(test.platform.log, "stopSound 88"), sounds) << name;
   }
+  TestViewer slow; // already the first frame is late, when the run has no sound yet
+  slow.open("a.EVA", evaFile(4));
+  slow.viewer.platform.tickCount = [](void *context) { return static_cast<HeadlessPlatform *>(context)->ticks++; };
+  slow.platform.events = {{hold, ""}};
+  Image1_Click(slow.viewer);
+  EXPECT_TRUE(slow.platform.events.empty());
+  EXPECT_EQ(std::ranges::count(slow.platform.log, "startSound 15788"), 1);
   TestViewer quiet;
   quiet.open("a.EVA", evaFile(4));
   hold(quiet.viewer, ""); // no run: nothing to hold
