@@ -70,7 +70,6 @@ void showFrames(benchmark::State &state, const char *name) {
   for (auto step : state) {
     frame = frame % (frames - 1) + 1;
     HScroll1_Change(bench.viewer, frame);
-    bench.platform.log.clear();
   }
   countBytes(state, frameBytes(sampleNamed(name)));
 }

@@ -20,6 +20,7 @@ const samples::SamplePicture &sampleNamed(const std::string &name) {
 BenchViewer::BenchViewer() {
   memoryDisk().clear();
   attachHeadless(viewer, platform);
+  platform.keepsLog = false;
   viewer.platform.files = &memoryFiles();
   startViewer(viewer, "");
 }
@@ -30,10 +31,7 @@ std::string BenchViewer::put(const samples::SamplePicture &sample) {
   return sample.name;
 }
 
-void BenchViewer::open(const std::string &path) {
-  openPath(viewer, path);
-  platform.log.clear();
-}
+void BenchViewer::open(const std::string &path) { openPath(viewer, path); }
 
 int main(int argumentCount, char **arguments) {
   benchmark::Initialize(&argumentCount, arguments);

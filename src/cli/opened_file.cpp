@@ -16,6 +16,7 @@ const HeadlessPlatform &platformOf(const ViewerState &viewer) {
 
 void openFile(OpenedFile &file, const std::string &path) {
   attachHeadless(file.viewer, file.platform);
+  file.platform.keepsLog = false;
   startViewer(file.viewer, "");
   openPath(file.viewer, path);
 }

@@ -1,6 +1,7 @@
 #include "core/dispatch.h"
 
 #include "core/file_kinds.h"
+#include "core/load_pipeline.h"
 #include "core/text.h"
 #include "screens/display_geometry.h"
 #include "video/video_mode.h"
@@ -67,8 +68,7 @@ void resetViewer(ViewerState &viewer) {
     item->enabled = false;
   }
   window.menuDoubleHeight.checked = false;
-  viewer.vram.assign(kVideoMemoryBytes, 0);
-  viewer.packedData.assign(kVideoMemoryBytes, 0);
+  clearMemory(viewer);
   viewer.pictureShown = kFalse;
   window.mainViewWidth = kEmptyViewWidth;
   window.mainViewHeight = kEmptyViewHeight;

@@ -5,6 +5,7 @@
 #include "screens/render_dispatch.h"
 
 #include <algorithm>
+#include <cstring>
 #include <string>
 
 namespace {
@@ -31,6 +32,18 @@ const char *colourText(const ViewerState &viewer) {
   }
 }
 
+void clearUsed(std::vector<uint8_t> &buffer, size_t from, size_t used) {
+  const size_t end = std::min(used, buffer.size());
+  if (from < end) std::memset(buffer.data() + from, 0, end - from);
+}
+
+// Fills the buffer with what the file gives, and with zeros behind it.
+void readOver(const ViewerState &viewer, int32_t position, std::vector<uint8_t> &buffer, size_t &used) {
+  const size_t given = readAvailableBytes(viewer.inputFile, position, buffer);
+  clearUsed(buffer, given, used);
+  used = given;
+}
+
 } // namespace
 
 void showPictureInfo(ViewerState &viewer) {
@@ -53,23 +66,36 @@ bool pictureFits(int64_t width, int64_t height) { return width <= 0 || height <=
 void loadVram(ViewerState &viewer, int32_t position, size_t pictureBytes) {
   viewer.window.Label4 = "Loading...";
   viewer.vram.resize(std::max(kVideoMemoryBytes, pictureBytes));
-  readBytes(viewer.inputFile, position, viewer.vram);
+  readOver(viewer, position, viewer.vram, viewer.vramUsed);
 }
 
 void overlayVram(ViewerState &viewer, int32_t position) {
   viewer.window.Label4 = "Loading...";
   viewer.vram.resize(kVideoMemoryBytes);
-  readAvailableBytes(viewer.inputFile, position, viewer.vram);
+  const size_t given = readAvailableBytes(viewer.inputFile, position, viewer.vram);
+  viewer.vramUsed = std::max(viewer.vramUsed, given);
 }
 
 void clearVram(ViewerState &viewer, size_t pictureBytes) {
-  viewer.vram.assign(std::max(kVideoMemoryBytes, pictureBytes), 0);
+  viewer.vram.resize(std::max(kVideoMemoryBytes, pictureBytes));
+  clearUsed(viewer.vram, 0, viewer.vramUsed);
+  viewer.vramUsed = viewer.vram.size();
 }
+
+void clearMemory(ViewerState &viewer) {
+  clearUsed(viewer.vram, 0, viewer.vramUsed);
+  clearUsed(viewer.packedData, 0, viewer.packedDataUsed);
+  viewer.vramUsed = viewer.packedDataUsed = 0;
+  viewer.vram.resize(kVideoMemoryBytes);
+  viewer.packedData.resize(kVideoMemoryBytes);
+}
+
+void useVram(ViewerState &viewer, size_t end) { viewer.vramUsed = std::max(viewer.vramUsed, end); }
 
 void loadPackedData(ViewerState &viewer, int32_t position, size_t mostBytes) {
   viewer.window.Label4 = "Loading...";
   viewer.packedData.resize(std::max(kVideoMemoryBytes, mostBytes));
-  readBytes(viewer.inputFile, position, viewer.packedData);
+  readOver(viewer, position, viewer.packedData, viewer.packedDataUsed);
   viewer.window.Label4 = "Depacking...";
 }
 

@@ -69,6 +69,8 @@ struct ViewerState {
   // Video memory from address 0, and the packed body that it is unpacked from. Zero where no file has filled them.
   std::vector<uint8_t> vram = std::vector<uint8_t>(kVideoMemoryBytes);
   std::vector<uint8_t> packedData = std::vector<uint8_t>(kVideoMemoryBytes);
+  size_t vramUsed = 0; // from here on all of `vram` is zero, so that not all of it is cleared for each small file
+  size_t packedDataUsed = 0;
 
   // Tiles of a SymbOS graphic in the order of the file; those from the 257th on overwrite the first.
   std::array<SymbosTile, 256> symbosTiles{};

@@ -1,5 +1,6 @@
 #include "headless/headless_platform.h"
 
+#include <string_view>
 #include <utility>
 
 namespace {
@@ -7,8 +8,14 @@ namespace {
 HeadlessPlatform &platformOf(void *context) { return *static_cast<HeadlessPlatform *>(context); }
 
 // Depackers make tens of thousands of event passes, videos show as many frames: one line stands for all in a row.
-void logOnce(HeadlessPlatform &headless, const std::string &line) {
-  if (headless.log.empty() || headless.log.back() != line) headless.log.push_back(line);
+void logOnce(HeadlessPlatform &headless, std::string_view line) {
+  if (!headless.keepsLog) return;
+  if (headless.log.empty() || headless.log.back() != line) headless.log.emplace_back(line);
+}
+
+void log(void *context, std::string line) {
+  HeadlessPlatform &headless = platformOf(context);
+  if (headless.keepsLog) headless.log.push_back(std::move(line));
 }
 
 void runPendingEvents(void *context) {
@@ -29,12 +36,14 @@ void waitForEvents(void *context, uint32_t milliseconds) {
 }
 
 void presentPicture(void *context, std::span<const uint32_t>, int32_t width, int32_t height) {
-  logOnce(platformOf(context), "presentPicture " + std::to_string(width) + "x" + std::to_string(height));
+  HeadlessPlatform &headless = platformOf(context);
+  if (!headless.keepsLog) return;
+  logOnce(headless, "presentPicture " + std::to_string(width) + "x" + std::to_string(height));
 }
 
 bool copyToClipboard(void *context, std::span<const uint8_t> bitmap, std::span<const uint8_t> bitmapV5) {
   HeadlessPlatform &headless = platformOf(context);
-  headless.log.push_back("copyToClipboard " + std::to_string(bitmap.size()));
+  log(context, "copyToClipboard " + std::to_string(bitmap.size()));
   if (headless.clipboardHeld) return false;
   headless.clipboard.assign(bitmap.begin(), bitmap.end());
   headless.clipboardV5.assign(bitmapV5.begin(), bitmapV5.end());
@@ -43,7 +52,7 @@ bool copyToClipboard(void *context, std::span<const uint8_t> bitmap, std::span<c
 
 std::string askOpenFileName(void *context, const std::string &filter, const std::string &initialDirectory) {
   HeadlessPlatform &headless = platformOf(context);
-  headless.log.push_back("askOpenFileName " + filter.substr(0, filter.find('\0')) + " in " + initialDirectory);
+  log(context, "askOpenFileName " + filter.substr(0, filter.find('\0')) + " in " + initialDirectory);
   if (headless.chosenFiles.empty()) return "";
   const std::string chosen = std::move(headless.chosenFiles.front());
   headless.chosenFiles.pop_front();
@@ -54,15 +63,15 @@ void showMessage(void *context, const std::string &title, const std::string &tex
   const char *kind = icon == MessageIcon::kInformation ? "showMessage (i) "
                      : icon == MessageIcon::kWarning   ? "showMessage (!) "
                                                        : "showMessage ";
-  platformOf(context).log.push_back(kind + title + ": " + text);
+  log(context, kind + title + ": " + text);
   platformOf(context).lastMessage = text;
 }
 
 void showText(void *context, const std::string &title, const std::string &text) {
-  platformOf(context).log.push_back("showText " + title + "\n" + text);
+  log(context, "showText " + title + "\n" + text);
 }
 
-void showPreferences(void *context) { platformOf(context).log.emplace_back("showPreferences"); }
+void showPreferences(void *context) { log(context, "showPreferences"); }
 
 std::string readSetting(void *context, const std::string &key) {
   const auto &settings = platformOf(context).settings;
@@ -71,28 +80,28 @@ std::string readSetting(void *context, const std::string &key) {
 }
 
 void writeSetting(void *context, const std::string &key, const std::string &value) {
-  platformOf(context).log.push_back("writeSetting " + key + " = " + value);
+  log(context, "writeSetting " + key + " = " + value);
   platformOf(context).settings[key] = value;
 }
 
 void deleteSetting(void *context, const std::string &key) {
-  platformOf(context).log.push_back("deleteSetting " + key);
+  log(context, "deleteSetting " + key);
   platformOf(context).settings.erase(key);
 }
 
-void notifyAssociations(void *context) { platformOf(context).log.emplace_back("notifyAssociations"); }
+void notifyAssociations(void *context) { log(context, "notifyAssociations"); }
 
 std::string programPath(void *) { return "C:\\Programs\\Korilan.exe"; }
 
 void startSound(void *context, std::span<const uint8_t> image) {
-  platformOf(context).log.push_back("startSound " + std::to_string(image.size()));
+  log(context, "startSound " + std::to_string(image.size()));
 }
 
 void stopSound(void *context, std::span<const uint8_t> silence) {
-  platformOf(context).log.push_back("stopSound " + std::to_string(silence.size()));
+  log(context, "stopSound " + std::to_string(silence.size()));
 }
 
-void exitProgram(void *context) { platformOf(context).log.emplace_back("exitProgram"); }
+void exitProgram(void *context) { log(context, "exitProgram"); }
 
 } // namespace
 

@@ -18,6 +18,7 @@ struct HeadlessEvent {
 struct HeadlessPlatform {
   ViewerState *viewer = nullptr;
   std::deque<HeadlessEvent> events;
+  bool keepsLog = true;
   std::vector<std::string> log;        // a line for each call, "presentPicture 256x212"
   std::string lastMessage;             // of showMessage
   std::vector<uint8_t> clipboard;      // the bitmap last copied

@@ -16,3 +16,6 @@ inline constexpr uint8_t ColourModeYae = 0xFF;     // YJK, each pixel with an at
 // another without filling. In the group modes the last (imageWidth mod 4) pixels of a line have no bytes and are not
 // drawn. Another colour mode, or a picture that `vram` does not hold, draws nothing.
 void RenderBytePixels(ViewerState &viewer);
+
+// Whether it writes every pixel of the frame.
+bool bytePixelsFill(const ViewerState &viewer);

@@ -1,5 +1,8 @@
 #include "screens/packed_pixels.h"
 
+#include "screens/pixel_kernels.h"
+
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -50,39 +53,67 @@ template <size_t kPixels> void renderTiles(ViewerState &viewer) {
   viewer.vramPos = static_cast<int32_t>(source);
 }
 
+bool hasTiles(const ViewerState &viewer) { return viewer.fileExtension == kTiledExtension; }
+
+// Bytes of all lines, each of whole bytes only.
+template <size_t kPixels> size_t streamBytes(const ViewerState &viewer) {
+  return static_cast<size_t>(viewer.imageWidth) / kPixels * static_cast<size_t>(viewer.imageHeight);
+}
+
+template <size_t kPixels> bool holdsStream(const ViewerState &viewer) {
+  const auto start = static_cast<size_t>(viewer.vramPos);
+  return holdsFrame(viewer) && start <= viewer.vram.size() &&
+         streamBytes<kPixels>(viewer) <= viewer.vram.size() - start;
+}
+
+template <size_t kPixels>
+void drawBytes(const ViewerState &viewer, const uint8_t *source, size_t bytes, uint32_t *target) {
+  const auto draw = kPixels == 2 ? pixelKernels().nibbles : pixelKernels().crumbs;
+  draw(source, bytes, viewer.palette.data(), target);
+}
+
 template <size_t kPixels> void renderStream(ViewerState &viewer) {
-  if (!holdsFrame(viewer)) return;
-  if (viewer.fileExtension == kTiledExtension) {
-    renderTiles<kPixels>(viewer);
+  if (hasTiles(viewer)) {
+    if (holdsFrame(viewer)) renderTiles<kPixels>(viewer);
     return;
   }
+  if (!holdsStream<kPixels>(viewer)) return;
   const auto width = static_cast<size_t>(viewer.imageWidth);
-  const auto height = static_cast<size_t>(viewer.imageHeight);
   const size_t lineBytes = width / kPixels;
-  const auto start = static_cast<size_t>(viewer.vramPos);
-  if (start > viewer.vram.size() || lineBytes * height > viewer.vram.size() - start) return;
-
-  const auto colours = byteColourTable<kPixels>(viewer);
-  const uint8_t *source = viewer.vram.data() + start;
-  for (size_t y = 0; y < height; ++y) {
-    uint32_t *target = viewer.frameBits.data() + y * width;
-    for (size_t x = 0; x < lineBytes; ++x) {
-      const ByteColours<kPixels> &pixels = colours[*source++];
-      for (size_t i = 0; i < kPixels; ++i) *target++ = pixels[i];
+  const uint8_t *source = viewer.vram.data() + viewer.vramPos;
+  uint32_t *target = viewer.frameBits.data();
+  if (width % kPixels == 0) {
+    drawBytes<kPixels>(viewer, source, streamBytes<kPixels>(viewer), target);
+  } else {
+    for (int32_t y = 0; y < viewer.imageHeight; ++y, source += lineBytes, target += width) {
+      drawBytes<kPixels>(viewer, source, lineBytes, target);
     }
   }
-  viewer.vramPos += static_cast<int32_t>(lineBytes * height);
+  viewer.vramPos += static_cast<int32_t>(streamBytes<kPixels>(viewer));
+}
+
+template <size_t kPixels> bool streamFills(const ViewerState &viewer) {
+  return !hasTiles(viewer) && static_cast<size_t>(viewer.imageWidth) % kPixels == 0 && holdsStream<kPixels>(viewer);
+}
+
+size_t pixelCountOf(const ViewerState &viewer) {
+  return static_cast<size_t>(viewer.imageWidth) * static_cast<size_t>(viewer.imageHeight);
+}
+
+template <size_t kPixels> bool linearFills(const ViewerState &viewer) {
+  return holdsFrame(viewer) && (pixelCountOf(viewer) + kPixels - 1) / kPixels <= viewer.vram.size();
 }
 
 template <size_t kPixels> void renderLinear(ViewerState &viewer) {
-  if (!holdsFrame(viewer)) return;
-  const size_t pixelCount = static_cast<size_t>(viewer.imageWidth) * static_cast<size_t>(viewer.imageHeight);
-  if ((pixelCount + kPixels - 1) / kPixels > viewer.vram.size()) return;
-
-  const auto colours = byteColourTable<kPixels>(viewer);
-  for (size_t n = 0; n < pixelCount; ++n) {
-    viewer.frameBits[n] = colours[viewer.vram[n / kPixels]][n % kPixels];
-  }
+  if (!linearFills<kPixels>(viewer)) return;
+  const size_t pixelCount = pixelCountOf(viewer);
+  const size_t wholeBytes = pixelCount / kPixels;
+  const size_t rest = pixelCount % kPixels;
+  drawBytes<kPixels>(viewer, viewer.vram.data(), wholeBytes, viewer.frameBits.data());
+  if (rest == 0) return;
+  std::array<uint32_t, kPixels> lastByte{};
+  drawBytes<kPixels>(viewer, viewer.vram.data() + wholeBytes, 1, lastByte.data());
+  std::copy_n(lastByte.begin(), rest, viewer.frameBits.begin() + static_cast<std::ptrdiff_t>(pixelCount - rest));
 }
 
 } // namespace
@@ -91,3 +122,8 @@ void renderNibbleStream(ViewerState &viewer) { renderStream<2>(viewer); }
 void renderCrumbStream(ViewerState &viewer) { renderStream<4>(viewer); }
 void renderNibbleLinear(ViewerState &viewer) { renderLinear<2>(viewer); }
 void renderCrumbLinear(ViewerState &viewer) { renderLinear<4>(viewer); }
+
+bool nibbleStreamFills(const ViewerState &viewer) { return streamFills<2>(viewer); }
+bool crumbStreamFills(const ViewerState &viewer) { return streamFills<4>(viewer); }
+bool nibbleLinearFills(const ViewerState &viewer) { return linearFills<2>(viewer); }
+bool crumbLinearFills(const ViewerState &viewer) { return linearFills<4>(viewer); }

@@ -15,3 +15,9 @@ void renderCrumbStream(ViewerState &viewer);
 // `vramPos` is not used.
 void renderNibbleLinear(ViewerState &viewer);
 void renderCrumbLinear(ViewerState &viewer);
+
+// Whether these write every pixel of the frame.
+bool nibbleStreamFills(const ViewerState &viewer);
+bool crumbStreamFills(const ViewerState &viewer);
+bool nibbleLinearFills(const ViewerState &viewer);
+bool crumbLinearFills(const ViewerState &viewer);

@@ -5,6 +5,7 @@
 #include "core/palette.h"
 #include "formats/vscreen_level.h"
 #include "screens/bload_file.h"
+#include "screens/pixel_kernels.h"
 
 // Video memory, at the addresses that BASIC gives the tables:
 //   0x0000  6144  pattern generator: three thirds of 256 patterns, 8 bytes each, bit 7 leftmost
@@ -21,7 +22,7 @@ constexpr size_t kTablesEnd = kColourTable + 6144;
 
 constexpr size_t kCells = 768;
 constexpr size_t kCellsPerRow = 32;
-constexpr size_t kCellSize = 8;      // pixels and lines, and bytes of a pattern
+constexpr size_t kCellSize = kPatternSide;
 constexpr size_t kThirdMask = 0x300; // the bits of a cell number that tell its third of the screen
 constexpr int32_t kWidth = 256;
 constexpr int32_t kHeight = 192;
@@ -62,18 +63,17 @@ void loadPatternScreen(ViewerState &viewer) {
 }
 
 void drawCell(ViewerState &viewer, size_t patternAt, size_t coloursAt, size_t corner) {
-  const uint8_t *bits = viewer.vram.data() + patternAt;
-  const uint8_t *colours = viewer.vram.data() + coloursAt;
-  uint32_t *target = viewer.frameBits.data() + corner;
-  for (size_t row = 0; row < kCellSize; ++row, target += kWidth) {
-    const uint32_t twoColours[2] = {viewer.palette[colours[row] & 0x0F], viewer.palette[colours[row] >> 4]};
-    for (size_t k = 0; k < kCellSize; ++k) target[k] = twoColours[bits[row] >> (7 - k) & 1];
-  }
+  pixelKernels().pattern(viewer.vram.data() + patternAt, viewer.vram.data() + coloursAt, viewer.palette.data(),
+                         viewer.frameBits.data() + corner, kWidth);
+}
+
+bool patternScreenFills(const ViewerState &viewer) {
+  return viewer.imageWidth == kWidth && viewer.imageHeight == kHeight && viewer.vram.size() >= kTablesEnd &&
+         viewer.frameBits.size() >= static_cast<size_t>(kWidth) * kHeight;
 }
 
 void renderPatternScreen(ViewerState &viewer) {
-  if (viewer.imageWidth != kWidth || viewer.imageHeight != kHeight || viewer.vram.size() < kTablesEnd) return;
-  if (viewer.frameBits.size() < static_cast<size_t>(kWidth) * kHeight) return;
+  if (!patternScreenFills(viewer)) return;
   for (size_t cell = 0; cell < kCells; ++cell) {
     const size_t pattern = viewer.vram[kNameTable + cell] + (cell & kThirdMask);
     const size_t corner = cell / kCellsPerRow * kCellSize * kWidth + cell % kCellsPerRow * kCellSize;

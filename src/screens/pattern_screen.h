@@ -14,3 +14,6 @@ void drawCell(ViewerState &viewer, size_t patternAt, size_t coloursAt, size_t co
 // Draws the 32 x 24 cells of `vram` through `palette` into `frameBits`, 256 x 192 pixels. Colour 0 is a colour like
 // any other. Does nothing where `frameBits` is not that wide and high.
 void renderPatternScreen(ViewerState &viewer);
+
+// Whether it writes every pixel of the frame.
+bool patternScreenFills(const ViewerState &viewer);

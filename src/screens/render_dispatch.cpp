@@ -44,6 +44,17 @@ void drawFrame(ViewerState &viewer) {
   }
 }
 
+// Whether drawFrame() writes every pixel.
+bool drawingFillsFrame(const ViewerState &viewer) {
+  switch (viewer.bitsPerPixel) {
+  case 1: return viewer.colourCount == 16 && viewer.spriteMode == kFalse && patternScreenFills(viewer);
+  case 2: return pixelsRunOn(viewer) ? crumbLinearFills(viewer) : crumbStreamFills(viewer);
+  case 4: return pixelsRunOn(viewer) ? nibbleLinearFills(viewer) : nibbleStreamFills(viewer);
+  case 8: return bytePixelsFill(viewer);
+  default: return false;
+  }
+}
+
 } // namespace
 
 bool renderPicture(ViewerState &viewer) {
@@ -59,7 +70,9 @@ bool renderPicture(ViewerState &viewer) {
   }
   viewer.frameWidth = width;
   viewer.frameHeight = height;
-  viewer.frameBits.assign(pixels, 0); // black where no rule writes a pixel
+  viewer.frameBits.resize(pixels);
+  // Black where no rule writes a pixel.
+  if (!drawingFillsFrame(viewer)) std::fill(viewer.frameBits.begin(), viewer.frameBits.end(), 0);
   drawFrame(viewer);
 
   WindowModel &window = viewer.window;

@@ -45,6 +45,7 @@ struct UsedViewer : TestViewer {
     viewer.hasPalette = viewer.isPacked = viewer.spriteMode = kTrue;
     viewer.palette.fill(kUntouched);
     viewer.vram.assign(viewer.vram.size(), 0x77);
+    viewer.vramUsed = viewer.vram.size();
     viewer.window.Label4 = "before";
   }
 };

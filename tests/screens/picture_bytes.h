@@ -43,6 +43,7 @@ struct UsedViewer : TestViewer {
     viewer.hasPalette = viewer.isPacked = viewer.spriteMode = 1; // neither true nor false
     viewer.palette.fill(kOldColour);
     viewer.vram.assign(viewer.vram.size(), kOldByte);
+    viewer.vramUsed = viewer.vram.size();
     viewer.window.Label3 = "old colors";
     viewer.window.Label4 = "old status";
   }

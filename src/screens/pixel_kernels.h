@@ -1,0 +1,39 @@
+// The inner loops of the renderers: from bytes to colour words, many at once where the processor can.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+inline constexpr size_t kPatternSide = 8; // pixels and lines, and bytes of a pattern
+
+// Each procedure writes its pixels to `target`, one after another. `palette` has 16 words.
+struct PixelKernels {
+  // Two entries a byte, the left one in the high bits.
+  void (*nibbles)(const uint8_t *source, size_t bytes, const uint32_t *palette, uint32_t *target);
+
+  // Four entries a byte; only the first four words of the palette are used.
+  void (*crumbs)(const uint8_t *source, size_t bytes, const uint32_t *palette, uint32_t *target);
+
+  // Green in bits 7-5, red in bits 4-2, blue in bits 1-0.
+  void (*grb332)(const uint8_t *source, size_t bytes, uint32_t *target);
+
+  // Groups of four bytes with a common hue, as in byte_pixels.cpp. In the last kind a byte with bit 3 set is an entry
+  // in its high bits.
+  void (*yjk)(const uint8_t *source, size_t groups, uint32_t *target);
+  void (*yuv)(const uint8_t *source, size_t groups, uint32_t *target);
+  void (*yae)(const uint8_t *source, size_t groups, const uint32_t *palette, uint32_t *target);
+
+  // A pattern of 8 lines, a byte each, bit 7 leftmost; for each line a byte with the entries of set bits (high) and of
+  // clear bits (low). Lines lie `linePixels` apart.
+  void (*pattern)(const uint8_t *bits, const uint8_t *colours, const uint32_t *palette, uint32_t *target,
+                  size_t linePixels);
+};
+
+// For every processor.
+const PixelKernels &plainPixelKernels();
+
+// For processors with AVX2; nullptr where this is none.
+const PixelKernels *widePixelKernels();
+
+// The fastest that this processor has.
+const PixelKernels &pixelKernels();

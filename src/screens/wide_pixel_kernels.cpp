@@ -1,0 +1,229 @@
+#include "screens/pixel_kernels.h"
+
+#include <array>
+
+// 32 pixels at a time: each channel is made as 32 bytes, and the bytes are then interleaved to words. A shuffle of
+// bytes looks up 16 entries at once. What is left at the end is drawn by the plain kernels.
+
+#ifdef __x86_64__
+
+#include <immintrin.h>
+
+// Compiled for AVX2 whatever the rest of the program is compiled for.
+#define KORILAN_WIDE __attribute__((target("avx2")))
+
+namespace {
+
+constexpr size_t kBlock = 32; // pixels
+constexpr size_t kGroupPixels = 4;
+
+// Channels of 32 pixels, 0 to 15 in the low half.
+struct Channels {
+  __m256i blue;
+  __m256i green;
+  __m256i red;
+  __m256i top; // zero but for words that mark palette entries
+};
+
+// The same byte of each of 16 words, twice.
+struct PaletteChannels {
+  Channels tables;
+
+  KORILAN_WIDE explicit PaletteChannels(const uint32_t *palette) {
+    alignas(16) std::array<std::array<uint8_t, 16>, 4> bytes{};
+    for (size_t channel = 0; channel < 4; ++channel) {
+      for (size_t i = 0; i < 16; ++i) bytes[channel][i] = static_cast<uint8_t>(palette[i] >> 8 * channel);
+    }
+    const auto twice = [&bytes](size_t channel) KORILAN_WIDE {
+      return _mm256_broadcastsi128_si256(_mm_load_si128(reinterpret_cast<const __m128i *>(bytes[channel].data())));
+    };
+    tables = {.blue = twice(0), .green = twice(1), .red = twice(2), .top = twice(3)};
+  }
+};
+
+KORILAN_WIDE inline __m256i bytesOf(int value) { return _mm256_set1_epi8(static_cast<char>(value)); }
+
+KORILAN_WIDE inline __m256i joined(__m128i low, __m128i high) { return _mm256_set_m128i(high, low); }
+
+// Bits shifted right within each byte, and only those of `mask` kept.
+template <int kShift> KORILAN_WIDE inline __m256i field(__m256i bytes, int mask) {
+  return _mm256_and_si256(_mm256_srli_epi16(bytes, kShift), bytesOf(mask));
+}
+
+KORILAN_WIDE inline Channels lookUp(const PaletteChannels &palette, __m256i entries) {
+  return {.blue = _mm256_shuffle_epi8(palette.tables.blue, entries),
+          .green = _mm256_shuffle_epi8(palette.tables.green, entries),
+          .red = _mm256_shuffle_epi8(palette.tables.red, entries),
+          .top = _mm256_shuffle_epi8(palette.tables.top, entries)};
+}
+
+KORILAN_WIDE inline void store(uint32_t *target, const Channels &channels) {
+  const __m256i lowPairs = _mm256_unpacklo_epi8(channels.blue, channels.green);
+  const __m256i highPairs = _mm256_unpackhi_epi8(channels.blue, channels.green);
+  const __m256i lowTops = _mm256_unpacklo_epi8(channels.red, channels.top);
+  const __m256i highTops = _mm256_unpackhi_epi8(channels.red, channels.top);
+  const __m256i words0 = _mm256_unpacklo_epi16(lowPairs, lowTops);   // pixels 0 to 3, 16 to 19
+  const __m256i words4 = _mm256_unpackhi_epi16(lowPairs, lowTops);   // 4, 20
+  const __m256i words8 = _mm256_unpacklo_epi16(highPairs, highTops); // 8, 24
+  const __m256i words12 = _mm256_unpackhi_epi16(highPairs, highTops);
+  auto *out = reinterpret_cast<__m256i *>(target);
+  _mm256_storeu_si256(out, _mm256_permute2x128_si256(words0, words4, 0x20));
+  _mm256_storeu_si256(out + 1, _mm256_permute2x128_si256(words8, words12, 0x20));
+  _mm256_storeu_si256(out + 2, _mm256_permute2x128_si256(words0, words4, 0x31));
+  _mm256_storeu_si256(out + 3, _mm256_permute2x128_si256(words8, words12, 0x31));
+}
+
+KORILAN_WIDE void drawNibbles(const uint8_t *source, size_t bytes, const uint32_t *palette, uint32_t *target) {
+  constexpr size_t kStep = kBlock / 2;
+  const PaletteChannels channels(palette);
+  const __m128i lowBits = _mm_set1_epi8(0x0F);
+  for (; bytes >= kStep; bytes -= kStep, source += kStep, target += kBlock) {
+    const __m128i packed = _mm_loadu_si128(reinterpret_cast<const __m128i *>(source));
+    const __m128i left = _mm_and_si128(_mm_srli_epi16(packed, 4), lowBits);
+    const __m128i right = _mm_and_si128(packed, lowBits);
+    store(target, lookUp(channels, joined(_mm_unpacklo_epi8(left, right), _mm_unpackhi_epi8(left, right))));
+  }
+  if (bytes > 0) plainPixelKernels().nibbles(source, bytes, palette, target);
+}
+
+KORILAN_WIDE void drawCrumbs(const uint8_t *source, size_t bytes, const uint32_t *palette, uint32_t *target) {
+  constexpr size_t kStep = kBlock / 4;
+  const PaletteChannels channels(palette);
+  const __m128i lowBits = _mm_set1_epi8(0x03);
+  for (; bytes >= kStep; bytes -= kStep, source += kStep, target += kBlock) {
+    const __m128i packed = _mm_loadl_epi64(reinterpret_cast<const __m128i *>(source));
+    const __m128i first = _mm_and_si128(_mm_srli_epi16(packed, 6), lowBits);
+    const __m128i second = _mm_and_si128(_mm_srli_epi16(packed, 4), lowBits);
+    const __m128i third = _mm_and_si128(_mm_srli_epi16(packed, 2), lowBits);
+    const __m128i fourth = _mm_and_si128(packed, lowBits);
+    const __m128i left = _mm_unpacklo_epi8(first, second);
+    const __m128i right = _mm_unpacklo_epi8(third, fourth);
+    store(target, lookUp(channels, joined(_mm_unpacklo_epi16(left, right), _mm_unpackhi_epi16(left, right))));
+  }
+  if (bytes > 0) plainPixelKernels().crumbs(source, bytes, palette, target);
+}
+
+KORILAN_WIDE void drawGrb332(const uint8_t *source, size_t bytes, uint32_t *target) {
+  const __m256i eightLevels = _mm256_broadcastsi128_si256(
+      _mm_setr_epi8(0, 36, 72, 108, static_cast<char>(144), static_cast<char>(180), static_cast<char>(216),
+                    static_cast<char>(252), 0, 0, 0, 0, 0, 0, 0, 0));
+  const __m256i fourLevels = _mm256_broadcastsi128_si256(_mm_setr_epi8(
+      0, 85, static_cast<char>(170), static_cast<char>(255), 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0));
+  for (; bytes >= kBlock; bytes -= kBlock, source += kBlock, target += kBlock) {
+    const __m256i pixels = _mm256_loadu_si256(reinterpret_cast<const __m256i *>(source));
+    store(target, {.blue = _mm256_shuffle_epi8(fourLevels, field<0>(pixels, 3)),
+                   .green = _mm256_shuffle_epi8(eightLevels, field<5>(pixels, 7)),
+                   .red = _mm256_shuffle_epi8(eightLevels, field<2>(pixels, 7)),
+                   .top = _mm256_setzero_si256()});
+  }
+  if (bytes > 0) plainPixelKernels().grb332(source, bytes, target);
+}
+
+// Byte `kByte` of each group, for all its pixels.
+template <int kByte> KORILAN_WIDE inline __m256i ofEachGroup(__m256i bytes) {
+  constexpr char b = kByte;
+  const __m128i from = _mm_setr_epi8(b, b, b, b, b + 4, b + 4, b + 4, b + 4, b + 8, b + 8, b + 8, b + 8, b + 12, b + 12,
+                                     b + 12, b + 12);
+  return _mm256_shuffle_epi8(bytes, _mm256_broadcastsi128_si256(from));
+}
+
+// The three sums of a group's pixels: Y + J, Y + K and the third, each as 8 bits.
+struct GroupLevels {
+  __m256i withJ;
+  __m256i withK;
+  __m256i third;
+};
+
+KORILAN_WIDE inline __m256i signedChroma(__m256i low, __m256i high) {
+  const __m256i value = _mm256_or_si256(low, _mm256_slli_epi16(high, 3));
+  return _mm256_sub_epi8(_mm256_xor_si256(value, bytesOf(32)), bytesOf(32));
+}
+
+KORILAN_WIDE inline __m256i level(__m256i sum) {
+  const __m256i held = _mm256_min_epi8(_mm256_max_epi8(sum, _mm256_setzero_si256()), bytesOf(31));
+  return _mm256_slli_epi16(held, 3);
+}
+
+KORILAN_WIDE inline GroupLevels groupLevels(__m256i pixels) {
+  const __m256i chroma = field<0>(pixels, 7);
+  const __m256i k = signedChroma(ofEachGroup<0>(chroma), ofEachGroup<1>(chroma));
+  const __m256i j = signedChroma(ofEachGroup<2>(chroma), ofEachGroup<3>(chroma));
+  const __m256i y = field<3>(pixels, 31);
+  // The third sum is 2 * (5Y - (2J + K)), held within 0 and 248. Both parts are lifted by 96, so that neither is below
+  // zero, and their difference saturates there.
+  const __m256i lift = bytesOf(96);
+  const __m256i fiveY = _mm256_add_epi8(y, _mm256_slli_epi16(y, 2));
+  const __m256i chromaSum = _mm256_add_epi8(_mm256_add_epi8(j, j), k);
+  const __m256i difference = _mm256_subs_epu8(_mm256_add_epi8(fiveY, lift), _mm256_add_epi8(chromaSum, lift));
+  const __m256i half = _mm256_min_epu8(difference, bytesOf(124));
+  return {.withJ = level(_mm256_add_epi8(y, j)),
+          .withK = level(_mm256_add_epi8(y, k)),
+          .third = _mm256_add_epi8(half, half)};
+}
+
+constexpr size_t kBlockGroups = kBlock / kGroupPixels;
+
+KORILAN_WIDE void drawYjk(const uint8_t *source, size_t groups, uint32_t *target) {
+  for (; groups >= kBlockGroups; groups -= kBlockGroups, source += kBlock, target += kBlock) {
+    const GroupLevels levels = groupLevels(_mm256_loadu_si256(reinterpret_cast<const __m256i *>(source)));
+    store(target,
+          {.blue = levels.third, .green = levels.withK, .red = levels.withJ, .top = _mm256_setzero_si256()});
+  }
+  plainPixelKernels().yjk(source, groups, target);
+}
+
+KORILAN_WIDE void drawYuv(const uint8_t *source, size_t groups, uint32_t *target) {
+  for (; groups >= kBlockGroups; groups -= kBlockGroups, source += kBlock, target += kBlock) {
+    const GroupLevels levels = groupLevels(_mm256_loadu_si256(reinterpret_cast<const __m256i *>(source)));
+    store(target,
+          {.blue = levels.withK, .green = levels.third, .red = levels.withJ, .top = _mm256_setzero_si256()});
+  }
+  plainPixelKernels().yuv(source, groups, target);
+}
+
+KORILAN_WIDE void drawYae(const uint8_t *source, size_t groups, const uint32_t *palette, uint32_t *target) {
+  const PaletteChannels channels(palette);
+  const __m256i attribute = bytesOf(8);
+  for (; groups >= kBlockGroups; groups -= kBlockGroups, source += kBlock, target += kBlock) {
+    const __m256i pixels = _mm256_loadu_si256(reinterpret_cast<const __m256i *>(source));
+    const GroupLevels levels = groupLevels(pixels);
+    const Channels entries = lookUp(channels, field<4>(pixels, 15));
+    const __m256i isEntry = _mm256_cmpeq_epi8(_mm256_and_si256(pixels, attribute), attribute);
+    store(target, {.blue = _mm256_blendv_epi8(levels.third, entries.blue, isEntry),
+                   .green = _mm256_blendv_epi8(levels.withK, entries.green, isEntry),
+                   .red = _mm256_blendv_epi8(levels.withJ, entries.red, isEntry),
+                   .top = _mm256_and_si256(entries.top, isEntry)});
+  }
+  plainPixelKernels().yae(source, groups, palette, target);
+}
+
+KORILAN_WIDE void drawPattern(const uint8_t *bits, const uint8_t *colours, const uint32_t *palette, uint32_t *target,
+                              size_t linePixels) {
+  const __m256i bitOfPixel = _mm256_setr_epi32(0x80, 0x40, 0x20, 0x10, 0x08, 0x04, 0x02, 0x01);
+  for (size_t line = 0; line < kPatternSide; ++line, target += linePixels) {
+    const __m256i own = _mm256_and_si256(_mm256_set1_epi32(bits[line]), bitOfPixel);
+    const __m256i isSet = _mm256_cmpeq_epi32(own, bitOfPixel);
+    const __m256i clearColour = _mm256_set1_epi32(static_cast<int>(palette[colours[line] & 0x0F]));
+    const __m256i setColour = _mm256_set1_epi32(static_cast<int>(palette[colours[line] >> 4]));
+    _mm256_storeu_si256(reinterpret_cast<__m256i *>(target), _mm256_blendv_epi8(clearColour, setColour, isSet));
+  }
+}
+
+} // namespace
+
+const PixelKernels *widePixelKernels() {
+  static constexpr PixelKernels kKernels{.nibbles = drawNibbles,
+                                         .crumbs = drawCrumbs,
+                                         .grb332 = drawGrb332,
+                                         .yjk = drawYjk,
+                                         .yuv = drawYuv,
+                                         .yae = drawYae,
+                                         .pattern = drawPattern};
+  return __builtin_cpu_supports("avx2") ? &kKernels : nullptr;
+}
+
+#else
+
+const PixelKernels *widePixelKernels() { return nullptr; }
+
+#endif

@@ -1,0 +1,94 @@
+#include "screens/pixel_kernels.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <vector>
+
+namespace {
+
+constexpr std::array<uint32_t, 16> kPalette = {0x00000000, 0x00FFFFFF, 0x00010203, 0x01000003, 0x00804020, 0x00112233,
+                                               0x00445566, 0x00778899, 0x00AABBCC, 0x00DDEEFF, 0x01FFFFFF, 0x007F8081,
+                                               0x00FF0000, 0x0000FF00, 0x000000FF, 0x01000000};
+
+// Every byte beside every other.
+std::vector<uint8_t> allPairs() {
+  std::vector<uint8_t> bytes;
+  for (int first = 0; first < 256; ++first) {
+    for (int second = 0; second < 256; ++second) {
+      bytes.push_back(static_cast<uint8_t>(first));
+      bytes.push_back(static_cast<uint8_t>(second));
+    }
+  }
+  return bytes;
+}
+
+// Every pair of J and K, with every Y at every place of the group; a Y that is odd has the attribute bit.
+std::vector<uint8_t> allGroups() {
+  std::vector<uint8_t> bytes;
+  for (int chroma = 0; chroma < 4096; ++chroma) {
+    for (int y = 0; y < 32; ++y) {
+      const int lowest[] = {chroma & 7, chroma >> 3 & 7, chroma >> 6 & 7, chroma >> 9 & 7};
+      for (int i = 0; i < 4; ++i) bytes.push_back(static_cast<uint8_t>((y + 8 * i) % 32 << 3 | lowest[i]));
+    }
+  }
+  return bytes;
+}
+
+TEST(PixelKernels, WideOnesDrawWhatPlainOnesDraw) {
+  const PixelKernels *wide = widePixelKernels();
+  if (wide == nullptr) GTEST_SKIP() << "this processor has only the plain ones";
+  const PixelKernels &plain = plainPixelKernels();
+  const auto expectSame = [](size_t pixels, const auto &drawPlain, const auto &drawWide) {
+    constexpr uint32_t kUntouched = 0xABCDEF01;
+    std::vector<uint32_t> expected(pixels + 32, kUntouched);
+    std::vector<uint32_t> drawn = expected;
+    drawPlain(expected.data());
+    drawWide(drawn.data());
+    EXPECT_TRUE(drawn == expected) << pixels;
+  };
+  const std::vector<uint8_t> pairs = allPairs();
+  const std::vector<uint8_t> groups = allGroups();
+  for (size_t left = 0; left < 40; ++left) { // blocks that are not whole
+    const size_t bytes = left == 0 ? pairs.size() : left;
+    expectSame(
+        bytes * 2, [&](uint32_t *to) { plain.nibbles(pairs.data(), bytes, kPalette.data(), to); },
+        [&](uint32_t *to) { wide->nibbles(pairs.data(), bytes, kPalette.data(), to); });
+    expectSame(
+        bytes * 4, [&](uint32_t *to) { plain.crumbs(pairs.data(), bytes, kPalette.data(), to); },
+        [&](uint32_t *to) { wide->crumbs(pairs.data(), bytes, kPalette.data(), to); });
+    expectSame(
+        bytes, [&](uint32_t *to) { plain.grb332(pairs.data(), bytes, to); },
+        [&](uint32_t *to) { wide->grb332(pairs.data(), bytes, to); });
+    const size_t groupCount = left == 0 ? groups.size() / 4 : left;
+    expectSame(
+        groupCount * 4, [&](uint32_t *to) { plain.yjk(groups.data(), groupCount, to); },
+        [&](uint32_t *to) { wide->yjk(groups.data(), groupCount, to); });
+    expectSame(
+        groupCount * 4, [&](uint32_t *to) { plain.yuv(groups.data(), groupCount, to); },
+        [&](uint32_t *to) { wide->yuv(groups.data(), groupCount, to); });
+    expectSame(
+        groupCount * 4, [&](uint32_t *to) { plain.yae(groups.data(), groupCount, kPalette.data(), to); },
+        [&](uint32_t *to) { wide->yae(groups.data(), groupCount, kPalette.data(), to); });
+  }
+}
+
+TEST(PixelKernels, WidePatternsAreThePlainOnes) {
+  const PixelKernels *wide = widePixelKernels();
+  if (wide == nullptr) GTEST_SKIP() << "this processor has only the plain ones";
+  for (int first = 0; first < 256; ++first) {
+    std::array<uint8_t, 8> bits{};
+    std::array<uint8_t, 8> colours{};
+    for (int i = 0; i < 8; ++i) {
+      bits[static_cast<size_t>(i)] = static_cast<uint8_t>(first + 31 * i);
+      colours[static_cast<size_t>(i)] = static_cast<uint8_t>(7 * first + i);
+    }
+    std::vector<uint32_t> expected(8 * 11, 5);
+    std::vector<uint32_t> drawn = expected;
+    plainPixelKernels().pattern(bits.data(), colours.data(), kPalette.data(), expected.data(), 11);
+    wide->pattern(bits.data(), colours.data(), kPalette.data(), drawn.data(), 11);
+    EXPECT_EQ(drawn, expected) << first;
+  }
+}
+
+} // namespace
