@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <atomic>
-#include <cstdio>
 #include <map>
 #include <memory>
 #include <thread>
@@ -105,7 +104,7 @@ void convertUntilDone(Conversion &conversion) {
       const std::string failure = convertFile(conversion.request, path, taken);
       if (failure.empty()) continue;
       conversion.allConverted = false;
-      std::fprintf(stderr, "%s\n", failure.c_str());
+      complain(failure);
     }
   }
 }
