@@ -14,15 +14,15 @@ namespace {
 
 constexpr std::array<const char *, 4> kNames = {"a.EVA", "a.EV8", "a.VID", "b.VID"};
 
-void scroll(ViewerState &viewer, const std::string &to) { HScroll1_Change(viewer, std::atoi(to.c_str())); }
+void scroll(ViewerState &viewer, const std::string &to) { HScroll1_Change(viewer, std::stoi(to)); }
 void play(ViewerState &viewer, const std::string &) { Image1_Click(viewer); }
 void stop(ViewerState &viewer, const std::string &) { Image2_Click(viewer); }
 void close(ViewerState &viewer, const std::string &) { menuClose_Click(viewer); }
 void save(ViewerState &viewer, const std::string &) { menuSaveBMP_Click(viewer); }
 void open(ViewerState &viewer, const std::string &to) {
-  openPath(viewer, kNames[static_cast<size_t>(std::atoi(to.c_str())) % kNames.size()]);
+  openPath(viewer, kNames[static_cast<size_t>(std::stoi(to)) % kNames.size()]);
 }
-void press(ViewerState &viewer, const std::string &to) { pressKey(viewer, {.code = std::atoi(to.c_str())}); }
+void press(ViewerState &viewer, const std::string &to) { pressKey(viewer, {.code = std::stoi(to)}); }
 void look(ViewerState &, const std::string &) {}
 
 using Action = void (*)(ViewerState &viewer, const std::string &to);

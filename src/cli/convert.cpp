@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <atomic>
-#include <cstdio>
 #include <map>
 #include <memory>
 #include <thread>
@@ -109,7 +108,7 @@ void convertUntilDone(Conversion &conversion) {
       const std::string failure = convertFile(conversion.request, path, taken);
       if (failure.empty()) continue;
       conversion.allConverted = false;
-      std::fprintf(stderr, "%s\n", failure.c_str());
+      complain(failure);
     }
   }
 }

@@ -6,7 +6,6 @@
 #include "video/sound_track.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <limits>
 #include <memory>
 #include <vector>
@@ -78,7 +77,7 @@ bool writeFilm(const CliRequest &request, std::string (*write)(OpenedFile &file,
   CliOutput output;
   if (failure.empty()) failure = beginCliOutput(output, request.outPath);
   if (failure.empty()) failure = finishCliOutput(output, write(*file, output));
-  if (!failure.empty()) std::fprintf(stderr, "%s\n", failure.c_str());
+  if (!failure.empty()) complain(failure);
   return failure.empty();
 }
 

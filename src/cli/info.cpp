@@ -3,8 +3,6 @@
 #include "cli/opened_file.h"
 #include "formats/colour_count.h"
 
-#include <array>
-#include <cstdio>
 #include <string_view>
 
 namespace {
@@ -36,9 +34,8 @@ std::string quoted(std::string_view text) {
       json += '\\';
       json += first;
     } else if (static_cast<unsigned char>(first) < 0x20) {
-      std::array<char, 8> escape{};
-      std::snprintf(escape.data(), escape.size(), "\\u%04x", static_cast<unsigned>(first));
-      json += escape.data();
+      json += first < 0x10 ? "\\u000" : "\\u001";
+      json += "0123456789abcdef"[first & 15];
     } else {
       json += text.substr(0, length);
     }

@@ -4,6 +4,7 @@
 #include "cli/film.h"
 #include "cli/info.h"
 #include "cli/opened_file.h"
+#include "cli/output.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -35,14 +36,14 @@ bool printInfo(const CliRequest &request) {
       continue;
     }
     allShown = false;
-    std::fprintf(stderr, "%s\n", failure.c_str());
+    complain(failure);
   }
   return allShown;
 }
 
 // The program is written without exceptions: only what the library throws when memory is lacking can end here.
 [[noreturn]] void endForLackOfMemory() {
-  std::fputs("korilan-cli: there is not enough memory\n", stderr);
+  (void)std::fputs("korilan-cli: there is not enough memory\n", stderr);
   std::_Exit(kSomeNotShown);
 }
 
@@ -56,7 +57,7 @@ int main(int argumentCount, char **argumentTexts) {
   const std::vector<std::string> arguments(argumentTexts + std::min(argumentCount, 1), argumentTexts + argumentCount);
   CliRequest request;
   if (const std::string wrong = parseArguments(arguments, request); !wrong.empty()) {
-    std::fprintf(stderr, "korilan-cli: %s\n", wrong.c_str());
+    complain("korilan-cli: " + wrong);
     return kWrongUsage;
   }
 #ifdef _WIN32
@@ -64,14 +65,14 @@ int main(int argumentCount, char **argumentTexts) {
 #endif
   bool allShown = true;
   switch (request.command) {
-  case CliCommand::kHelp: std::fputs(kCliHelp, stdout); break;
+  case CliCommand::kHelp: std::printf("%s", kCliHelp); break;
   case CliCommand::kInfo: allShown = printInfo(request); break;
   case CliCommand::kConvert: allShown = convertFiles(request); break;
   case CliCommand::kVideo: allShown = writeVideo(request); break;
   case CliCommand::kSound: allShown = writeSound(request); break;
   }
   if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
-    std::fputs("korilan-cli: standard output could not be written\n", stderr);
+    complain("korilan-cli: standard output could not be written");
     allShown = false;
   }
   return allShown ? kAllShown : kSomeNotShown;

@@ -32,6 +32,10 @@ std::string finishCliOutput(const CliOutput &output, const std::string &failure)
   return failure.empty() ? endFailure : failure;
 }
 
+void complain(const std::string &line) {
+  (void)std::fputs((line + "\n").c_str(), stderr); // nobody is left to hear of a failure
+}
+
 bool sameFile(const std::string &left, const std::string &right) {
   const auto pathOf = [](const std::string &text) {
     return std::filesystem::path(std::u8string(text.begin(), text.end()));

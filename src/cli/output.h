@@ -21,5 +21,8 @@ std::string writeCliOutput(const CliOutput &output, std::span<const uint8_t> byt
 // Keeps what was written when `failure`, which is returned where it is not empty, says nothing.
 std::string finishCliOutput(const CliOutput &output, const std::string &failure);
 
+// A line on standard error.
+void complain(const std::string &line);
+
 // Whether both paths lead to one file, by whatever way.
 bool sameFile(const std::string &left, const std::string &right);

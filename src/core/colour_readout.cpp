@@ -1,9 +1,8 @@
 #include "core/colour_readout.h"
 
+#include "core/text.h"
 #include "screens/render_dispatch.h"
 
-#include <array>
-#include <cstdio>
 #include <optional>
 
 namespace {
@@ -43,9 +42,7 @@ void moveMouse(ViewerState &viewer, int32_t x, int32_t y) {
 
   std::string text = std::to_string(column) + ", " + std::to_string(line) + "   ";
   if (const auto entry = entryAt(viewer, pixel)) text += "color " + std::to_string(*entry) + "   ";
-  std::array<char, 8> digits{};
-  std::snprintf(digits.data(), digits.size(), "#%06X", static_cast<unsigned>(colour & 0xFFFFFF));
-  viewer.window.readout = {.text = text + digits.data(), .colour = colour};
+  viewer.window.readout = {.text = text + colourCode(colour), .colour = colour};
 }
 
 void leaveMouse(ViewerState &viewer) { viewer.window.readout = {}; }

@@ -29,9 +29,9 @@ std::string videoLines(const ViewerState &viewer) {
   const int32_t frames = eva ? viewer.evaPlayer.frameCount : viewer.vidPlayer.frameCount;
   const int rate = eva ? viewer.evaPlayer.framesPerSecond : viewer.vidPlayer.framesPerSecond;
   std::array<char, 32> seconds{};
-  std::snprintf(seconds.data(), seconds.size(), "%.1f seconds", static_cast<double>(frames) / std::max(1, rate));
-  const std::string sound =
-      eva ? grouped(int64_t{soundFormat(viewer).samplesPerFrame} * rate) + " Hz, 8 bits, mono" : "none";
+  (void)std::snprintf(seconds.data(), seconds.size(), "%.1f seconds", static_cast<double>(frames) / std::max(1, rate));
+  const auto samplesPerFrame = static_cast<int64_t>(soundFormat(viewer).samplesPerFrame);
+  const std::string sound = eva ? grouped(samplesPerFrame * rate) + " Hz, 8 bits, mono" : "none";
   return line("Frames", grouped(frames)) + line("Rate", std::to_string(rate) + " frames a second") +
          line("Length", seconds.data()) + line("Sound", sound);
 }

@@ -37,6 +37,12 @@ std::string grouped(int64_t count) {
   return digits;
 }
 
+std::string colourCode(uint32_t colour) {
+  std::string code = "#";
+  for (int shift = 20; shift >= 0; shift -= 4) code += "0123456789ABCDEF"[colour >> shift & 15];
+  return code;
+}
+
 std::string upperCased(std::string_view text) {
   std::string upper(text);
   for (char &byte : upper) {

@@ -18,5 +18,8 @@ std::string withLastLetters(std::string_view path, std::string_view letters);
 // A count as people read it: 27143 is "27,143".
 std::string grouped(int64_t count);
 
+// The colour 0x00RRGGBB as people write it: "#RRGGBB", in capital digits; higher bits do not count.
+std::string colourCode(uint32_t colour);
+
 // A to Z for a to z; other characters stay.
 std::string upperCased(std::string_view text);

@@ -13,7 +13,7 @@
 #include <vector>
 
 // Bytes of `vram` and of `packedData`; video memory of the machines holds 128 KB, the V9990 512 KB.
-inline constexpr size_t kVideoMemoryBytes = 1024 * 1024;
+inline constexpr size_t kVideoMemoryBytes = size_t{1024} * 1024;
 
 inline constexpr size_t kPaletteEntries = 256;
 

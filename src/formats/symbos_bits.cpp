@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr std::array<uint8_t, 256> kPairedBits = [] {
+constexpr std::array<uint8_t, 256> kPairedBits = []() {
   constexpr std::array<int, 8> kTargets = {1, 3, 5, 7, 0, 2, 4, 6}; // of bits 0 to 7
   std::array<uint8_t, 256> table{};
   for (size_t byte = 0; byte < table.size(); ++byte) {

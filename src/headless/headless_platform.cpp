@@ -54,7 +54,7 @@ std::string askOpenFileName(void *context, const std::string &filter, const std:
   HeadlessPlatform &headless = platformOf(context);
   log(context, "askOpenFileName " + filter.substr(0, filter.find('\0')) + " in " + initialDirectory);
   if (headless.chosenFiles.empty()) return "";
-  const std::string chosen = std::move(headless.chosenFiles.front());
+  std::string chosen = std::move(headless.chosenFiles.front());
   headless.chosenFiles.pop_front();
   return chosen;
 }

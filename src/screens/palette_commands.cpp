@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr size_t kPaletteFileBytes = kShortPaletteEntries * 2;
+constexpr size_t kPaletteFileBytes = size_t{2} * kShortPaletteEntries;
 constexpr uint32_t kAllBits = 0xFFFFFF;
 
 using PaletteFile = std::array<uint8_t, kPaletteFileBytes>;

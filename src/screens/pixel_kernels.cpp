@@ -21,7 +21,7 @@ constexpr int32_t kMostLevel = 31;
 constexpr int32_t kLevelStep = 8;
 
 // Red and green end at 252, blue at 255: intended.
-constexpr std::array<uint32_t, 256> kGrb332Colours = [] {
+constexpr std::array<uint32_t, 256> kGrb332Colours = []() {
   std::array<uint32_t, 256> colours{};
   for (uint32_t byte = 0; byte < colours.size(); ++byte) {
     colours[byte] = packColour((byte & 0x1C) * 9, (byte & 0xE0) * 9 / 8, (byte & 0x03) * 85);

@@ -35,7 +35,7 @@ int runMessageLoop(MainWindow &main) {
 }
 
 // Given back when memory runs out, so that there is enough for the message.
-constexpr size_t kReservedBytes = 1024 * 1024;
+constexpr size_t kReservedBytes = size_t{1024} * 1024;
 void *reservedMemory = nullptr;
 
 // What has no other answer to lacking memory ends here, instead of in a fault.

@@ -35,6 +35,7 @@ void runPendingEvents(void *context) {
 uint32_t tickCount(void *) { return GetTickCount(); }
 
 void waitForEvents(void *, uint32_t milliseconds) {
+  // cppcheck-suppress nullPointer ; no handles, so none are pointed to
   MsgWaitForMultipleObjectsEx(0, nullptr, milliseconds, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
 }
 
@@ -72,6 +73,7 @@ bool offer(UINT format, std::span<const uint8_t> bytes) {
   const HGLOBAL memory = globalCopy(bytes);
   if (memory == nullptr) return false;
   if (SetClipboardData(format, memory) != nullptr) return true;
+  // cppcheck-suppress doubleFree ; refused memory is still the program's
   GlobalFree(memory);
   return false;
 }

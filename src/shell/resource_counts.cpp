@@ -13,7 +13,7 @@ void writeResourceCounts() {
   std::FILE *file = path != nullptr ? std::fopen(path, "wb") : nullptr;
   if (file == nullptr) return;
   const ResourceCounts &counts = resourceCounts();
-  std::fprintf(file, "files %d, bitmaps %d, fonts %d\n", counts.files.load(), counts.bitmaps.load(),
+  (void)std::fprintf(file, "files %d, bitmaps %d, fonts %d\n", counts.files.load(), counts.bitmaps.load(),
                counts.fonts.load());
-  std::fclose(file);
+  (void)std::fclose(file); // whoever reads it sees what is missing
 }

@@ -1,10 +1,8 @@
 #include "shell/swatches.h"
 
 #include "core/palette.h"
+#include "core/text.h"
 #include "shell/control_ids.h"
-
-#include <array>
-#include <cstdio>
 
 namespace {
 
@@ -35,9 +33,7 @@ void drawReadout(const DRAWITEMSTRUCT &item, const std::string &text) {
 } // namespace
 
 std::string swatchName(size_t index, uint32_t colour) {
-  std::array<char, 32> name{};
-  std::snprintf(name.data(), name.size(), "Color %d: #%06X", static_cast<int>(index), static_cast<unsigned>(colour));
-  return name.data();
+  return "Color " + std::to_string(index) + ": " + colourCode(colour);
 }
 
 void drawItem(const MainWindow &main, const DRAWITEMSTRUCT &item) {

@@ -60,8 +60,9 @@ std::vector<uint32_t> buttonImage(int side, bool (*inSign)(double, double), cons
     for (int x = 0; x < side; ++x) {
       int discPoints = 0, signPoints = 0;
       for (int point = 0; point < kGrid * kGrid; ++point) {
-        const double u = (x + (point % kGrid + 0.5) / kGrid) * 2 / side - 1;
-        const double v = (y + (point / kGrid + 0.5) / kGrid) * 2 / side - 1;
+        const int column = point % kGrid, row = point / kGrid;
+        const double u = (x + (column + 0.5) / kGrid) * 2 / side - 1;
+        const double v = (y + (row + 0.5) / kGrid) * 2 / side - 1;
         discPoints += inDisc(u, v) ? 1 : 0;
         signPoints += inSign(u, v) ? 1 : 0;
       }

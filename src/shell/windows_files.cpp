@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <atomic>
-#include <cstdio>
 #include <memory>
 
 namespace {
@@ -19,16 +18,16 @@ constexpr size_t kLargestTransfer = size_t{1} << 30;
 // UTF-8 as Windows writes it within. Bytes that are no UTF-8 name no file.
 std::wstring wide(const std::string &text) {
   const int bytes = static_cast<int>(text.size());
-  const int length = MultiByteToWideChar(CP_UTF8, 0, text.data(), bytes, nullptr, 0);
-  std::wstring wideText(static_cast<size_t>(length), L'\0');
-  MultiByteToWideChar(CP_UTF8, 0, text.data(), bytes, wideText.data(), length);
+  const int wideLength = MultiByteToWideChar(CP_UTF8, 0, text.data(), bytes, nullptr, 0);
+  std::wstring wideText(static_cast<size_t>(wideLength), L'\0');
+  MultiByteToWideChar(CP_UTF8, 0, text.data(), bytes, wideText.data(), wideLength);
   return wideText;
 }
 
 std::string narrow(const wchar_t *wideText) {
-  const int length = WideCharToMultiByte(CP_UTF8, 0, wideText, -1, nullptr, 0, nullptr, nullptr);
-  std::string text(static_cast<size_t>(length), '\0');
-  WideCharToMultiByte(CP_UTF8, 0, wideText, -1, text.data(), length, nullptr, nullptr);
+  const int bytes = WideCharToMultiByte(CP_UTF8, 0, wideText, -1, nullptr, 0, nullptr, nullptr);
+  std::string text(static_cast<size_t>(bytes), '\0');
+  WideCharToMultiByte(CP_UTF8, 0, wideText, -1, text.data(), bytes, nullptr, nullptr);
   text.resize(text.find('\0') == std::string::npos ? text.size() : text.find('\0'));
   return text;
 }
@@ -119,9 +118,7 @@ HANDLE createTemporary(const std::string &path, std::string &temporaryPath) {
   const size_t folderEnd = path.find_last_of("\\/:");
   const std::string folder = folderEnd == std::string::npos ? "" : path.substr(0, folderEnd + 1);
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
-    char name[32];
-    std::snprintf(name, sizeof name, "~%lx-%x.tmp", GetCurrentProcessId(), serial++);
-    temporaryPath = folder + name;
+    temporaryPath = folder + "~" + std::to_string(GetCurrentProcessId()) + "-" + std::to_string(serial++) + ".tmp";
     const HANDLE file =
         CreateFileW(wide(temporaryPath).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file != INVALID_HANDLE_VALUE || GetLastError() != ERROR_FILE_EXISTS) return file;

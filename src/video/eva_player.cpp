@@ -116,8 +116,8 @@ void decodeYjk(EvaPlayer &eva) {
   const uint32_t *chroma = eva.chromaTable.data();
   uint32_t *target = eva.framePixels.data();
   for (size_t group = 0; group < kFrameBytes / 4; ++group, bytes += 4, target += 4) {
-    const uint32_t k = chroma[bytes[0] * 256U + bytes[1]];
-    const uint32_t j = chroma[bytes[2] * 256U + bytes[3]];
+    const size_t k = chroma[bytes[0] * 256U + bytes[1]];
+    const size_t j = chroma[bytes[2] * 256U + bytes[3]];
     const uint32_t *colours = eva.yjkColourTable.data() + (k * kChromaLevels + j) * kLumaLevels;
     for (size_t i = 0; i < 4; ++i) target[i] = colours[luma[bytes[i]]];
   }

@@ -56,7 +56,7 @@ Rgb meanOf(const Samples &box) {
   std::int64_t count = 0;
   for (const Sample &sample : box) {
     for (std::size_t channel = 0; channel < 3; ++channel) {
-      sums[channel] += std::int64_t{sample.channels[channel]} * sample.count;
+      sums[channel] += static_cast<std::int64_t>(sample.channels[channel]) * sample.count;
     }
     count += sample.count;
   }
@@ -83,13 +83,15 @@ std::vector<Rgb> cutIntoBoxes(const Samples &histogram, std::size_t boxCount) {
     const int bound = channel == 0 ? mean.red : channel == 1 ? mean.green : mean.blue;
     Samples low, high;
     for (const Sample &sample : boxes[chosen]) {
-      (sample.channels[channel] <= bound ? low : high).push_back(sample);
+      Samples &half = sample.channels[channel] <= bound ? low : high;
+      half.push_back(sample);
     }
     if (low.empty() || high.empty()) break;
     boxes[chosen] = low;
     boxes.push_back(high);
   }
   std::vector<Rgb> means;
+  means.reserve(boxes.size());
   for (const Samples &box : boxes) means.push_back(meanOf(box));
   return means;
 }
@@ -189,6 +191,7 @@ IndexedPicture diffuseToColours(const TruePicture &picture, const std::vector<Rg
 
 IndexedPicture diffuseToPalette(const TruePicture &picture, const ColourWords &colours, int colourCount) {
   std::vector<Rgb> available;
+  available.reserve(static_cast<std::size_t>(colourCount));
   for (int i = 0; i < colourCount; ++i) {
     available.push_back(rgbOfWord(colours[static_cast<std::size_t>(i)]));
   }

@@ -93,7 +93,7 @@ double layeredNoise(double x, double y, int octaves, std::uint32_t seed) {
 }
 
 Rgb rgbOfColour(Colour colour) {
-  const auto channel = [](double value) { return static_cast<int>(std::clamp(value, 0.0, 1.0) * 255 + 0.5); };
+  const auto channel = [](double value) { return floorToInt(std::clamp(value, 0.0, 1.0) * 255 + 0.5); };
   return {channel(colour.red), channel(colour.green), channel(colour.blue)};
 }
 

@@ -29,8 +29,9 @@ FieldPart partBetween(const FieldPart &first, const FieldPart &last, double shar
 
 void paintBall(TruePicture &picture, double centreX, double centreY, double radius, double turn) {
   for (std::size_t i = 0; i < picture.pixels.size(); ++i) {
-    const double x = static_cast<int>(i) % picture.width + 0.5 - centreX;
-    const double y = static_cast<int>(i) / picture.width + 0.5 - centreY;
+    const int column = static_cast<int>(i) % picture.width, row = static_cast<int>(i) / picture.width;
+    const double x = column + 0.5 - centreX;
+    const double y = row + 0.5 - centreY;
     const double cover = std::clamp(radius + 0.5 - lengthOf(x, y), 0.0, 1.0);
     if (cover <= 0) continue;
     const int stripe = floorToInt(fractionOf(turnsOf(x, y) + turn) * 6);
