@@ -146,7 +146,7 @@ void leaveVideoMode(ViewerState &viewer) {
 void drawVideoFrame(ViewerState &viewer, std::span<const uint32_t> pixels, const FrameHeader &header) {
   const auto width = static_cast<size_t>(viewer.frameWidth);
   const auto height = static_cast<size_t>(viewer.frameHeight);
-  viewer.frameBits.assign(width * height, 0);
+  viewer.frameBits.resize(width * height); // all frames of a file reach the same pixels; the others stay black
   const auto rowPixels = static_cast<size_t>(std::max(0, header.width));
   const size_t rows = std::min(height, static_cast<size_t>(std::max(0, -header.height)));
   const size_t columns = std::min(width, rowPixels);
