@@ -1,7 +1,9 @@
 #include "cli/convert.h"
 
+#include "cli/interrupt.h"
 #include "cli/opened_file.h"
 #include "cli/output.h"
+#include "cli/progress.h"
 #include "core/bitmap_export.h"
 #include "core/buffers.h"
 #include "core/dispatch.h"
@@ -24,6 +26,7 @@ struct Conversion {
   const std::vector<NameGroup> groups;
   std::atomic<size_t> next{0};
   std::atomic<bool> allConverted{true};
+  Progress progress = {};
 };
 
 std::vector<uint8_t> encodePpm(std::span<const uint32_t> frameBits, int32_t width, int32_t height) {
@@ -105,10 +108,11 @@ void convertUntilDone(Conversion &conversion) {
   for (size_t i = conversion.next++; i < conversion.groups.size(); i = conversion.next++) {
     TakenNames taken;
     for (const std::string &path : conversion.groups[i]) {
+      if (interrupted()) return;
+      showProgress(conversion.progress, path);
       const std::string failure = convertFile(conversion.request, path, taken);
-      if (failure.empty()) continue;
-      conversion.allConverted = false;
-      complain(failure);
+      if (!failure.empty()) conversion.allConverted = false;
+      countProgress(conversion.progress, failure);
     }
   }
 }
@@ -118,10 +122,12 @@ void convertUntilDone(Conversion &conversion) {
 bool convertFiles(const CliRequest &request) {
   Conversion conversion{.request = request, .groups = groupByName(request)};
   const size_t cores = request.jobs != 0 ? request.jobs : std::max(1U, std::thread::hardware_concurrency());
+  beginProgress(conversion.progress, request.files.size());
   const size_t threadCount = std::min(cores, conversion.groups.size());
   std::vector<std::thread> helpers;
   for (size_t i = 1; i < threadCount; ++i) helpers.emplace_back([&conversion] { convertUntilDone(conversion); });
   convertUntilDone(conversion);
   for (std::thread &helper : helpers) helper.join();
+  endProgress(conversion.progress);
   return conversion.allConverted;
 }

@@ -3,6 +3,7 @@
 #include "cli/convert.h"
 #include "cli/film.h"
 #include "cli/info.h"
+#include "cli/interrupt.h"
 #include "cli/opened_file.h"
 #include "cli/output.h"
 
@@ -24,6 +25,7 @@ enum ExitStatus { kAllShown = 0, kSomeNotShown = 1, kWrongUsage = 2 };
 bool printInfo(const CliRequest &request) {
   bool allShown = true;
   for (const std::string &path : request.files) {
+    if (interrupted()) return false;
     const auto file = std::make_unique<OpenedFile>();
     openFile(*file, path);
     std::string failure = refusal(file->viewer);
@@ -63,6 +65,7 @@ int main(int argumentCount, char **argumentTexts) {
 #ifdef _WIN32
   for (std::string &path : request.files) std::replace(path.begin(), path.end(), '/', '\\');
 #endif
+  watchForInterrupt();
   bool allShown = true;
   switch (request.command) {
   case CliCommand::kHelp: std::printf("%s", kCliHelp); break;
@@ -75,5 +78,6 @@ int main(int argumentCount, char **argumentTexts) {
     complain("korilan-cli: standard output could not be written");
     allShown = false;
   }
+  if (interrupted()) return kInterruptedStatus;
   return allShown ? kAllShown : kSomeNotShown;
 }

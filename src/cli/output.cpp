@@ -1,5 +1,7 @@
 #include "cli/output.h"
 
+#include "cli/interrupt.h"
+
 #include <cstdio>
 #include <filesystem>
 #include <system_error>
@@ -13,6 +15,7 @@ std::string beginCliOutput(CliOutput &output, const std::string &path) {
 }
 
 std::string writeCliOutput(const CliOutput &output, std::span<const uint8_t> bytes) {
+  if (interrupted()) return output.path + ": stopped";
   if (output.handle != nullptr) {
     const std::string failure = systemFiles().write(output.handle, bytes);
     return failure.empty() ? "" : output.path + ": " + failure;

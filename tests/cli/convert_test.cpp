@@ -1,4 +1,5 @@
 #include "cli/convert.h"
+#include "cli/progress.h"
 #include "core/bitmap_export.h"
 #include "encoders.h"
 #include "screens/display_geometry.h"
@@ -108,6 +109,13 @@ TEST(CliConvert, WithoutMemoryForThePictureThereIsNoFile) {
     std::error_code error;
     std::filesystem::remove(folder.path + "big.bmp", error);
   }
+}
+
+TEST(CliConvert, ProgressFitsALine) {
+  EXPECT_EQ(progressLine(12, 100, "城/REEF.SC5"), "[12/100] REEF.SC5");
+  const std::string line = progressLine(3, 3, std::string(100, 'n') + ".SC5");
+  EXPECT_EQ(line, "[3/3] " + std::string(69, 'n') + ".SC5");
+  EXPECT_EQ(line.size(), 79U);
 }
 
 } // namespace

@@ -1,0 +1,25 @@
+#include "cli/interrupt.h"
+
+#include <atomic>
+#include <csignal>
+
+namespace {
+
+std::atomic<bool> noted{false};
+static_assert(std::atomic<bool>::is_always_lock_free); // so that a signal may set it
+
+void note(int signal) {
+  noted = true;
+  (void)std::signal(signal, SIG_DFL);
+}
+
+} // namespace
+
+void watchForInterrupt() {
+  for (const int signal : {SIGINT, SIGTERM}) {
+    // Whoever started the program may have had it ignore the signal.
+    if (std::signal(signal, note) == SIG_IGN) (void)std::signal(signal, SIG_IGN);
+  }
+}
+
+bool interrupted() { return noted; }

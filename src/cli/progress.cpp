@@ -1,0 +1,73 @@
+#include "cli/progress.h"
+
+#include "cli/output.h"
+#include "core/dispatch.h"
+#include "core/text.h"
+
+#include <algorithm>
+#include <cstdio>
+
+#ifdef _WIN32
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
+
+namespace {
+
+constexpr size_t kLineLetters = 79;
+
+bool isTerminal() {
+#ifdef _WIN32
+  return _isatty(_fileno(stderr)) != 0;
+#else
+  return isatty(STDERR_FILENO) != 0;
+#endif
+}
+
+// Over what stands there: blanks serve every terminal.
+void writeLine(Progress &progress, const std::string &line) {
+  const size_t letters = characterCount(line);
+  const std::string blanks(progress.width - std::min(progress.width, letters), ' ');
+  (void)std::fputs(("\r" + line + blanks).c_str(), stderr);
+  (void)std::fflush(stderr);
+  progress.width = letters;
+}
+
+void clearLine(Progress &progress) {
+  writeLine(progress, "");
+  (void)std::fputs("\r", stderr);
+}
+
+} // namespace
+
+std::string progressLine(size_t number, size_t files, const std::string &path) {
+  std::string line = "[" + std::to_string(number) + "/" + std::to_string(files) + "] ";
+  const std::string_view name = std::string_view(path).substr(path.find_last_of(kFolderSeparators) + 1);
+  line += lastCharacters(name, kLineLetters - std::min(line.size(), kLineLetters));
+  return line;
+}
+
+void beginProgress(Progress &progress, size_t files) {
+  progress.files = files;
+  progress.shown = files > 1 && isTerminal();
+}
+
+void showProgress(Progress &progress, const std::string &path) {
+  if (!progress.shown) return;
+  const std::scoped_lock lock(progress.mutex);
+  writeLine(progress, progressLine(progress.done + 1, progress.files, path));
+}
+
+void countProgress(Progress &progress, const std::string &complaint) {
+  const std::scoped_lock lock(progress.mutex);
+  ++progress.done;
+  if (complaint.empty()) return;
+  if (progress.shown) clearLine(progress);
+  complain(complaint);
+}
+
+void endProgress(Progress &progress) {
+  const std::scoped_lock lock(progress.mutex);
+  if (progress.shown) clearLine(progress);
+}
