@@ -141,10 +141,12 @@ void openG9bOfSide(benchmark::State &state) {
     sample.bytes.push_back(static_cast<uint8_t>(side));
     sample.bytes.push_back(static_cast<uint8_t>(side >> 8));
   }
+  sample.bytes.resize(16); // stored
   sample.bytes.resize(16 + side * side * 2, 0x35);
   BenchViewer bench;
   const std::string path = bench.put(sample);
   for (auto step : state) bench.open(path);
+  if (bench.viewer.frameBits.size() != side * side) state.SkipWithError("not opened");
   countBytes(state, side * side * sizeof(uint32_t));
 }
 

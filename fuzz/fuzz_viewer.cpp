@@ -13,6 +13,8 @@ FuzzViewer &freshViewer() {
   fuzz.viewer.vidPlayer.headerReady = kFalse;
   fuzz.viewer.evaPlayer.framesPerSecond = 0;
   fuzz.viewer.filePath.clear();
+  fuzz.viewer.frameBits = {};
+  fuzz.viewer.frameWidth = fuzz.viewer.frameHeight = 0;
   startViewer(fuzz.viewer, "");
   return fuzz;
 }

@@ -18,7 +18,9 @@ void scroll(ViewerState &viewer, const std::string &to) { HScroll1_Change(viewer
 void play(ViewerState &viewer, const std::string &) { Image1_Click(viewer); }
 void stop(ViewerState &viewer, const std::string &) { Image2_Click(viewer); }
 void close(ViewerState &viewer, const std::string &) { menuClose_Click(viewer); }
-void save(ViewerState &viewer, const std::string &) { menuSaveBMP_Click(viewer); }
+void save(ViewerState &viewer, const std::string &) {
+  if (viewer.window.menuSaveBMP.enabled) menuSaveBMP_Click(viewer);
+}
 void open(ViewerState &viewer, const std::string &to) {
   openPath(viewer, kNames[static_cast<size_t>(std::stoi(to)) % kNames.size()]);
 }
