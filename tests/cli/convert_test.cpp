@@ -1,6 +1,7 @@
 #include "cli/convert.h"
 #include "cli/progress.h"
 #include "core/bitmap_export.h"
+#include "core/dispatch.h"
 #include "encoders.h"
 #include "screens/display_geometry.h"
 #include "support/scarce_memory.h"
@@ -112,10 +113,14 @@ TEST(CliConvert, WithoutMemoryForThePictureThereIsNoFile) {
 }
 
 TEST(CliConvert, ProgressFitsALine) {
-  EXPECT_EQ(progressLine(12, 100, "城/REEF.SC5"), "[12/100] REEF.SC5");
-  const std::string line = progressLine(3, 3, std::string(100, 'n') + ".SC5");
-  EXPECT_EQ(line, "[3/3] " + std::string(69, 'n') + ".SC5");
+  EXPECT_EQ(progressLine(12, 100, std::string("城") + kFolderSeparators.back() + "REEF.SC5"), "[12/100] REEF.SC5");
+  std::string name(104, 'n');
+  std::string cut(73, 'n');
+  for (std::string *text : {&name, &cut}) text->replace(text->size() - 4, 4, ".SC5");
+  const std::string line = progressLine(3, 3, name);
   EXPECT_EQ(line.size(), 79U);
+  EXPECT_EQ(line.substr(0, 6), "[3/3] ");
+  EXPECT_EQ(line.substr(6), cut);
 }
 
 } // namespace
