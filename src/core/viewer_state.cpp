@@ -14,3 +14,7 @@ void stopPlayback(ViewerState &viewer) {
   viewer.evaPlayer.playing = kFalse;
   viewer.vidPlayer.playing = kFalse;
 }
+
+size_t pixelCountOf(const ViewerState &viewer) {
+  return static_cast<size_t>(viewer.imageWidth) * static_cast<size_t>(viewer.imageHeight);
+}

@@ -121,6 +121,9 @@ struct ViewerState {
   std::string pathRequested;
 };
 
+// Pixels of a picture of imageWidth x imageHeight, which are not negative.
+size_t pixelCountOf(const ViewerState &viewer);
+
 // The file that was last opened. `filePath` may since name one of an unknown kind.
 std::string openedPath(const ViewerState &viewer);
 

@@ -4,12 +4,6 @@
 
 namespace {
 
-constexpr size_t kGroupPixels = 4;
-
-size_t pixelCountOf(const ViewerState &viewer) {
-  return static_cast<size_t>(viewer.imageWidth) * static_cast<size_t>(viewer.imageHeight);
-}
-
 bool holdsPicture(const ViewerState &viewer) {
   if (viewer.imageWidth <= 0 || viewer.imageHeight <= 0 || viewer.vramPos < 0) return false;
   const size_t pixels = pixelCountOf(viewer);

@@ -25,7 +25,7 @@ template <size_t kPixels> std::array<ByteColours<kPixels>, 256> byteColourTable(
 
 bool holdsFrame(const ViewerState &viewer) {
   return viewer.imageWidth >= 0 && viewer.imageHeight >= 0 &&
-         viewer.frameBits.size() >= static_cast<size_t>(viewer.imageWidth) * static_cast<size_t>(viewer.imageHeight);
+         viewer.frameBits.size() >= pixelCountOf(viewer);
 }
 
 constexpr const char *kTiledExtension = ".SGX";
@@ -94,10 +94,6 @@ template <size_t kPixels> void renderStream(ViewerState &viewer) {
 
 template <size_t kPixels> bool streamFills(const ViewerState &viewer) {
   return !hasTiles(viewer) && static_cast<size_t>(viewer.imageWidth) % kPixels == 0 && holdsStream<kPixels>(viewer);
-}
-
-size_t pixelCountOf(const ViewerState &viewer) {
-  return static_cast<size_t>(viewer.imageWidth) * static_cast<size_t>(viewer.imageHeight);
 }
 
 template <size_t kPixels> bool linearFills(const ViewerState &viewer) {

@@ -16,18 +16,8 @@
 
 namespace {
 
-constexpr size_t kGroupPixels = 4;
 constexpr int32_t kMostLevel = 31;
 constexpr int32_t kLevelStep = 8;
-
-// Red and green end at 252, blue at 255: intended.
-constexpr std::array<uint32_t, 256> kGrb332Colours = []() {
-  std::array<uint32_t, 256> colours{};
-  for (uint32_t byte = 0; byte < colours.size(); ++byte) {
-    colours[byte] = packColour((byte & 0x1C) * 9, (byte & 0xE0) * 9 / 8, (byte & 0x03) * 85);
-  }
-  return colours;
-}();
 
 constexpr int32_t signedChroma(uint8_t low, uint8_t high) {
   const int32_t value = (low & 7) | (high & 7) << 3;
@@ -115,6 +105,15 @@ void drawPattern(const uint8_t *bits, const uint8_t *colours, const uint32_t *pa
 }
 
 } // namespace
+
+// Red and green end at 252, blue at 255: intended.
+constexpr std::array<uint32_t, 256> kGrb332Colours = []() {
+  std::array<uint32_t, 256> colours{};
+  for (uint32_t byte = 0; byte < colours.size(); ++byte) {
+    colours[byte] = packColour((byte & 0x1C) * 9, (byte & 0xE0) * 9 / 8, (byte & 0x03) * 85);
+  }
+  return colours;
+}();
 
 const PixelKernels &plainPixelKernels() {
   static constexpr PixelKernels kKernels{.nibbles = drawPacked<2>,

@@ -1,10 +1,15 @@
 // The inner loops of the renderers: from bytes to colour words, many at once where the processor can.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 
 inline constexpr size_t kPatternSide = 8; // pixels and lines, and bytes of a pattern
+inline constexpr size_t kGroupPixels = 4; // with a common hue
+
+// The colours of the fixed 256-colour mode by their bytes: green in bits 7-5, red in bits 4-2, blue in bits 1-0.
+extern const std::array<uint32_t, 256> kGrb332Colours;
 
 // Each procedure writes its pixels to `target`, one after another. `palette` has 16 words.
 struct PixelKernels {
@@ -14,11 +19,11 @@ struct PixelKernels {
   // Four entries a byte; only the first four words of the palette are used.
   void (*crumbs)(const uint8_t *source, size_t bytes, const uint32_t *palette, uint32_t *target);
 
-  // Green in bits 7-5, red in bits 4-2, blue in bits 1-0.
+  // Through kGrb332Colours.
   void (*grb332)(const uint8_t *source, size_t bytes, uint32_t *target);
 
-  // Groups of four bytes with a common hue, as in byte_pixels.cpp. In the last kind a byte with bit 3 set is an entry
-  // in its high bits.
+  // Groups of four bytes with a common hue, as drawn in pixel_kernels.cpp. In the last kind a byte with bit 3 set is an
+  // entry in its high bits.
   void (*yjk)(const uint8_t *source, size_t groups, uint32_t *target);
   void (*yuv)(const uint8_t *source, size_t groups, uint32_t *target);
   void (*yae)(const uint8_t *source, size_t groups, const uint32_t *palette, uint32_t *target);

@@ -15,7 +15,6 @@
 namespace {
 
 constexpr size_t kBlock = 32; // pixels
-constexpr size_t kGroupPixels = 4;
 
 // Channels of 32 pixels, 0 to 15 in the low half.
 struct Channels {
@@ -104,16 +103,15 @@ KORILAN_WIDE void drawCrumbs(const uint8_t *source, size_t bytes, const uint32_t
 }
 
 KORILAN_WIDE void drawGrb332(const uint8_t *source, size_t bytes, uint32_t *target) {
-  const __m256i eightLevels = _mm256_broadcastsi128_si256(
-      _mm_setr_epi8(0, 36, 72, 108, static_cast<char>(144), static_cast<char>(180), static_cast<char>(216),
-                    static_cast<char>(252), 0, 0, 0, 0, 0, 0, 0, 0));
-  const __m256i fourLevels = _mm256_broadcastsi128_si256(_mm_setr_epi8(
-      0, 85, static_cast<char>(170), static_cast<char>(255), 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0));
+  // What each field of a byte adds, as a palette of its own; the words of the other fields' zeros are black.
+  std::array<uint32_t, 16> ofField{};
+  for (size_t i = 0; i < 8; ++i) ofField[i] = kGrb332Colours[i << 5] | kGrb332Colours[i << 2] | kGrb332Colours[i & 3];
+  const Channels levels = PaletteChannels(ofField.data()).tables;
   for (; bytes >= kBlock; bytes -= kBlock, source += kBlock, target += kBlock) {
     const __m256i pixels = _mm256_loadu_si256(reinterpret_cast<const __m256i *>(source));
-    store(target, {.blue = _mm256_shuffle_epi8(fourLevels, field<0>(pixels, 3)),
-                   .green = _mm256_shuffle_epi8(eightLevels, field<5>(pixels, 7)),
-                   .red = _mm256_shuffle_epi8(eightLevels, field<2>(pixels, 7)),
+    store(target, {.blue = _mm256_shuffle_epi8(levels.blue, field<0>(pixels, 3)),
+                   .green = _mm256_shuffle_epi8(levels.green, field<5>(pixels, 7)),
+                   .red = _mm256_shuffle_epi8(levels.red, field<2>(pixels, 7)),
                    .top = _mm256_setzero_si256()});
   }
   if (bytes > 0) plainPixelKernels().grb332(source, bytes, target);

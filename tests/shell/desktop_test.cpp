@@ -1,6 +1,5 @@
-// Keys, dialogs, preferences, clipboard and mouse of Korilan.exe, driven as a user does.
+// Keys, dialogs, preferences and palettes of Korilan.exe, driven as a user does.
 #include "core/bitmap_export.h"
-#include "core/colour_readout.h"
 #include "core/commands.h"
 #include "core/help_text.h"
 #include "core/image_info.h"
@@ -21,10 +20,6 @@
 #include <filesystem>
 
 namespace {
-
-bool menusHold(const DrivenWindow &driven, const char *line) {
-  return waitUntil([&] { return menusOf(driven).find(line) != std::string::npos; });
-}
 
 std::filesystem::path fileIn(const TemporaryFolder &folder, const std::string &name) {
   return std::filesystem::path(folder.path) / std::u8string(name.begin(), name.end());
@@ -199,14 +194,6 @@ void expectSwatches(const DrivenWindow &driven, const WindowModel &model) {
       return picture.pixels[static_cast<size_t>(picture.width) + 1];
     };
     EXPECT_TRUE(waitUntil([&] { return shown() == swatch.background; })) << name.data() << " is " << shown();
-  }
-}
-
-// Runs the same command in the window and in the core.
-void chooseInBoth(const DrivenWindow &driven, ViewerState &viewer, const char *caption) {
-  choose(driven, caption);
-  for (size_t row = 0; row < kMenuRows.size(); ++row) {
-    if (kMenuRows[row].caption != nullptr && plainCaption(kMenuRows[row].caption) == caption) runMenuRow(viewer, row);
   }
 }
 
@@ -425,100 +412,6 @@ TEST(Desktop, InfoHelpAndAboutShowTheirTexts) {
   EXPECT_TRUE(leaveDialog(help, IDCANCEL));
   choose(driven, "About");
   EXPECT_TRUE(answerMessage(driven, "About Korilan").starts_with("Korilan "));
-}
-
-TEST(Desktop, ZoomAndAspectChangeTheShownSize) {
-  const TemporaryFolder folder("shell_zoom");
-  const DrivenWindow driven("");
-  for (const char *name : {"REEF.SC5", "CASTLE.SC7", "FOLDER.SGX", "CASTLE.G9B"}) {
-    SampleFile picture(folder, sampleNamed(name));
-    choose(driven, "Close");
-    dropFile(driven, picture.path);
-    expectTexts(driven, picture.model);
-    for (const char *step : {"Zoom", "1:2 Aspect  Ratio", "Zoom", "1:2 Aspect  Ratio"}) {
-      SCOPED_TRACE(std::string(name) + ": " + step);
-      chooseInBoth(driven, picture.viewer, step);
-      expectPicture(driven, picture.viewer);
-      const bool zoomed = picture.model.menuZoom.checked;
-      const bool high = picture.model.menuDoubleHeight.checked;
-      EXPECT_TRUE(menusHold(driven, zoomed ? "View/Zoom Ctrl+Z checked\n" : "View/Zoom Ctrl+Z\n"));
-      EXPECT_TRUE(menusHold(driven, high ? "Ratio Ctrl+A checked\n" : "Ratio Ctrl+A\n"));
-    }
-  }
-}
-
-// Puts the mouse onto that pixel of the picture area.
-void pointAt(const DrivenWindow &driven, POINT place) {
-  ClientToScreen(GetDlgItem(driven.window, kMainViewId), &place);
-  SetCursorPos(place.x, place.y);
-}
-
-TEST(Desktop, ReadOutFollowsTheMouse) {
-  const TemporaryFolder folder("shell_mouse");
-  SampleFile picture(folder, sampleNamed("FISH.GL5"));
-  const DrivenWindow driven(picture.path);
-  struct Row {
-    POINT place;
-    bool onPicture;
-  };
-  const std::array<Row, 6> rows{{{{0, 0}, true},
-                                 {{201, 153}, true},
-                                 {{202, 100}, false},
-                                 {{57, 91}, true},
-                                 {{100, 154}, false},
-                                 {{58, 91}, true}}};
-  const auto shows = [&](const std::string &text) {
-    return waitUntil([&] { return textOf(driven, kReadoutId) == text; });
-  };
-  for (const Row &row : rows) {
-    SCOPED_TRACE(std::to_string(row.place.x) + ", " + std::to_string(row.place.y));
-    pointAt(driven, row.place);
-    moveMouse(picture.viewer, row.place.x, row.place.y);
-    EXPECT_NE(picture.model.readout.text.empty(), row.onPicture);
-    // A busy system may lose a movement: the mouse comes again, by way of the pixel beside.
-    const auto followed = [&] {
-      if (textOf(driven, kReadoutId) == picture.model.readout.text) return true;
-      pointAt(driven, {row.place.x + 1, row.place.y});
-      pointAt(driven, row.place);
-      return false;
-    };
-    EXPECT_TRUE(waitUntil(followed)) << textOf(driven, kReadoutId);
-    if (!row.onPicture) continue;
-    const auto swatch = [&] {
-      const ScreenPicture shown = screenPicture(GetDlgItem(driven.window, kReadoutSwatchId));
-      return shown.pixels[static_cast<size_t>(shown.width) + 1];
-    };
-    EXPECT_TRUE(waitUntil([&] { return swatch() == picture.model.readout.colour; })) << swatch();
-  }
-  SetCursorPos(1, 1);
-  EXPECT_TRUE(shows("")) << textOf(driven, kReadoutId);
-}
-
-TEST(Desktop, APictureLargerThanTheScreenScrolls) {
-  const TemporaryFolder folder("shell_scroll");
-  SampleFile picture(folder, sampleNamed("PLASMA.HAM"));
-  const DrivenWindow driven(picture.path);
-  expectPicture(driven, picture.viewer);
-  const HWND view = GetDlgItem(driven.window, kMainViewId);
-  EXPECT_EQ(GetWindowLongA(view, GWL_STYLE) & (WS_VSCROLL | WS_HSCROLL), 0);
-  chooseInBoth(driven, picture.viewer, "1:2 Aspect  Ratio"); // 960 lines and the labels
-  EXPECT_TRUE(waitUntil([&] { return (GetWindowLongA(view, GWL_STYLE) & WS_VSCROLL) != 0; }));
-  RECT place{};
-  RECT work{};
-  GetWindowRect(driven.window, &place);
-  SystemParametersInfoA(SPI_GETWORKAREA, 0, &work, 0);
-  EXPECT_TRUE(place.left >= work.left && place.top >= work.top && place.right <= work.right &&
-              place.bottom <= work.bottom)
-      << place.left << " " << place.top << " " << place.right << " " << place.bottom;
-  EXPECT_TRUE(waitUntil([&] { return shownPicture(driven).width == 512; })); // room for the bar beside it
-  EXPECT_TRUE(waitUntil([&] { return showsPicture(driven, picture.viewer); }));
-  typeKey(driven, VK_DOWN);
-  EXPECT_TRUE(waitUntil([&] { return showsPicture(driven, picture.viewer, 32); }));
-  pointAt(driven, {10, 20});
-  moveMouse(picture.viewer, 10, 20 + 32);
-  EXPECT_TRUE(waitUntil([&] { return textOf(driven, kReadoutId) == picture.model.readout.text; }));
-  typeKey(driven, VK_UP);
-  EXPECT_TRUE(waitUntil([&] { return showsPicture(driven, picture.viewer); }));
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "shell/shown_sample.h"
 
+#include "core/menus.h"
 #include "screens/display_geometry.h"
 #include "shell/control_ids.h"
 
@@ -70,4 +71,15 @@ void expectPicture(const DrivenWindow &driven, const ViewerState &viewer) {
     return shown.width >= stretch.targetWidth && shown.height >= stretch.targetHeight && showsPicture(driven, viewer);
   };
   EXPECT_TRUE(waitUntil(standsOnScreen)) << viewer.filePath;
+}
+
+bool menusHold(const DrivenWindow &driven, const char *line) {
+  return waitUntil([&] { return menusOf(driven).find(line) != std::string::npos; });
+}
+
+void chooseInBoth(const DrivenWindow &driven, ViewerState &viewer, const char *caption) {
+  choose(driven, caption);
+  for (size_t row = 0; row < kMenuRows.size(); ++row) {
+    if (kMenuRows[row].caption != nullptr && plainCaption(kMenuRows[row].caption) == caption) runMenuRow(viewer, row);
+  }
 }

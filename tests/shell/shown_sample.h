@@ -33,3 +33,9 @@ bool showsPicture(const DrivenWindow &driven, const ViewerState &viewer, int64_t
 
 // The picture area has its size, and the whole stretched picture stands in its top left corner.
 void expectPicture(const DrivenWindow &driven, const ViewerState &viewer);
+
+// Whether the menus come to hold that line.
+bool menusHold(const DrivenWindow &driven, const char *line);
+
+// Runs the same command in the window and in the core.
+void chooseInBoth(const DrivenWindow &driven, ViewerState &viewer, const char *caption);
