@@ -5,7 +5,6 @@
 #include "screens/render_dispatch.h"
 
 #include <algorithm>
-#include <cstring>
 #include <string>
 
 namespace {
@@ -32,16 +31,11 @@ const char *colourText(const ViewerState &viewer) {
   }
 }
 
-void clearUsed(std::vector<uint8_t> &buffer, size_t from, size_t used) {
-  const size_t end = std::min(used, buffer.size());
-  if (from < end) std::memset(buffer.data() + from, 0, end - from);
-}
-
-// Fills the buffer with what the file gives, and with zeros behind it.
-void readOver(const ViewerState &viewer, int32_t position, std::vector<uint8_t> &buffer, size_t &used) {
-  const size_t given = readAvailableBytes(viewer.inputFile, position, buffer);
-  clearUsed(buffer, given, used);
-  used = given;
+// Reads what the file gives and returns how many bytes these are.
+size_t readInto(const ViewerState &viewer, int32_t position, VideoMemory &memory) {
+  const size_t given = readAvailableBytes(viewer.inputFile, position, memory);
+  memory.use(given);
+  return given;
 }
 
 } // namespace
@@ -66,36 +60,31 @@ bool pictureFits(int64_t width, int64_t height) { return width <= 0 || height <=
 void loadVram(ViewerState &viewer, int32_t position, size_t pictureBytes) {
   viewer.window.Label4 = "Loading...";
   viewer.vram.resize(std::max(kVideoMemoryBytes, pictureBytes));
-  readOver(viewer, position, viewer.vram, viewer.vramUsed);
+  viewer.vram.clearFrom(readInto(viewer, position, viewer.vram));
 }
 
 void overlayVram(ViewerState &viewer, int32_t position) {
   viewer.window.Label4 = "Loading...";
   viewer.vram.resize(kVideoMemoryBytes);
-  const size_t given = readAvailableBytes(viewer.inputFile, position, viewer.vram);
-  viewer.vramUsed = std::max(viewer.vramUsed, given);
+  readInto(viewer, position, viewer.vram);
 }
 
 void clearVram(ViewerState &viewer, size_t pictureBytes) {
   viewer.vram.resize(std::max(kVideoMemoryBytes, pictureBytes));
-  clearUsed(viewer.vram, 0, viewer.vramUsed);
-  viewer.vramUsed = viewer.vram.size();
+  viewer.vram.clearFrom(0);
 }
 
 void clearMemory(ViewerState &viewer) {
-  clearUsed(viewer.vram, 0, viewer.vramUsed);
-  clearUsed(viewer.packedData, 0, viewer.packedDataUsed);
-  viewer.vramUsed = viewer.packedDataUsed = 0;
-  viewer.vram.resize(kVideoMemoryBytes);
-  viewer.packedData.resize(kVideoMemoryBytes);
+  for (VideoMemory *memory : {&viewer.vram, &viewer.packedData}) {
+    memory->clearFrom(0);
+    memory->resize(kVideoMemoryBytes);
+  }
 }
-
-void useVram(ViewerState &viewer, size_t end) { viewer.vramUsed = std::max(viewer.vramUsed, end); }
 
 void loadPackedData(ViewerState &viewer, int32_t position, size_t mostBytes) {
   viewer.window.Label4 = "Loading...";
   viewer.packedData.resize(std::max(kVideoMemoryBytes, mostBytes));
-  readOver(viewer, position, viewer.packedData, viewer.packedDataUsed);
+  viewer.packedData.clearFrom(readInto(viewer, position, viewer.packedData));
   viewer.window.Label4 = "Depacking...";
 }
 

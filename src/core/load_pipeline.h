@@ -26,9 +26,6 @@ void clearVram(ViewerState &viewer, size_t pictureBytes = 0);
 // Video memory and packed body as in a new window.
 void clearMemory(ViewerState &viewer);
 
-// For those who write to `vram` themselves after loadVram(): it is in use up to `end`.
-void useVram(ViewerState &viewer, size_t end);
-
 // Shows "Loading...", reads the file from `position` (1-based) on into `packedData`, zero where the file ends, and
 // shows "Depacking...". `packedData` grows for a body of up to `mostBytes`.
 void loadPackedData(ViewerState &viewer, int32_t position, size_t mostBytes = 0);

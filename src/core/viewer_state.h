@@ -1,6 +1,7 @@
 // The one record of a window: the current file, its picture, and the window as data. There is no other mutable state.
 #pragma once
 
+#include "core/buffers.h"
 #include "core/input_file.h"
 #include "core/numbers.h"
 #include "core/platform_ops.h"
@@ -67,10 +68,8 @@ struct ViewerState {
   int32_t vramPos = 0;        // next byte of `vram` that a renderer reads
 
   // Video memory from address 0, and the packed body that it is unpacked from. Zero where no file has filled them.
-  std::vector<uint8_t> vram = std::vector<uint8_t>(kVideoMemoryBytes);
-  std::vector<uint8_t> packedData = std::vector<uint8_t>(kVideoMemoryBytes);
-  size_t vramUsed = 0; // from here on all of `vram` is zero, so that not all of it is cleared for each small file
-  size_t packedDataUsed = 0;
+  VideoMemory vram{kVideoMemoryBytes};
+  VideoMemory packedData{kVideoMemoryBytes};
 
   // Tiles of a SymbOS graphic in the order of the file; those from the 257th on overwrite the first.
   std::array<SymbosTile, 256> symbosTiles{};

@@ -76,5 +76,6 @@ void loadDdGraphCompressed(ViewerState &viewer) {
     if (lineDone) viewer.platform.runPendingEvents(viewer.platform.context);
   }
   std::copy(depacker->memory.begin() + kCmpOutput, depacker->memory.end(), viewer.vram.begin());
+  viewer.vram.use(kCmpMemoryBytes - kCmpOutput);
   renderAndShow(viewer);
 }

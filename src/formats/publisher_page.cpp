@@ -55,7 +55,7 @@ void loadPublisherPage(ViewerState &viewer) {
   if (viewer.preferences.Check5 != kTrue) viewer.window.menuDoubleHeight.checked = true;
   clearVram(viewer);
   loadPackedData(viewer, kPagePos);
-  depackPublisherPage(viewer.packedData, viewer.vram);
+  viewer.vram.use(depackPublisherPage(viewer.packedData, viewer.vram));
   renderAndShow(viewer);
 }
 

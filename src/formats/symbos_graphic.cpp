@@ -124,6 +124,7 @@ void readTiles(ViewerState &viewer, const SymbosVariant &variant) {
     const auto taken = static_cast<size_t>(std::min(tileBytes, room));
     readBytes(viewer.inputFile, position, std::span(viewer.vram).subspan(filled, taken));
     filled += taken;
+    viewer.vram.use(filled);
   });
   // Counted in a byte, less one.
   constexpr int64_t kCountRange = 256;

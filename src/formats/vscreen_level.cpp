@@ -109,7 +109,7 @@ void loadSpriteSet(ViewerState &viewer) {
   showPictureInfo(viewer);
   loadVram(viewer, 1);
   std::copy(colours.begin(), colours.end(), viewer.vram.begin() + kSpriteColours);
-  useVram(viewer, kSpriteColours + colours.size());
+  viewer.vram.use(kSpriteColours + colours.size());
   renderAndShow(viewer);
 }
 

@@ -62,7 +62,7 @@ void loadPacked(ViewerState &viewer, const BloadSettings &settings) {
   loadVram(viewer, kBodyPos);
   loadPackedData(viewer, kBodyPos);
   const int32_t pictureBytes = viewer.imageWidth * viewer.imageHeight / (8 / viewer.bitsPerPixel);
-  useVram(viewer, depackBload(viewer.packedData, viewer.vram, static_cast<size_t>(pictureBytes)));
+  viewer.vram.use(depackBload(viewer.packedData, viewer.vram, static_cast<size_t>(pictureBytes)));
   renderAndShow(viewer);
 }
 

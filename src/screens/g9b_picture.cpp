@@ -78,6 +78,7 @@ void DepackG9b(ViewerState &viewer) {
   for (int block = 0; block < blocks; ++block) {
     viewer.platform.runPendingEvents(viewer.platform.context);
     depackG9bBlock(depacker, viewer.packedData, viewer.vram);
+    viewer.vram.use(depacker.written);
   }
 }
 

@@ -70,9 +70,11 @@ bool renderPicture(ViewerState &viewer) {
   }
   viewer.frameWidth = width;
   viewer.frameHeight = height;
+  const size_t kept = std::min(viewer.frameBits.size(), pixels);
   viewer.frameBits.resize(pixels);
-  // Black where no rule writes a pixel.
-  if (!drawingFillsFrame(viewer)) std::fill(viewer.frameBits.begin(), viewer.frameBits.end(), 0);
+  releaseRoom(viewer.frameBits);
+  // Black where no rule writes a pixel; new pixels are.
+  if (!drawingFillsFrame(viewer)) std::fill_n(viewer.frameBits.begin(), kept, 0);
   drawFrame(viewer);
 
   WindowModel &window = viewer.window;

@@ -51,8 +51,8 @@ void expectEmptyWindow(const ViewerState &viewer) {
   EXPECT_EQ(viewer.paletteFilePos | viewer.vramPos, 0);
   EXPECT_EQ(viewer.evaPlayer.fileOpen | viewer.evaPlayer.playing, kFalse);
   EXPECT_EQ(viewer.vidPlayer.fileOpen | viewer.vidPlayer.playing, kFalse);
-  EXPECT_EQ(viewer.vram, Bytes(1024 * 1024));
-  EXPECT_EQ(viewer.packedData, Bytes(1024 * 1024));
+  EXPECT_EQ(bytesOf(viewer.vram), Bytes(1024 * 1024));
+  EXPECT_EQ(bytesOf(viewer.packedData), Bytes(1024 * 1024));
 }
 
 TEST(Dispatch, EveryKind) {

@@ -31,7 +31,7 @@ TEST(DdGraph, Screen) {
   EXPECT_EQ(window.viewer.paletteFilePos, 30344 + 32);
   EXPECT_EQ(window.viewer.frameBits[0], 0xFFFFFFu);
   EXPECT_EQ(window.viewer.frameBits[2], 0xFF0000u);
-  EXPECT_EQ(window.viewer.vram, withBytesAt(screen.body, window.viewer.vram.size() - 1, {0})); // zero behind
+  EXPECT_EQ(bytesOf(window.viewer.vram), withBytesAt(screen.body, window.viewer.vram.size() - 1, {0})); // zero behind
   for (const BloadBuilder &header :
        {BloadBuilder{.identifier = 0xFD, .endAddress = 0x769F}, BloadBuilder{.startAddress = 1, .endAddress = 0x769F},
         BloadBuilder{.endAddress = 0x769E}, BloadBuilder{.endAddress = 0x76A0}, BloadBuilder{.endAddress = 0x69FF},
@@ -95,7 +95,7 @@ TEST(DdGraph, CompressedPictureReplacesAllAndLetsTheWindowLive) {
   for (int i = 0; i < 99; ++i) window.platform.events.push_back({[](ViewerState &, const std::string &) {}, {}});
   window.open("x.CMP", {4, 8, 1, 0});
   EXPECT_EQ(window.platform.events.size(), 99u - 4 * 8 - 8 - 1); // a pass a byte, one a line, one to show
-  EXPECT_EQ(window.viewer.vram, Bytes(kVideoMemoryBytes));
+  EXPECT_EQ(bytesOf(window.viewer.vram), Bytes(kVideoMemoryBytes));
 }
 
 } // namespace

@@ -44,8 +44,8 @@ struct UsedViewer : TestViewer {
     viewer.imageWidth = viewer.imageHeight = 77;
     viewer.hasPalette = viewer.isPacked = viewer.spriteMode = kTrue;
     viewer.palette.fill(kUntouched);
-    viewer.vram.assign(viewer.vram.size(), 0x77);
-    viewer.vramUsed = viewer.vram.size();
+    std::fill(viewer.vram.begin(), viewer.vram.end(), 0x77);
+    viewer.vram.use(viewer.vram.size());
     viewer.window.Label4 = "before";
   }
 };
@@ -72,7 +72,7 @@ TEST(Bload, LoadedPicture) {
       EXPECT_EQ(viewer.window.Label4, "");
       EXPECT_TRUE(menuText(viewer.window).starts_with("Close Save Copy View ")) << menuText(viewer.window);
       EXPECT_NE(viewer.inputFile.handle, nullptr);
-      EXPECT_EQ(viewer.vram, withBytesAt(Bytes(file.begin() + 7, file.end()), 1024 * 1024 - 1, {0})); // zero behind
+      EXPECT_EQ(bytesOf(viewer.vram), withBytesAt(Bytes(file.begin() + 7, file.end()), 1024 * 1024 - 1, {0})); // zero behind
       EXPECT_EQ(viewer.palette[0], fromFile ? 0x496D24 : standard ? 0 : kUntouched);
       EXPECT_EQ(viewer.palette[1], fromFile ? 0xFFFFFF : standard ? 0x080808 : kUntouched);
       EXPECT_EQ(viewer.palette[viewer.colourCount], kUntouched);
@@ -127,10 +127,10 @@ TEST(Bload, EveryIdentifier) {
 TEST(Bload, LongAndShortFiles) {
   UsedViewer window;
   window.open("x.SC5", BloadBuilder{.body = Bytes(1024 * 1024 + 9, 0x11)}.build());
-  EXPECT_EQ(window.viewer.vram, Bytes(1024 * 1024, 0x11));
+  EXPECT_EQ(bytesOf(window.viewer.vram), Bytes(1024 * 1024, 0x11));
   window.open("x.SC5", {0xFE, 0x00, 0x00, 0xFF, 0x69}); // ends within the header: the missing word is 0
   EXPECT_EQ(window.viewer.window.Label4, "");
-  EXPECT_EQ(window.viewer.vram, Bytes(1024 * 1024));
+  EXPECT_EQ(bytesOf(window.viewer.vram), Bytes(1024 * 1024));
   EXPECT_EQ(window.viewer.frameBits, std::vector<uint32_t>(256 * 212, 0x000000));
 }
 

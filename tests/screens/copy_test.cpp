@@ -43,7 +43,7 @@ TEST(Copy, LoadedPicture) {
     EXPECT_EQ(viewer.palette[15], kind.hasPalette ? 0xFFFFFF : kOldColour);
     EXPECT_EQ(viewer.palette[16], kOldColour);
     EXPECT_EQ(viewer.window.Label4, "");
-    EXPECT_EQ(viewer.vram, withBytesAt(Bytes(viewer.vram.size(), kOldByte), 0, pixels)); // the rest as it was
+    EXPECT_EQ(bytesOf(viewer.vram), withBytesAt(Bytes(viewer.vram.size(), kOldByte), 0, pixels)); // the rest as it was
     if (kind.bitsPerPixel == 8) continue;
     const size_t bits = static_cast<size_t>(kind.bitsPerPixel);
     for (size_t n = 0; n < 72; ++n) { // lines run on within a byte

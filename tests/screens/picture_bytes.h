@@ -42,8 +42,8 @@ struct UsedViewer : TestViewer {
     viewer.imageWidth = viewer.imageHeight = kOldByte;
     viewer.hasPalette = viewer.isPacked = viewer.spriteMode = 1; // neither true nor false
     viewer.palette.fill(kOldColour);
-    viewer.vram.assign(viewer.vram.size(), kOldByte);
-    viewer.vramUsed = viewer.vram.size();
+    std::fill(viewer.vram.begin(), viewer.vram.end(), kOldByte);
+    viewer.vram.use(viewer.vram.size());
     viewer.window.Label3 = "old colors";
     viewer.window.Label4 = "old status";
   }

@@ -37,7 +37,7 @@ TEST(Renderers, DrawOnlyWhatVideoMemoryHolds) {
     SCOPED_TRACE(testing::Message() << bytes << " bytes from the read position " << fromReadPosition);
     for (const int32_t missing : {0, 1}) {
       ViewerState viewer = viewerOf(5, 3, {});
-      viewer.vram = Bytes(static_cast<size_t>(fromReadPosition ? 100 : bytes - missing));
+      viewer.vram.resize(static_cast<size_t>(fromReadPosition ? 100 : bytes - missing));
       if (fromReadPosition) viewer.vramPos = 100 - bytes + missing;
       render(viewer);
       EXPECT_EQ(viewer.frameBits[0] != kUntouched, missing == 0);

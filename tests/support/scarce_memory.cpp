@@ -8,6 +8,12 @@ namespace {
 
 thread_local int64_t blockCount = 0;
 
+// Whether this block is to be refused.
+bool refuses(size_t size) {
+  ScarceMemory &memory = scarceMemory();
+  return size > memory.beyond && ++memory.largeBlocks == memory.refusedBlock;
+}
+
 void give(void *block) {
   if (block != nullptr) --blockCount;
   std::free(block);
@@ -22,10 +28,19 @@ ScarceMemory &scarceMemory() {
   return memory;
 }
 
+// The linker leads every calloc() here.
+extern "C" {
+// NOLINTBEGIN(bugprone-reserved-identifier, cert-dcl37-c, cert-dcl51-cpp): the linker wants these names
+void *__real_calloc(size_t count, size_t size);
+void *__wrap_calloc(size_t count, size_t size) {
+  return refuses(count * size) ? nullptr : __real_calloc(count, size);
+}
+// NOLINTEND(bugprone-reserved-identifier, cert-dcl37-c, cert-dcl51-cpp)
+}
+
 void *operator new(size_t size) {
-  ScarceMemory &memory = scarceMemory();
-  const bool refused = size > memory.beyond && ++memory.largeBlocks == memory.refusedBlock;
-  void *block = refused ? nullptr : std::malloc(size > 0 ? size : 1);
+  const ScarceMemory &memory = scarceMemory();
+  void *block = refuses(size) ? nullptr : std::malloc(size > 0 ? size : 1);
   if (block == nullptr) throw std::bad_alloc();
   ++blockCount;
   if (memory.fill) std::memset(block, *memory.fill, size);

@@ -1,4 +1,4 @@
-// What `new` gives in the test program: large blocks can be refused, and fresh memory can be filled.
+// What `new` and calloc() give in the test program: large blocks can be refused, and fresh memory can be filled.
 #pragma once
 
 #include <cstddef>

@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+inline std::vector<uint8_t> bytesOf(const VideoMemory &memory) { return {memory.begin(), memory.end()}; }
+
 struct TestViewer {
   ViewerState viewer;
   HeadlessPlatform platform;
