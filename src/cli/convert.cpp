@@ -29,9 +29,16 @@ struct Conversion {
   Progress progress = {};
 };
 
-std::vector<uint8_t> encodePpm(std::span<const uint32_t> frameBits, int32_t width, int32_t height) {
+// What one thread needs; its memory serves for one file after another.
+struct Converter {
+  OpenedFile opened;
+  std::vector<uint8_t> picture; // as it is written
+};
+
+std::vector<uint8_t> encodePpm(std::span<const uint32_t> frameBits, int32_t width, int32_t height,
+                               std::vector<uint8_t> file) {
   const std::string header = "P6\n" + std::to_string(width) + " " + std::to_string(height) + "\n255\n";
-  std::vector<uint8_t> file(header.begin(), header.end());
+  file.assign(header.begin(), header.end());
   if (!provideRoom(file, file.size() + frameBits.size() * 3)) return {};
   for (const uint32_t word : frameBits) {
     for (const int shift : {16, 8, 0}) file.push_back(static_cast<uint8_t>(word >> shift));
@@ -39,12 +46,12 @@ std::vector<uint8_t> encodePpm(std::span<const uint32_t> frameBits, int32_t widt
   return file;
 }
 
-// Empty when memory is lacking.
-std::vector<uint8_t> encodePicture(const ViewerState &viewer, const CliRequest &request) {
+// Empty when memory is lacking. `file` brings room along.
+std::vector<uint8_t> encodePicture(const ViewerState &viewer, const CliRequest &request, std::vector<uint8_t> file) {
   const auto encode = request.format == ImageFormat::kPpm ? encodePpm : encodeBitmap;
-  if (!request.shown) return encode(viewer.frameBits, viewer.frameWidth, viewer.frameHeight);
+  if (!request.shown) return encode(viewer.frameBits, viewer.frameWidth, viewer.frameHeight, std::move(file));
   const Stretch &stretch = viewer.window.stretch;
-  return encode(stretchedPicture(viewer), stretch.targetWidth, stretch.targetHeight);
+  return encode(stretchedPicture(viewer), stretch.targetWidth, stretch.targetHeight, std::move(file));
 }
 
 std::string outputPath(const ViewerState &viewer, const CliRequest &request) {
@@ -76,41 +83,42 @@ using TakenNames = std::map<std::string, std::string>;
 
 // Writes the picture shown now, unless another file's picture already stands under its name. Returns what went wrong,
 // or an empty text.
-std::string writePicture(const ViewerState &viewer, const CliRequest &request, TakenNames &taken) {
+std::string writePicture(Converter &converter, const CliRequest &request, TakenNames &taken) {
+  const ViewerState &viewer = converter.opened.viewer;
   const std::string &path = viewer.filePath;
   const std::string target = outputPath(viewer, request);
   const auto &holder = taken.emplace(target, path).first->second;
   if (holder != path) return path + ": its picture would replace that of " + holder;
   if (target != kStandardOutput && sameFile(target, path)) return path + ": its picture would replace the file itself";
-  const std::vector<uint8_t> bytes = encodePicture(viewer, request);
-  if (bytes.empty()) return path + ": there is not enough memory";
+  converter.picture = encodePicture(viewer, request, std::move(converter.picture));
+  if (converter.picture.empty()) return path + ": there is not enough memory";
   CliOutput output;
   if (std::string failure = beginCliOutput(output, target); !failure.empty()) return failure;
-  return finishCliOutput(output, writeCliOutput(output, bytes));
+  return finishCliOutput(output, writeCliOutput(output, converter.picture));
 }
 
-std::string convertFile(const CliRequest &request, const std::string &path, TakenNames &taken) {
-  const auto file = std::make_unique<OpenedFile>();
-  openFile(*file, path);
-  const ViewerState &viewer = file->viewer;
+std::string convertFile(Converter &converter, const CliRequest &request, const std::string &path, TakenNames &taken) {
+  openFile(converter.opened, path);
+  const ViewerState &viewer = converter.opened.viewer;
   if (viewer.pictureShown != kTrue) return refusal(viewer);
   const int32_t first = request.allFrames ? 0 : request.frame;
   const int32_t behind = request.allFrames ? videoFrames(viewer) : first + 1;
   std::string failure;
   for (int32_t frame = first; frame < behind && failure.empty(); ++frame) {
-    failure = showFrame(*file, frame) ? writePicture(viewer, request, taken)
-                                      : path + ": has no frame " + std::to_string(frame);
+    failure = showFrame(converter.opened, frame) ? writePicture(converter, request, taken)
+                                                 : path + ": has no frame " + std::to_string(frame);
   }
   return failure;
 }
 
 void convertUntilDone(Conversion &conversion) {
+  const auto converter = std::make_unique<Converter>();
   for (size_t i = conversion.next++; i < conversion.groups.size(); i = conversion.next++) {
     TakenNames taken;
     for (const std::string &path : conversion.groups[i]) {
       if (interrupted()) return;
       showProgress(conversion.progress, path);
-      const std::string failure = convertFile(conversion.request, path, taken);
+      const std::string failure = convertFile(*converter, conversion.request, path, taken);
       if (!failure.empty()) conversion.allConverted = false;
       countProgress(conversion.progress, failure);
     }

@@ -2,9 +2,11 @@
 
 #include "core/commands.h"
 #include "core/file_kinds.h"
+#include "core/load_pipeline.h"
 #include "video/video_mode.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -15,6 +17,11 @@ const HeadlessPlatform &platformOf(const ViewerState &viewer) {
 } // namespace
 
 void openFile(OpenedFile &file, const std::string &path) {
+  ViewerState &old = file.viewer;
+  closeInputFile(old.inputFile);
+  clearMemory(old);
+  old = ViewerState(std::move(old.vram), std::move(old.packedData), std::move(old.frameBits));
+  file.platform = {};
   attachHeadless(file.viewer, file.platform);
   file.platform.keepsLog = false;
   startViewer(file.viewer, "");

@@ -16,7 +16,7 @@ struct OpenedFile {
   OpenedFile &operator=(const OpenedFile &) = delete;
 };
 
-// Starts `file` as an empty window and opens `path` in it.
+// Starts `file` as an empty window and opens `path` in it. What was open in it before is gone; its memory serves again.
 void openFile(OpenedFile &file, const std::string &path);
 
 // Frames of a video; 1 for a picture.

@@ -4,6 +4,7 @@
 #include "core/text.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -37,14 +38,14 @@ void putNumber(std::span<uint8_t> bytes, uint32_t number) {
 
 // `before` bytes of zero, then an information header of that length, then the rows. Empty when memory is lacking.
 std::vector<uint8_t> encodeBehind(size_t before, uint32_t headerBytes, std::span<const uint32_t> frameBits,
-                                  int32_t width, int32_t height) {
+                                  int32_t width, int32_t height, std::vector<uint8_t> file) {
   const auto columns = static_cast<size_t>(width);
   const auto lines = static_cast<size_t>(height);
   const auto rowBytes = static_cast<size_t>(RowBytes24(width));
-  std::vector<uint8_t> file;
-  if (!provideRoom(file, before + headerBytes + rowBytes * lines)) return file;
+  if (!provideRoom(file, before + headerBytes + rowBytes * lines)) return {};
   file.resize(before + headerBytes + rowBytes * lines);
 
+  std::fill_n(file.begin(), before + headerBytes, uint8_t{0});
   const auto header = std::span(file).subspan(before);
   putNumber(header.subspan(0, 4), headerBytes);
   putNumber(header.subspan(4, 4), static_cast<uint32_t>(width));
@@ -62,14 +63,16 @@ std::vector<uint8_t> encodeBehind(size_t before, uint32_t headerBytes, std::span
       target[2] = static_cast<uint8_t>(source[x] >> 16);
       target += kBytesPerPixel;
     }
+    std::fill(target, header.data() + headerBytes + (y + 1) * rowBytes, uint8_t{0});
   }
   return file;
 }
 
 } // namespace
 
-std::vector<uint8_t> encodeBitmap(std::span<const uint32_t> frameBits, int32_t width, int32_t height) {
-  auto file = encodeBehind(kBitmapFileHeaderBytes, kInformationHeaderBytes, frameBits, width, height);
+std::vector<uint8_t> encodeBitmap(std::span<const uint32_t> frameBits, int32_t width, int32_t height,
+                                  std::vector<uint8_t> file) {
+  file = encodeBehind(kBitmapFileHeaderBytes, kInformationHeaderBytes, frameBits, width, height, std::move(file));
   if (file.empty()) return file;
   const std::span<uint8_t> header(file);
   putNumber(header.subspan(0, 2), 'B' | 'M' << 8);
@@ -86,7 +89,7 @@ std::vector<uint8_t> encodeBitmapV5(std::span<const uint32_t> frameBits, int32_t
   constexpr size_t kIntentOffset = 108;
   constexpr uint32_t kIntentGraphics = 2;
 
-  auto bitmap = encodeBehind(0, kHeaderBytes, frameBits, width, height);
+  auto bitmap = encodeBehind(0, kHeaderBytes, frameBits, width, height, {});
   if (bitmap.empty()) return bitmap;
   const std::span<uint8_t> header(bitmap);
   putNumber(header.subspan(kColourSpaceOffset, 4), kColourSpaceSrgb);

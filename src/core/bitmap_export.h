@@ -15,8 +15,9 @@ inline constexpr size_t kBitmapFileHeaderBytes = 14;
 constexpr int32_t RowBytes24(int32_t width) { return width * 3 + width % 4; }
 
 // A 24-bit uncompressed bitmap file, bottom row first, of `width` x `height` words 0x00RRGGBB, top row first. Empty when
-// memory is lacking, as is the one below.
-std::vector<uint8_t> encodeBitmap(std::span<const uint32_t> frameBits, int32_t width, int32_t height);
+// memory is lacking, as is the one below. `file` may bring room along from a bitmap before.
+std::vector<uint8_t> encodeBitmap(std::span<const uint32_t> frameBits, int32_t width, int32_t height,
+                                  std::vector<uint8_t> file = {});
 
 // The same rows as a device-independent bitmap, without a file header and with the information header of version 5,
 // which says that the colours are sRGB.

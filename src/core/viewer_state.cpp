@@ -10,6 +10,11 @@ bool videoPlaying(const ViewerState &viewer) {
   return viewer.evaPlayer.playing == kTrue || viewer.vidPlayer.playing == kTrue;
 }
 
+ViewerState::ViewerState(VideoMemory &&oldVram, VideoMemory &&oldPackedData, std::vector<uint32_t> &&oldFrame)
+    : vram(std::move(oldVram)), packedData(std::move(oldPackedData)), frameBits(std::move(oldFrame)) {
+  frameBits.clear();
+}
+
 void stopPlayback(ViewerState &viewer) {
   viewer.evaPlayer.playing = kFalse;
   viewer.vidPlayer.playing = kFalse;

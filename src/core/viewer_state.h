@@ -46,6 +46,11 @@ struct HamPage {
 };
 
 struct ViewerState {
+  ViewerState() = default;
+
+  // Like a new one, in the memory of one that is gone. All of that memory is zero.
+  ViewerState(VideoMemory &&oldVram, VideoMemory &&oldPackedData, std::vector<uint32_t> &&oldFrame);
+
   // The current file. Texts are UTF-8.
   std::string filePath;
   std::string fileName;        // filePath without its folder

@@ -72,7 +72,8 @@ TEST(Bload, LoadedPicture) {
       EXPECT_EQ(viewer.window.Label4, "");
       EXPECT_TRUE(menuText(viewer.window).starts_with("Close Save Copy View ")) << menuText(viewer.window);
       EXPECT_NE(viewer.inputFile.handle, nullptr);
-      EXPECT_EQ(bytesOf(viewer.vram), withBytesAt(Bytes(file.begin() + 7, file.end()), 1024 * 1024 - 1, {0})); // zero behind
+      EXPECT_EQ(bytesOf(viewer.vram),
+                withBytesAt(Bytes(file.begin() + 7, file.end()), 1024 * 1024 - 1, {0})); // zero behind
       EXPECT_EQ(viewer.palette[0], fromFile ? 0x496D24 : standard ? 0 : kUntouched);
       EXPECT_EQ(viewer.palette[1], fromFile ? 0xFFFFFF : standard ? 0x080808 : kUntouched);
       EXPECT_EQ(viewer.palette[viewer.colourCount], kUntouched);

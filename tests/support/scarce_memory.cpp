@@ -32,9 +32,7 @@ ScarceMemory &scarceMemory() {
 extern "C" {
 // NOLINTBEGIN(bugprone-reserved-identifier, cert-dcl37-c, cert-dcl51-cpp): the linker wants these names
 void *__real_calloc(size_t count, size_t size);
-void *__wrap_calloc(size_t count, size_t size) {
-  return refuses(count * size) ? nullptr : __real_calloc(count, size);
-}
+void *__wrap_calloc(size_t count, size_t size) { return refuses(count * size) ? nullptr : __real_calloc(count, size); }
 // NOLINTEND(bugprone-reserved-identifier, cert-dcl37-c, cert-dcl51-cpp)
 }
 
