@@ -33,6 +33,16 @@ constexpr std::array<int, 8> kBitOrder = {3, 2, 1, 0, 7, 6, 5, 4};
 constexpr uint32_t kInk = 0x000000;
 constexpr uint32_t kPaper = 0xFFFFFF;
 
+// The pixels of a byte.
+using BytePixels = std::array<uint32_t, kBitOrder.size()>;
+constexpr std::array<BytePixels, 256> kPixels = []() {
+  std::array<BytePixels, 256> table{};
+  for (size_t byte = 0; byte < table.size(); ++byte) {
+    for (size_t x = 0; x < kBitOrder.size(); ++x) table[byte][x] = (byte >> kBitOrder[x] & 1) != 0 ? kInk : kPaper;
+  }
+  return table;
+}();
+
 } // namespace
 
 void loadPublisherPage(ViewerState &viewer) {
@@ -81,6 +91,7 @@ void renderPublisherPage(ViewerState &viewer) {
   const size_t bytes = std::min(kPageBytes, viewer.frameBits.size() / kBitOrder.size());
   uint32_t *target = viewer.frameBits.data();
   for (size_t n = 0; n < bytes; ++n) {
-    for (const int bit : kBitOrder) *target++ = (viewer.vram[n] >> bit & 1) != 0 ? kInk : kPaper;
+    const BytePixels &pixels = kPixels[viewer.vram[n]];
+    target = std::copy(pixels.begin(), pixels.end(), target);
   }
 }

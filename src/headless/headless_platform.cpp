@@ -20,6 +20,7 @@ void log(void *context, std::string line) {
 
 void runPendingEvents(void *context) {
   HeadlessPlatform &headless = platformOf(context);
+  if (!headless.keepsLog && headless.events.empty()) return;
   logOnce(headless, "runPendingEvents");
   if (headless.events.empty()) return;
   const HeadlessEvent event = std::move(headless.events.front());
