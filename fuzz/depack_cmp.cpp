@@ -6,8 +6,8 @@
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   static CmpDepacker depacker;
   startCmpDepacker(depacker, {data, size});
-  size_t bytes = 0;
-  while (depackCmpByte(depacker)) ++bytes;
-  if (bytes > kCmpMemoryBytes) std::abort();
+  size_t lines = 1;
+  while (depackCmpLine(depacker)) ++lines;
+  if (lines > 256 || depacker.output > kCmpMemoryBytes) std::abort();
   return 0;
 }

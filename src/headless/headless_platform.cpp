@@ -7,7 +7,7 @@ namespace {
 
 HeadlessPlatform &platformOf(void *context) { return *static_cast<HeadlessPlatform *>(context); }
 
-// Depackers make tens of thousands of event passes, videos show as many frames: one line stands for all in a row.
+// Depackers make hundreds of event passes, videos show as many frames: one line stands for all in a row.
 void logOnce(HeadlessPlatform &headless, std::string_view line) {
   if (!headless.keepsLog) return;
   if (headless.log.empty() || headless.log.back() != line) headless.log.emplace_back(line);

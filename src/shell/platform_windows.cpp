@@ -15,7 +15,7 @@ namespace {
 MainWindow &mainWindowOf(void *context) { return *static_cast<MainWindow *>(context); }
 
 void runPendingEvents(void *context) {
-  // A depacker asks after every byte; to look for events that often would take far longer than the depacking.
+  // A depacker asks after every line; to look for events that often would take far longer than the depacking.
   constexpr DWORD kLeastPauseMilliseconds = 5;
   MainWindow &main = mainWindowOf(context);
   const DWORD now = GetTickCount();

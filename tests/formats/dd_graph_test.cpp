@@ -94,7 +94,7 @@ TEST(DdGraph, CompressedPictureReplacesAllAndLetsTheWindowLive) {
   UsedViewer window;
   for (int i = 0; i < 99; ++i) window.platform.events.push_back({[](ViewerState &, const std::string &) {}, {}});
   window.open("x.CMP", {4, 8, 1, 0});
-  EXPECT_EQ(window.platform.events.size(), 99u - 4 * 8 - 8 - 1); // a pass a byte, one a line, one to show
+  EXPECT_EQ(window.platform.events.size(), 99u - 8 - 1); // a pass a line, one to show
   EXPECT_EQ(bytesOf(window.viewer.vram), Bytes(kVideoMemoryBytes));
 }
 
