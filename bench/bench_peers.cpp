@@ -112,8 +112,7 @@ void readByStb(benchmark::State &state, const SamplePicture &picture, const Byte
     int width = 0;
     int height = 0;
     int channels = 0;
-    stbi_uc *pixels =
-        stbi_load_from_memory(file.data(), static_cast<int>(file.size()), &width, &height, &channels, 4);
+    stbi_uc *pixels = stbi_load_from_memory(file.data(), static_cast<int>(file.size()), &width, &height, &channels, 4);
     if (pixels == nullptr) state.SkipWithError("not read");
     stbi_image_free(pixels);
   }

@@ -14,8 +14,8 @@ inline constexpr size_t kBitmapFileHeaderBytes = 14;
 // Bytes of a row of `width` 24-bit pixels, filled up to a multiple of 4; what is lacking is just width mod 4.
 constexpr int32_t RowBytes24(int32_t width) { return width * 3 + width % 4; }
 
-// A 24-bit uncompressed bitmap file, bottom row first, of `width` x `height` words 0x00RRGGBB, top row first. Empty when
-// memory is lacking, as is the one below. `file` may bring room along from a bitmap before.
+// A 24-bit uncompressed bitmap file, bottom row first, of `width` x `height` words 0x00RRGGBB, top row first. Empty
+// when memory is lacking, as is the one below. `file` may bring room along from a bitmap before.
 std::vector<uint8_t> encodeBitmap(std::span<const uint32_t> frameBits, int32_t width, int32_t height,
                                   std::vector<uint8_t> file = {});
 

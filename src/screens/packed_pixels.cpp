@@ -24,8 +24,7 @@ template <size_t kPixels> std::array<ByteColours<kPixels>, 256> byteColourTable(
 }
 
 bool holdsFrame(const ViewerState &viewer) {
-  return viewer.imageWidth >= 0 && viewer.imageHeight >= 0 &&
-         viewer.frameBits.size() >= pixelCountOf(viewer);
+  return viewer.imageWidth >= 0 && viewer.imageHeight >= 0 && viewer.frameBits.size() >= pixelCountOf(viewer);
 }
 
 constexpr const char *kTiledExtension = ".SGX";

@@ -82,8 +82,7 @@ void drawGrb332(const uint8_t *source, size_t bytes, uint32_t *target) {
   for (size_t n = 0; n < bytes; ++n) target[n] = kGrb332Colours[source[n]];
 }
 
-template <typename Pixel>
-void drawGroups(const uint8_t *source, size_t groups, const Pixel &pixel, uint32_t *target) {
+template <typename Pixel> void drawGroups(const uint8_t *source, size_t groups, const Pixel &pixel, uint32_t *target) {
   for (size_t g = 0; g < groups; ++g, source += kGroupPixels) {
     const GroupColour group = groupColour(source);
     for (size_t i = 0; i < kGroupPixels; ++i) *target++ = pixel(group, source[i]);

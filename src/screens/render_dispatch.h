@@ -7,8 +7,8 @@
 #include <vector>
 
 // Draws `vram` into `frameBits` by the picture's description, sets the state of View Palette, lets pending events run
-// once, and presents the picture. A depth that no renderer serves gives a black picture. Returns false, with the frame as
-// it was and the lack reported, when memory is lacking.
+// once, and presents the picture. A depth that no renderer serves gives a black picture. Returns false, with the frame
+// as it was and the lack reported, when memory is lacking.
 bool renderPicture(ViewerState &viewer);
 
 // Marks a word of renderEntries() that is a palette entry.

@@ -120,8 +120,8 @@ KORILAN_WIDE void drawGrb332(const uint8_t *source, size_t bytes, uint32_t *targ
 // Byte `kByte` of each group, for all its pixels.
 template <int kByte> KORILAN_WIDE inline __m256i ofEachGroup(__m256i bytes) {
   constexpr char b = kByte;
-  const __m128i from = _mm_setr_epi8(b, b, b, b, b + 4, b + 4, b + 4, b + 4, b + 8, b + 8, b + 8, b + 8, b + 12, b + 12,
-                                     b + 12, b + 12);
+  const __m128i from =
+      _mm_setr_epi8(b, b, b, b, b + 4, b + 4, b + 4, b + 4, b + 8, b + 8, b + 8, b + 8, b + 12, b + 12, b + 12, b + 12);
   return _mm256_shuffle_epi8(bytes, _mm256_broadcastsi128_si256(from));
 }
 
@@ -164,8 +164,7 @@ constexpr size_t kBlockGroups = kBlock / kGroupPixels;
 KORILAN_WIDE void drawYjk(const uint8_t *source, size_t groups, uint32_t *target) {
   for (; groups >= kBlockGroups; groups -= kBlockGroups, source += kBlock, target += kBlock) {
     const GroupLevels levels = groupLevels(_mm256_loadu_si256(reinterpret_cast<const __m256i *>(source)));
-    store(target,
-          {.blue = levels.third, .green = levels.withK, .red = levels.withJ, .top = _mm256_setzero_si256()});
+    store(target, {.blue = levels.third, .green = levels.withK, .red = levels.withJ, .top = _mm256_setzero_si256()});
   }
   plainPixelKernels().yjk(source, groups, target);
 }
@@ -173,8 +172,7 @@ KORILAN_WIDE void drawYjk(const uint8_t *source, size_t groups, uint32_t *target
 KORILAN_WIDE void drawYuv(const uint8_t *source, size_t groups, uint32_t *target) {
   for (; groups >= kBlockGroups; groups -= kBlockGroups, source += kBlock, target += kBlock) {
     const GroupLevels levels = groupLevels(_mm256_loadu_si256(reinterpret_cast<const __m256i *>(source)));
-    store(target,
-          {.blue = levels.withK, .green = levels.third, .red = levels.withJ, .top = _mm256_setzero_si256()});
+    store(target, {.blue = levels.withK, .green = levels.third, .red = levels.withJ, .top = _mm256_setzero_si256()});
   }
   plainPixelKernels().yuv(source, groups, target);
 }

@@ -14,6 +14,6 @@ void writeResourceCounts() {
   if (file == nullptr) return;
   const ResourceCounts &counts = resourceCounts();
   (void)std::fprintf(file, "files %d, bitmaps %d, fonts %d\n", counts.files.load(), counts.bitmaps.load(),
-               counts.fonts.load());
+                     counts.fonts.load());
   (void)std::fclose(file); // whoever reads it sees what is missing
 }

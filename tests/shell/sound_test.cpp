@@ -20,9 +20,9 @@ bool matches(double tone, double hertz) { return std::abs(tone - hertz) <= 0.03 
 bool playsWithSound(const DrivenWindow &driven) {
   const size_t before = recordedSamples();
   return startsRun(driven) && waitUntil([&] {
-    const std::vector<double> tones = recordedTones(before);
-    return playing(driven) && !tones.empty() && tones.back() > 0;
-  });
+           const std::vector<double> tones = recordedTones(before);
+           return playing(driven) && !tones.empty() && tones.back() > 0;
+         });
 }
 
 TEST(Sound, TheTonesOfTheFramesAreHeardOneAfterTheOther) {
