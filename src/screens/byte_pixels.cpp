@@ -41,7 +41,7 @@ void drawEntries(ViewerState &viewer) {
 
 void drawGrb332(ViewerState &viewer) {
   const size_t count = pixelCountOf(viewer);
-  pixelKernels().grb332(viewer.vram.data() + viewer.vramPos, count, viewer.frameBits.data());
+  pixelKernels().grb332(viewer.vram.data() + viewer.vramPos, count, kGrb332Colours.data(), viewer.frameBits.data());
   viewer.vramPos += static_cast<int32_t>(count);
 }
 

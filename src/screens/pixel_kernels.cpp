@@ -78,8 +78,8 @@ void drawPacked(const uint8_t *source, size_t bytes, const uint32_t *palette, ui
   for (size_t n = 0; n < bytes; ++n, target += kPixels) std::memcpy(target, table[source[n]].data(), sizeof table[0]);
 }
 
-void drawGrb332(const uint8_t *source, size_t bytes, uint32_t *target) {
-  for (size_t n = 0; n < bytes; ++n) target[n] = kGrb332Colours[source[n]];
+void drawGrb332(const uint8_t *source, size_t bytes, const uint32_t *colours, uint32_t *target) {
+  for (size_t n = 0; n < bytes; ++n) target[n] = colours[source[n]];
 }
 
 template <typename Pixel> void drawGroups(const uint8_t *source, size_t groups, const Pixel &pixel, uint32_t *target) {
@@ -121,7 +121,8 @@ const PixelKernels &plainPixelKernels() {
                                          .yjk = drawYjk,
                                          .yuv = drawYuv,
                                          .yae = drawYae,
-                                         .pattern = drawPattern};
+                                         .pattern = drawPattern,
+                                         .wholeYjk = nullptr};
   return kKernels;
 }
 

@@ -8,7 +8,7 @@
 inline constexpr size_t kPatternSide = 8; // pixels and lines, and bytes of a pattern
 inline constexpr size_t kGroupPixels = 4; // with a common hue
 
-// The colours of the fixed 256-colour mode by their bytes: green in bits 7-5, red in bits 4-2, blue in bits 1-0.
+// The colours of the fixed 256-colour mode by their bytes.
 extern const std::array<uint32_t, 256> kGrb332Colours;
 
 // Each procedure writes its pixels to `target`, one after another. `palette` has 16 words.
@@ -19,8 +19,8 @@ struct PixelKernels {
   // Four entries a byte; only the first four words of the palette are used.
   void (*crumbs)(const uint8_t *source, size_t bytes, const uint32_t *palette, uint32_t *target);
 
-  // Through kGrb332Colours.
-  void (*grb332)(const uint8_t *source, size_t bytes, uint32_t *target);
+  // Green in bits 7-5, red in bits 4-2, blue in bits 1-0: `colours` has 256 words, each the sum of its fields' own.
+  void (*grb332)(const uint8_t *source, size_t bytes, const uint32_t *colours, uint32_t *target);
 
   // Groups of four bytes with a common hue, as drawn in pixel_kernels.cpp. In the last kind a byte with bit 3 set is an
   // entry in its high bits.
@@ -32,6 +32,10 @@ struct PixelKernels {
   // clear bits (low). Lines lie `linePixels` apart.
   void (*pattern)(const uint8_t *bits, const uint8_t *colours, const uint32_t *palette, uint32_t *target,
                   size_t linePixels);
+
+  // A multiple of 8 groups as in yjk, but with blue rounded to whole levels, halves to the even one. nullptr in the
+  // plain kernels: the videos for which it is have a table of all colours.
+  void (*wholeYjk)(const uint8_t *source, size_t groups, uint32_t *target);
 };
 
 // For every processor.

@@ -102,10 +102,10 @@ KORILAN_WIDE void drawCrumbs(const uint8_t *source, size_t bytes, const uint32_t
   if (bytes > 0) plainPixelKernels().crumbs(source, bytes, palette, target);
 }
 
-KORILAN_WIDE void drawGrb332(const uint8_t *source, size_t bytes, uint32_t *target) {
+KORILAN_WIDE void drawGrb332(const uint8_t *source, size_t bytes, const uint32_t *colours, uint32_t *target) {
   // What each field of a byte adds, as a palette of its own; the words of the other fields' zeros are black.
   std::array<uint32_t, 16> ofField{};
-  for (size_t i = 0; i < 8; ++i) ofField[i] = kGrb332Colours[i << 5] | kGrb332Colours[i << 2] | kGrb332Colours[i & 3];
+  for (size_t i = 0; i < 8; ++i) ofField[i] = colours[i << 5] | colours[i << 2] | colours[i & 3];
   const Channels levels = PaletteChannels(ofField.data()).tables;
   for (; bytes >= kBlock; bytes -= kBlock, source += kBlock, target += kBlock) {
     const __m256i pixels = _mm256_loadu_si256(reinterpret_cast<const __m256i *>(source));
@@ -114,7 +114,7 @@ KORILAN_WIDE void drawGrb332(const uint8_t *source, size_t bytes, uint32_t *targ
                    .red = _mm256_shuffle_epi8(levels.red, field<2>(pixels, 7)),
                    .top = _mm256_setzero_si256()});
   }
-  if (bytes > 0) plainPixelKernels().grb332(source, bytes, target);
+  if (bytes > 0) plainPixelKernels().grb332(source, bytes, colours, target);
 }
 
 // Byte `kByte` of each group, for all its pixels.
@@ -125,11 +125,11 @@ template <int kByte> KORILAN_WIDE inline __m256i ofEachGroup(__m256i bytes) {
   return _mm256_shuffle_epi8(bytes, _mm256_broadcastsi128_si256(from));
 }
 
-// The three sums of a group's pixels: Y + J, Y + K and the third, each as 8 bits.
+// The three sums of a group's pixels: Y + J and Y + K as 8 bits, and the third in quarters of a level, 0 to 124.
 struct GroupLevels {
   __m256i withJ;
   __m256i withK;
-  __m256i third;
+  __m256i quarters;
 };
 
 KORILAN_WIDE inline __m256i signedChroma(__m256i low, __m256i high) {
@@ -147,16 +147,23 @@ KORILAN_WIDE inline GroupLevels groupLevels(__m256i pixels) {
   const __m256i k = signedChroma(ofEachGroup<0>(chroma), ofEachGroup<1>(chroma));
   const __m256i j = signedChroma(ofEachGroup<2>(chroma), ofEachGroup<3>(chroma));
   const __m256i y = field<3>(pixels, 31);
-  // The third sum is 2 * (5Y - (2J + K)), held within 0 and 248. Both parts are lifted by 96, so that neither is below
-  // zero, and their difference saturates there.
+  // The third sum is 5Y - (2J + K). Both parts are lifted by 96, so that neither is below zero, and their difference
+  // saturates there.
   const __m256i lift = bytesOf(96);
   const __m256i fiveY = _mm256_add_epi8(y, _mm256_slli_epi16(y, 2));
   const __m256i chromaSum = _mm256_add_epi8(_mm256_add_epi8(j, j), k);
   const __m256i difference = _mm256_subs_epu8(_mm256_add_epi8(fiveY, lift), _mm256_add_epi8(chromaSum, lift));
-  const __m256i half = _mm256_min_epu8(difference, bytesOf(124));
   return {.withJ = level(_mm256_add_epi8(y, j)),
           .withK = level(_mm256_add_epi8(y, k)),
-          .third = _mm256_add_epi8(half, half)};
+          .quarters = _mm256_min_epu8(difference, bytesOf(124))};
+}
+
+KORILAN_WIDE inline __m256i exactBlue(__m256i quarters) { return _mm256_add_epi8(quarters, quarters); }
+
+KORILAN_WIDE inline __m256i wholeBlue(__m256i quarters) {
+  const __m256i oddLevel = field<2>(quarters, 1);
+  const __m256i nearest = field<2>(_mm256_add_epi8(quarters, _mm256_add_epi8(oddLevel, bytesOf(1))), 63);
+  return _mm256_slli_epi16(nearest, 3);
 }
 
 constexpr size_t kBlockGroups = kBlock / kGroupPixels;
@@ -164,15 +171,31 @@ constexpr size_t kBlockGroups = kBlock / kGroupPixels;
 KORILAN_WIDE void drawYjk(const uint8_t *source, size_t groups, uint32_t *target) {
   for (; groups >= kBlockGroups; groups -= kBlockGroups, source += kBlock, target += kBlock) {
     const GroupLevels levels = groupLevels(_mm256_loadu_si256(reinterpret_cast<const __m256i *>(source)));
-    store(target, {.blue = levels.third, .green = levels.withK, .red = levels.withJ, .top = _mm256_setzero_si256()});
+    store(target, {.blue = exactBlue(levels.quarters),
+                   .green = levels.withK,
+                   .red = levels.withJ,
+                   .top = _mm256_setzero_si256()});
   }
   plainPixelKernels().yjk(source, groups, target);
+}
+
+KORILAN_WIDE void drawWholeYjk(const uint8_t *source, size_t groups, uint32_t *target) {
+  for (; groups >= kBlockGroups; groups -= kBlockGroups, source += kBlock, target += kBlock) {
+    const GroupLevels levels = groupLevels(_mm256_loadu_si256(reinterpret_cast<const __m256i *>(source)));
+    store(target, {.blue = wholeBlue(levels.quarters),
+                   .green = levels.withK,
+                   .red = levels.withJ,
+                   .top = _mm256_setzero_si256()});
+  }
 }
 
 KORILAN_WIDE void drawYuv(const uint8_t *source, size_t groups, uint32_t *target) {
   for (; groups >= kBlockGroups; groups -= kBlockGroups, source += kBlock, target += kBlock) {
     const GroupLevels levels = groupLevels(_mm256_loadu_si256(reinterpret_cast<const __m256i *>(source)));
-    store(target, {.blue = levels.withK, .green = levels.third, .red = levels.withJ, .top = _mm256_setzero_si256()});
+    store(target, {.blue = levels.withK,
+                   .green = exactBlue(levels.quarters),
+                   .red = levels.withJ,
+                   .top = _mm256_setzero_si256()});
   }
   plainPixelKernels().yuv(source, groups, target);
 }
@@ -185,7 +208,7 @@ KORILAN_WIDE void drawYae(const uint8_t *source, size_t groups, const uint32_t *
     const GroupLevels levels = groupLevels(pixels);
     const Channels entries = lookUp(channels, field<4>(pixels, 15));
     const __m256i isEntry = _mm256_cmpeq_epi8(_mm256_and_si256(pixels, attribute), attribute);
-    store(target, {.blue = _mm256_blendv_epi8(levels.third, entries.blue, isEntry),
+    store(target, {.blue = _mm256_blendv_epi8(exactBlue(levels.quarters), entries.blue, isEntry),
                    .green = _mm256_blendv_epi8(levels.withK, entries.green, isEntry),
                    .red = _mm256_blendv_epi8(levels.withJ, entries.red, isEntry),
                    .top = _mm256_and_si256(entries.top, isEntry)});
@@ -214,7 +237,8 @@ const PixelKernels *widePixelKernels() {
                                          .yjk = drawYjk,
                                          .yuv = drawYuv,
                                          .yae = drawYae,
-                                         .pattern = drawPattern};
+                                         .pattern = drawPattern,
+                                         .wholeYjk = drawWholeYjk};
   return __builtin_cpu_supports("avx2") ? &kKernels : nullptr;
 }
 

@@ -3,11 +3,13 @@
 #include "core/palette.h"
 #include "core/text.h"
 #include "screens/byte_pixels.h"
+#include "screens/pixel_kernels.h"
 #include "video/playback.h"
 #include "video/sound_track.h"
 #include "video/video_mode.h"
 
 #include <algorithm>
+#include <cstring>
 
 // A file is a row of blocks of 15360 bytes, a frame each, without any header; two bytes in the unused end of block 0
 // say what the video is:
@@ -31,8 +33,10 @@ constexpr uint8_t kRate10 = 6;
 constexpr size_t kFrameBytes = size_t{kEvaWidth} * kEvaHeight;
 constexpr size_t kMostSlots = 12;
 
-constexpr size_t kGroupVideoBytes = 11; // behind each sample of a line
-constexpr size_t kLineVideoBytes = kEvaWidth;
+// A line of a block at 12 frames a second; a sample goes before each group.
+constexpr size_t kLineGroups = 11;
+constexpr size_t kGroupVideoBytes = 11;
+constexpr size_t kLastGroupVideoBytes = 7;
 
 constexpr int kLumaLevels = 32;
 constexpr int kChromaLevels = 64;
@@ -94,13 +98,14 @@ uint8_t *ringSlot(EvaPlayer &eva) {
 void takeBlock12(const uint8_t *block, uint8_t *video, std::span<uint8_t> sound) {
   size_t samples = 0;
   for (int line = 0; line < kEvaHeight; ++line) {
-    for (size_t done = 0; done < kLineVideoBytes;) {
-      const size_t count = std::min(kGroupVideoBytes, kLineVideoBytes - done);
+    for (size_t group = 0; group < kLineGroups; ++group, block += kGroupVideoBytes, video += kGroupVideoBytes) {
       sound[samples++] = *block++;
-      video = std::copy_n(block, count, video);
-      block += count;
-      done += count;
+      std::memcpy(video, block, kGroupVideoBytes);
     }
+    sound[samples++] = *block++;
+    std::memcpy(video, block, kLastGroupVideoBytes);
+    block += kLastGroupVideoBytes;
+    video += kLastGroupVideoBytes;
   }
   std::copy_n(block, sound.size() - samples, sound.begin() + static_cast<std::ptrdiff_t>(samples));
 }
@@ -111,21 +116,16 @@ void takeBlock10(const uint8_t *block, uint8_t *video, std::span<uint8_t> sound)
 }
 
 void decodeYjk(EvaPlayer &eva) {
-  const uint8_t *bytes = ringSlot(eva);
-  const uint32_t *luma = eva.lumaTable.data();
-  const uint32_t *chroma = eva.chromaTable.data();
-  uint32_t *target = eva.framePixels.data();
-  for (size_t group = 0; group < kFrameBytes / 4; ++group, bytes += 4, target += 4) {
-    const size_t k = chroma[bytes[0] * 256U + bytes[1]];
-    const size_t j = chroma[bytes[2] * 256U + bytes[3]];
-    const uint32_t *colours = eva.yjkColourTable.data() + (k * kChromaLevels + j) * kLumaLevels;
-    for (size_t i = 0; i < 4; ++i) target[i] = colours[luma[bytes[i]]];
-  }
+  const auto draw = pixelKernels().wholeYjk;
+  const std::span<const uint8_t> frame(ringSlot(eva), kFrameBytes);
+  if (draw != nullptr)
+    draw(frame.data(), frame.size() / kGroupPixels, eva.framePixels.data());
+  else
+    drawYjkByTables(eva, frame, eva.framePixels.data());
 }
 
 void decodeRgb(EvaPlayer &eva) {
-  const uint8_t *bytes = ringSlot(eva);
-  for (size_t i = 0; i < kFrameBytes; ++i) eva.framePixels[i] = eva.rgbColourTable[bytes[i]];
+  pixelKernels().grb332(ringSlot(eva), kFrameBytes, eva.rgbColourTable.data(), eva.framePixels.data());
 }
 
 void decodeAndDraw(ViewerState &viewer, bool rgb) {
@@ -136,6 +136,17 @@ void decodeAndDraw(ViewerState &viewer, bool rgb) {
 }
 
 } // namespace
+
+void drawYjkByTables(const EvaPlayer &eva, std::span<const uint8_t> source, uint32_t *target) {
+  const uint32_t *luma = eva.lumaTable.data();
+  const uint32_t *chroma = eva.chromaTable.data();
+  for (; source.size() >= kGroupPixels; source = source.subspan(kGroupPixels), target += kGroupPixels) {
+    const size_t k = chroma[source[0] * 256U + source[1]];
+    const size_t j = chroma[source[2] * 256U + source[3]];
+    const uint32_t *colours = eva.yjkColourTable.data() + (k * kChromaLevels + j) * kLumaLevels;
+    for (size_t i = 0; i < kGroupPixels; ++i) target[i] = colours[luma[source[i]]];
+  }
+}
 
 bool evaRateKnown(const ViewerState &viewer) {
   const uint8_t code = readByte(viewer.inputFile, kRatePos);

@@ -3,6 +3,8 @@
 
 #include "core/viewer_state.h"
 
+#include <span>
+
 inline constexpr int32_t kEvaWidth = 128;
 inline constexpr int32_t kEvaHeight = 106;
 
@@ -22,3 +24,6 @@ void playEva(ViewerState &viewer);
 
 // Reads one frame into its slots of the video ring and of the sound image. Past the end of the file all is zero.
 void readEvaFrame(ViewerState &viewer);
+
+// Writes the pixels of whole YJK groups through the tables: for processors without a kernel for it.
+void drawYjkByTables(const EvaPlayer &eva, std::span<const uint8_t> source, uint32_t *target);

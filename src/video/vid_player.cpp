@@ -2,6 +2,7 @@
 
 #include "core/palette.h"
 #include "formats/symbos_bits.h"
+#include "screens/pixel_kernels.h"
 #include "video/playback.h"
 #include "video/video_mode.h"
 
@@ -87,26 +88,24 @@ void readFrame(ViewerState &viewer) {
 
 // Whole bytes only: pixels at the end of a row that fill no byte keep their value.
 void decodeFrame(VidPlayer &vid) {
-  const size_t pixelsPerByte = vid.colourCode == kFourColours ? 4 : 2;
+  const bool fourColours = vid.colourCode == kFourColours;
+  const auto draw = fourColours ? pixelKernels().crumbs : pixelKernels().nibbles;
+  const size_t pixelsPerByte = fourColours ? 4 : 2;
   const auto width = notNegative(vid.width);
   const auto height = notNegative(vid.height);
-  size_t next = 0;
-  for (size_t y = 0; y < height; ++y) {
-    size_t at = y * width;
-    for (size_t x = 0; x < width / pixelsPerByte; ++x, ++next, at += pixelsPerByte) {
-      if (at + pixelsPerByte > vid.framePixels.size()) return;
-      const uint8_t byte = next < vid.frameData.size() ? vid.frameData[next] : 0;
-      uint32_t *target = vid.framePixels.data() + at;
-      if (pixelsPerByte == 2) {
-        target[0] = vid.palette[byte >> 4];
-        target[1] = vid.palette[byte & 15];
-      } else {
-        target[0] = vid.palette[byte & 192];
-        target[1] = vid.palette[byte & 48];
-        target[2] = vid.palette[byte & 12];
-        target[3] = vid.palette[byte & 3];
-      }
-    }
+  const size_t rowBytes = width / pixelsPerByte;
+  const bool rowsRunOn = width % pixelsPerByte == 0;
+  const size_t runBytes = rowsRunOn ? rowBytes * height : rowBytes;
+  const size_t runs = rowsRunOn ? 1 : height;
+  std::span<const uint8_t> source = vid.frameData;
+  for (size_t run = 0; run < runs && run * width <= vid.framePixels.size(); ++run) {
+    const std::span<uint32_t> target = std::span(vid.framePixels).subspan(run * width);
+    const size_t bytes = std::min(runBytes, target.size() / pixelsPerByte);
+    const size_t given = std::min(bytes, source.size());
+    draw(source.data(), given, vid.palette.data(), target.data());
+    // Behind the data all bytes are zero.
+    std::fill_n(target.data() + given * pixelsPerByte, (bytes - given) * pixelsPerByte, vid.palette[0]);
+    source = source.subspan(given);
   }
 }
 

@@ -58,8 +58,8 @@ TEST(PixelKernels, WideOnesDrawWhatPlainOnesDraw) {
         bytes * 4, [&](uint32_t *to) { plain.crumbs(pairs.data(), bytes, kPalette.data(), to); },
         [&](uint32_t *to) { wide->crumbs(pairs.data(), bytes, kPalette.data(), to); });
     expectSame(
-        bytes, [&](uint32_t *to) { plain.grb332(pairs.data(), bytes, to); },
-        [&](uint32_t *to) { wide->grb332(pairs.data(), bytes, to); });
+        bytes, [&](uint32_t *to) { plain.grb332(pairs.data(), bytes, kGrb332Colours.data(), to); },
+        [&](uint32_t *to) { wide->grb332(pairs.data(), bytes, kGrb332Colours.data(), to); });
     const size_t groupCount = left == 0 ? groups.size() / 4 : left;
     expectSame(
         groupCount * 4, [&](uint32_t *to) { plain.yjk(groups.data(), groupCount, to); },

@@ -1,6 +1,8 @@
 #include "core/image_info.h"
 #include "samples/opened_sample.h"
+#include "screens/pixel_kernels.h"
 #include "support/viewer_text.h"
+#include "video/eva_player.h"
 #include "video/video_files.h"
 #include "video/video_mode.h"
 
@@ -46,6 +48,33 @@ TEST(Eva, EveryEntryOfTheTables) {
       ASSERT_EQ(eva.chromaTable[byte * 256 + low], byte % 8 + low % 8 * 8) << byte << " " << low;
     }
   }
+}
+
+// A group for each pair of hues and four levels of Y.
+std::vector<uint8_t> everyGroup() {
+  std::vector<uint8_t> bytes;
+  for (int hues = 0; hues < 64 * 64; ++hues) {
+    for (int y = 0; y < 32; ++y) bytes.push_back(static_cast<uint8_t>(y << 3 | (hues >> 3 * (y % 4) & 7)));
+  }
+  return bytes;
+}
+
+TEST(Eva, EveryGroupIsDrawnAlikeByTablesAndByTheKernel) {
+  const std::vector<uint8_t> groups = everyGroup();
+  std::vector<uint32_t> expected;
+  for (int hues = 0; hues < 64 * 64; ++hues) {
+    for (int y = 0; y < 32; ++y) expected.push_back(slowYjk(hues % 64, hues / 64, y));
+  }
+  TestViewer test;
+  test.open("x.EVA", evaFile(1));
+  std::vector<uint32_t> drawn(groups.size());
+  drawYjkByTables(test.viewer.evaPlayer, groups, drawn.data());
+  EXPECT_TRUE(drawn == expected);
+  const PixelKernels *wide = widePixelKernels();
+  if (wide == nullptr) GTEST_SKIP() << "this processor has no kernel for it";
+  std::fill(drawn.begin(), drawn.end(), 0);
+  wide->wholeYjk(groups.data(), groups.size() / 4, drawn.data());
+  EXPECT_TRUE(drawn == expected);
 }
 
 // Backwards, so that no frame can profit from those before it.
