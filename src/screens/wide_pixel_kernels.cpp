@@ -4,6 +4,9 @@
 
 // 32 pixels at a time: each channel is made as 32 bytes, and the bytes are then interleaved to words. A shuffle of
 // bytes looks up 16 entries at once. What is left at the end is drawn by the plain kernels.
+//
+// Interleaving works in each half of a register by itself. So that words come out in their order, blocks are kept by
+// fours: pixels 0-3, 8-11, 16-19 and 24-27 in the low half, 4-7, 12-15, 20-23 and 28-31 in the high half.
 
 #ifdef __x86_64__
 
@@ -16,7 +19,7 @@ namespace {
 
 constexpr size_t kBlock = 32; // pixels
 
-// Channels of 32 pixels, 0 to 15 in the low half.
+// Channels of 32 pixels, by fours.
 struct Channels {
   __m256i blue;
   __m256i green;
@@ -42,7 +45,11 @@ struct PaletteChannels {
 
 KORILAN_WIDE inline __m256i bytesOf(int value) { return _mm256_set1_epi8(static_cast<char>(value)); }
 
-KORILAN_WIDE inline __m256i joined(__m128i low, __m128i high) { return _mm256_set_m128i(high, low); }
+// 32 bytes, by fours.
+KORILAN_WIDE inline __m256i load(const uint8_t *source) {
+  const __m256i bytes = _mm256_loadu_si256(reinterpret_cast<const __m256i *>(source));
+  return _mm256_permutevar8x32_epi32(bytes, _mm256_setr_epi32(0, 2, 4, 6, 1, 3, 5, 7));
+}
 
 // Bits shifted right within each byte, and only those of `mask` kept.
 template <int kShift> KORILAN_WIDE inline __m256i field(__m256i bytes, int mask) {
@@ -61,26 +68,23 @@ KORILAN_WIDE inline void store(uint32_t *target, const Channels &channels) {
   const __m256i highPairs = _mm256_unpackhi_epi8(channels.blue, channels.green);
   const __m256i lowTops = _mm256_unpacklo_epi8(channels.red, channels.top);
   const __m256i highTops = _mm256_unpackhi_epi8(channels.red, channels.top);
-  const __m256i words0 = _mm256_unpacklo_epi16(lowPairs, lowTops);   // pixels 0 to 3, 16 to 19
-  const __m256i words4 = _mm256_unpackhi_epi16(lowPairs, lowTops);   // 4, 20
-  const __m256i words8 = _mm256_unpacklo_epi16(highPairs, highTops); // 8, 24
-  const __m256i words12 = _mm256_unpackhi_epi16(highPairs, highTops);
   auto *out = reinterpret_cast<__m256i *>(target);
-  _mm256_storeu_si256(out, _mm256_permute2x128_si256(words0, words4, 0x20));
-  _mm256_storeu_si256(out + 1, _mm256_permute2x128_si256(words8, words12, 0x20));
-  _mm256_storeu_si256(out + 2, _mm256_permute2x128_si256(words0, words4, 0x31));
-  _mm256_storeu_si256(out + 3, _mm256_permute2x128_si256(words8, words12, 0x31));
+  _mm256_storeu_si256(out, _mm256_unpacklo_epi16(lowPairs, lowTops));
+  _mm256_storeu_si256(out + 1, _mm256_unpackhi_epi16(lowPairs, lowTops));
+  _mm256_storeu_si256(out + 2, _mm256_unpacklo_epi16(highPairs, highTops));
+  _mm256_storeu_si256(out + 3, _mm256_unpackhi_epi16(highPairs, highTops));
 }
 
 KORILAN_WIDE void drawNibbles(const uint8_t *source, size_t bytes, const uint32_t *palette, uint32_t *target) {
   constexpr size_t kStep = kBlock / 2;
   const PaletteChannels channels(palette);
-  const __m128i lowBits = _mm_set1_epi8(0x0F);
+  const __m128i byFours = _mm_setr_epi8(0, 1, 4, 5, 8, 9, 12, 13, 2, 3, 6, 7, 10, 11, 14, 15);
+  const __m256i lowBits = _mm256_set1_epi16(0x0F00);
   for (; bytes >= kStep; bytes -= kStep, source += kStep, target += kBlock) {
     const __m128i packed = _mm_loadu_si128(reinterpret_cast<const __m128i *>(source));
-    const __m128i left = _mm_and_si128(_mm_srli_epi16(packed, 4), lowBits);
-    const __m128i right = _mm_and_si128(packed, lowBits);
-    store(target, lookUp(channels, joined(_mm_unpacklo_epi8(left, right), _mm_unpackhi_epi8(left, right))));
+    const __m256i pairs = _mm256_cvtepu8_epi16(_mm_shuffle_epi8(packed, byFours));
+    const __m256i right = _mm256_and_si256(_mm256_slli_epi16(pairs, 8), lowBits);
+    store(target, lookUp(channels, _mm256_or_si256(_mm256_srli_epi16(pairs, 4), right)));
   }
   if (bytes > 0) plainPixelKernels().nibbles(source, bytes, palette, target);
 }
@@ -88,16 +92,14 @@ KORILAN_WIDE void drawNibbles(const uint8_t *source, size_t bytes, const uint32_
 KORILAN_WIDE void drawCrumbs(const uint8_t *source, size_t bytes, const uint32_t *palette, uint32_t *target) {
   constexpr size_t kStep = kBlock / 4;
   const PaletteChannels channels(palette);
-  const __m128i lowBits = _mm_set1_epi8(0x03);
+  const __m128i byFours = _mm_setr_epi8(0, 2, 4, 6, 1, 3, 5, 7, -1, -1, -1, -1, -1, -1, -1, -1);
   for (; bytes >= kStep; bytes -= kStep, source += kStep, target += kBlock) {
     const __m128i packed = _mm_loadl_epi64(reinterpret_cast<const __m128i *>(source));
-    const __m128i first = _mm_and_si128(_mm_srli_epi16(packed, 6), lowBits);
-    const __m128i second = _mm_and_si128(_mm_srli_epi16(packed, 4), lowBits);
-    const __m128i third = _mm_and_si128(_mm_srli_epi16(packed, 2), lowBits);
-    const __m128i fourth = _mm_and_si128(packed, lowBits);
-    const __m128i left = _mm_unpacklo_epi8(first, second);
-    const __m128i right = _mm_unpacklo_epi8(third, fourth);
-    store(target, lookUp(channels, joined(_mm_unpacklo_epi16(left, right), _mm_unpackhi_epi16(left, right))));
+    const __m256i fours = _mm256_cvtepu8_epi32(_mm_shuffle_epi8(packed, byFours));
+    // Each byte's fields, the highest one lowest; what else comes along is masked out.
+    const __m256i left = _mm256_or_si256(_mm256_srli_epi32(fours, 6), _mm256_slli_epi32(fours, 4));
+    const __m256i right = _mm256_or_si256(_mm256_slli_epi32(fours, 14), _mm256_slli_epi32(fours, 24));
+    store(target, lookUp(channels, _mm256_and_si256(_mm256_or_si256(left, right), bytesOf(3))));
   }
   if (bytes > 0) plainPixelKernels().crumbs(source, bytes, palette, target);
 }
@@ -108,7 +110,7 @@ KORILAN_WIDE void drawGrb332(const uint8_t *source, size_t bytes, const uint32_t
   for (size_t i = 0; i < 8; ++i) ofField[i] = colours[i << 5] | colours[i << 2] | colours[i & 3];
   const Channels levels = PaletteChannels(ofField.data()).tables;
   for (; bytes >= kBlock; bytes -= kBlock, source += kBlock, target += kBlock) {
-    const __m256i pixels = _mm256_loadu_si256(reinterpret_cast<const __m256i *>(source));
+    const __m256i pixels = load(source);
     store(target, {.blue = _mm256_shuffle_epi8(levels.blue, field<0>(pixels, 3)),
                    .green = _mm256_shuffle_epi8(levels.green, field<5>(pixels, 7)),
                    .red = _mm256_shuffle_epi8(levels.red, field<2>(pixels, 7)),
@@ -170,7 +172,7 @@ constexpr size_t kBlockGroups = kBlock / kGroupPixels;
 
 KORILAN_WIDE void drawYjk(const uint8_t *source, size_t groups, uint32_t *target) {
   for (; groups >= kBlockGroups; groups -= kBlockGroups, source += kBlock, target += kBlock) {
-    const GroupLevels levels = groupLevels(_mm256_loadu_si256(reinterpret_cast<const __m256i *>(source)));
+    const GroupLevels levels = groupLevels(load(source));
     store(target, {.blue = exactBlue(levels.quarters),
                    .green = levels.withK,
                    .red = levels.withJ,
@@ -181,7 +183,7 @@ KORILAN_WIDE void drawYjk(const uint8_t *source, size_t groups, uint32_t *target
 
 KORILAN_WIDE void drawWholeYjk(const uint8_t *source, size_t groups, uint32_t *target) {
   for (; groups >= kBlockGroups; groups -= kBlockGroups, source += kBlock, target += kBlock) {
-    const GroupLevels levels = groupLevels(_mm256_loadu_si256(reinterpret_cast<const __m256i *>(source)));
+    const GroupLevels levels = groupLevels(load(source));
     store(target, {.blue = wholeBlue(levels.quarters),
                    .green = levels.withK,
                    .red = levels.withJ,
@@ -191,7 +193,7 @@ KORILAN_WIDE void drawWholeYjk(const uint8_t *source, size_t groups, uint32_t *t
 
 KORILAN_WIDE void drawYuv(const uint8_t *source, size_t groups, uint32_t *target) {
   for (; groups >= kBlockGroups; groups -= kBlockGroups, source += kBlock, target += kBlock) {
-    const GroupLevels levels = groupLevels(_mm256_loadu_si256(reinterpret_cast<const __m256i *>(source)));
+    const GroupLevels levels = groupLevels(load(source));
     store(target, {.blue = levels.withK,
                    .green = exactBlue(levels.quarters),
                    .red = levels.withJ,
@@ -204,7 +206,7 @@ KORILAN_WIDE void drawYae(const uint8_t *source, size_t groups, const uint32_t *
   const PaletteChannels channels(palette);
   const __m256i attribute = bytesOf(8);
   for (; groups >= kBlockGroups; groups -= kBlockGroups, source += kBlock, target += kBlock) {
-    const __m256i pixels = _mm256_loadu_si256(reinterpret_cast<const __m256i *>(source));
+    const __m256i pixels = load(source);
     const GroupLevels levels = groupLevels(pixels);
     const Channels entries = lookUp(channels, field<4>(pixels, 15));
     const __m256i isEntry = _mm256_cmpeq_epi8(_mm256_and_si256(pixels, attribute), attribute);
