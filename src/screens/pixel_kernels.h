@@ -11,7 +11,7 @@ inline constexpr size_t kGroupPixels = 4; // with a common hue
 // The colours of the fixed 256-colour mode by their bytes.
 extern const std::array<uint32_t, 256> kGrb332Colours;
 
-// Each procedure writes its pixels to `target`, one after another. `palette` has 16 words.
+// Each procedure writes its pixels to `target`, one after another. `palette` has 16 words with the same highest byte.
 struct PixelKernels {
   // Two entries a byte, the left one in the high bits.
   void (*nibbles)(const uint8_t *source, size_t bytes, const uint32_t *palette, uint32_t *target);

@@ -27,23 +27,23 @@ struct Channels {
   __m256i top; // zero but for words that mark palette entries
 };
 
-// The same byte of each of 16 words, twice.
+KORILAN_WIDE inline __m256i bytesOf(int value) { return _mm256_set1_epi8(static_cast<char>(value)); }
+
+// Three bytes of each of 16 words, twice, and the highest one that all have.
 struct PaletteChannels {
   Channels tables;
 
   KORILAN_WIDE explicit PaletteChannels(const uint32_t *palette) {
-    alignas(16) std::array<std::array<uint8_t, 16>, 4> bytes{};
-    for (size_t channel = 0; channel < 4; ++channel) {
+    alignas(16) std::array<std::array<uint8_t, 16>, 3> bytes{};
+    for (size_t channel = 0; channel < 3; ++channel) {
       for (size_t i = 0; i < 16; ++i) bytes[channel][i] = static_cast<uint8_t>(palette[i] >> 8 * channel);
     }
     const auto twice = [&bytes](size_t channel) KORILAN_WIDE {
       return _mm256_broadcastsi128_si256(_mm_load_si128(reinterpret_cast<const __m128i *>(bytes[channel].data())));
     };
-    tables = {.blue = twice(0), .green = twice(1), .red = twice(2), .top = twice(3)};
+    tables = {.blue = twice(0), .green = twice(1), .red = twice(2), .top = bytesOf(static_cast<int>(palette[0] >> 24))};
   }
 };
-
-KORILAN_WIDE inline __m256i bytesOf(int value) { return _mm256_set1_epi8(static_cast<char>(value)); }
 
 // 32 bytes, by fours.
 KORILAN_WIDE inline __m256i load(const uint8_t *source) {
@@ -60,7 +60,7 @@ KORILAN_WIDE inline Channels lookUp(const PaletteChannels &palette, __m256i entr
   return {.blue = _mm256_shuffle_epi8(palette.tables.blue, entries),
           .green = _mm256_shuffle_epi8(palette.tables.green, entries),
           .red = _mm256_shuffle_epi8(palette.tables.red, entries),
-          .top = _mm256_shuffle_epi8(palette.tables.top, entries)};
+          .top = palette.tables.top};
 }
 
 KORILAN_WIDE inline void store(uint32_t *target, const Channels &channels) {

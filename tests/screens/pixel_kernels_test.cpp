@@ -7,9 +7,9 @@
 
 namespace {
 
-constexpr std::array<uint32_t, 16> kPalette = {0x00000000, 0x00FFFFFF, 0x00010203, 0x01000003, 0x00804020, 0x00112233,
-                                               0x00445566, 0x00778899, 0x00AABBCC, 0x00DDEEFF, 0x01FFFFFF, 0x007F8081,
-                                               0x00FF0000, 0x0000FF00, 0x000000FF, 0x01000000};
+constexpr std::array<uint32_t, 16> kPalette = {0x01000000, 0x01FFFFFF, 0x01010203, 0x01000003, 0x01804020, 0x01112233,
+                                               0x01445566, 0x01778899, 0x01AABBCC, 0x01DDEEFF, 0x01FEFFFF, 0x017F8081,
+                                               0x01FF0000, 0x0100FF00, 0x010000FF, 0x01000001};
 
 // Every byte beside every other.
 std::vector<uint8_t> allPairs() {
