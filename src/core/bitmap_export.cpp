@@ -1,6 +1,7 @@
 #include "core/bitmap_export.h"
 
 #include "core/buffers.h"
+#include "core/file_kinds.h"
 #include "core/text.h"
 
 #include <algorithm>
@@ -98,7 +99,6 @@ std::vector<uint8_t> encodeBitmapV5(std::span<const uint32_t> frameBits, int32_t
 }
 
 std::string bitmapPath(const ViewerState &viewer) {
-  constexpr size_t kExtensionLength = 4;
   constexpr size_t kFrameDigits = 4;
 
   const std::string &path = viewer.picturePath;

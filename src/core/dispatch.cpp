@@ -8,8 +8,6 @@
 
 namespace {
 
-constexpr size_t kExtensionLength = 4;
-
 // Also ends what the players know of their file: it is no longer the open one.
 void closeAllFiles(ViewerState &viewer) {
   closeInputFile(viewer.inputFile);

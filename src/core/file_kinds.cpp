@@ -12,6 +12,7 @@
 #include "video/video_mode.h"
 
 #include <algorithm>
+#include <cstring>
 
 // clang-format off
 constexpr std::array<FileKind, kFileKindCount> kFileKinds{{
@@ -66,7 +67,9 @@ constexpr std::array<FileKind, kFileKindCount> kFileKinds{{
 static_assert(kFileKinds.back().extension != nullptr);
 
 const FileKind *findFileKind(std::string_view extension) {
-  const auto row = std::find_if(kFileKinds.begin(), kFileKinds.end(),
-                                [extension](const FileKind &kind) { return extension == kind.extension; });
+  if (extension.size() != kExtensionLength) return nullptr;
+  const auto row = std::find_if(kFileKinds.begin(), kFileKinds.end(), [extension](const FileKind &kind) {
+    return std::memcmp(kind.extension, extension.data(), kExtensionLength) == 0; // of a known length: one comparison
+  });
   return row != kFileKinds.end() ? &*row : nullptr;
 }

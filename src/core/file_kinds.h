@@ -15,6 +15,7 @@ struct FileKind {
 };
 
 inline constexpr size_t kFileKindCount = 43;
+inline constexpr size_t kExtensionLength = 4; // with the dot
 
 extern const std::array<FileKind, kFileKindCount> kFileKinds;
 

@@ -2,6 +2,7 @@
 
 #include "core/commands.h"
 #include "core/dispatch.h"
+#include "core/file_kinds.h"
 #include "core/text.h"
 
 #include <algorithm>
@@ -14,7 +15,6 @@ namespace {
 constexpr std::string_view kSupportedExtensions =
     ".GE5 .GE8 .DAT .CMP .PCT .STP .PIC .SC2 .SR2 .SC4 .SR4 .SC5 .SR5 .SC6 .SR6 .SC7 .SR7 .SC8 .SR8 .SCA .SRA .S10 "
     ".SCB .SRB .S11 .SCC .SRC .S12 .GL5 .GL6 .GL7 .GL8 .GLA .GLB .GLC .HAM .G9B .SCR .TGS .SGX .VID .EVA .EV8";
-constexpr size_t kExtensionLength = 4;
 
 // As many files as a 16-bit number counts.
 constexpr size_t kMostFiles = std::numeric_limits<int16_t>::max();

@@ -33,8 +33,8 @@ struct PixelKernels {
   void (*pattern)(const uint8_t *bits, const uint8_t *colours, const uint32_t *palette, uint32_t *target,
                   size_t linePixels);
 
-  // A multiple of 8 groups as in yjk, but with blue rounded to whole levels, halves to the even one. nullptr in the
-  // plain kernels: the videos for which it is have a table of all colours.
+  // At least 8 groups as in yjk, but with blue rounded to whole levels, halves to the even one. nullptr in the plain
+  // kernels: the videos for which it is have a table of all colours.
   void (*wholeYjk)(const uint8_t *source, size_t groups, uint32_t *target);
 };
 

@@ -1,9 +1,10 @@
 #include "screens/pixel_kernels.h"
 
+#include <algorithm>
 #include <array>
 
 // 32 pixels at a time: each channel is made as 32 bytes, and the bytes are then interleaved to words. A shuffle of
-// bytes looks up 16 entries at once. What is left at the end is drawn by the plain kernels.
+// bytes looks up 16 entries at once.
 //
 // Interleaving works in each half of a register by itself. So that words come out in their order, blocks are kept by
 // fours: pixels 0-3, 8-11, 16-19 and 24-27 in the low half, 4-7, 12-15, 20-23 and 28-31 in the high half.
@@ -75,33 +76,43 @@ KORILAN_WIDE inline void store(uint32_t *target, const Channels &channels) {
   _mm256_storeu_si256(out + 3, _mm256_unpackhi_epi16(highPairs, highTops));
 }
 
+// Draws 32 pixels from each kStep bytes; the last block reaches back over pixels that are drawn already. Returns false
+// where there is less than a block.
+template <size_t kStep, typename DrawBlock>
+KORILAN_WIDE inline bool drawBlocks(const uint8_t *source, size_t bytes, uint32_t *target, const DrawBlock &draw) {
+  if (bytes < kStep) return false;
+  const size_t last = bytes - kStep;
+  for (size_t at = 0;; at = std::min(at + kStep, last)) {
+    draw(source + at, target + at * (kBlock / kStep));
+    if (at == last) return true;
+  }
+}
+
 KORILAN_WIDE void drawNibbles(const uint8_t *source, size_t bytes, const uint32_t *palette, uint32_t *target) {
-  constexpr size_t kStep = kBlock / 2;
   const PaletteChannels channels(palette);
   const __m128i byFours = _mm_setr_epi8(0, 1, 4, 5, 8, 9, 12, 13, 2, 3, 6, 7, 10, 11, 14, 15);
   const __m256i lowBits = _mm256_set1_epi16(0x0F00);
-  for (; bytes >= kStep; bytes -= kStep, source += kStep, target += kBlock) {
-    const __m128i packed = _mm_loadu_si128(reinterpret_cast<const __m128i *>(source));
+  const auto draw = [&](const uint8_t *from, uint32_t *to) KORILAN_WIDE {
+    const __m128i packed = _mm_loadu_si128(reinterpret_cast<const __m128i *>(from));
     const __m256i pairs = _mm256_cvtepu8_epi16(_mm_shuffle_epi8(packed, byFours));
     const __m256i right = _mm256_and_si256(_mm256_slli_epi16(pairs, 8), lowBits);
-    store(target, lookUp(channels, _mm256_or_si256(_mm256_srli_epi16(pairs, 4), right)));
-  }
-  if (bytes > 0) plainPixelKernels().nibbles(source, bytes, palette, target);
+    store(to, lookUp(channels, _mm256_or_si256(_mm256_srli_epi16(pairs, 4), right)));
+  };
+  if (!drawBlocks<kBlock / 2>(source, bytes, target, draw)) plainPixelKernels().nibbles(source, bytes, palette, target);
 }
 
 KORILAN_WIDE void drawCrumbs(const uint8_t *source, size_t bytes, const uint32_t *palette, uint32_t *target) {
-  constexpr size_t kStep = kBlock / 4;
   const PaletteChannels channels(palette);
   const __m128i byFours = _mm_setr_epi8(0, 2, 4, 6, 1, 3, 5, 7, -1, -1, -1, -1, -1, -1, -1, -1);
-  for (; bytes >= kStep; bytes -= kStep, source += kStep, target += kBlock) {
-    const __m128i packed = _mm_loadl_epi64(reinterpret_cast<const __m128i *>(source));
+  const auto draw = [&](const uint8_t *from, uint32_t *to) KORILAN_WIDE {
+    const __m128i packed = _mm_loadl_epi64(reinterpret_cast<const __m128i *>(from));
     const __m256i fours = _mm256_cvtepu8_epi32(_mm_shuffle_epi8(packed, byFours));
     // Each byte's fields, the highest one lowest; what else comes along is masked out.
     const __m256i left = _mm256_or_si256(_mm256_srli_epi32(fours, 6), _mm256_slli_epi32(fours, 4));
     const __m256i right = _mm256_or_si256(_mm256_slli_epi32(fours, 14), _mm256_slli_epi32(fours, 24));
-    store(target, lookUp(channels, _mm256_and_si256(_mm256_or_si256(left, right), bytesOf(3))));
-  }
-  if (bytes > 0) plainPixelKernels().crumbs(source, bytes, palette, target);
+    store(to, lookUp(channels, _mm256_and_si256(_mm256_or_si256(left, right), bytesOf(3))));
+  };
+  if (!drawBlocks<kBlock / 4>(source, bytes, target, draw)) plainPixelKernels().crumbs(source, bytes, palette, target);
 }
 
 KORILAN_WIDE void drawGrb332(const uint8_t *source, size_t bytes, const uint32_t *colours, uint32_t *target) {
@@ -109,14 +120,14 @@ KORILAN_WIDE void drawGrb332(const uint8_t *source, size_t bytes, const uint32_t
   std::array<uint32_t, 16> ofField{};
   for (size_t i = 0; i < 8; ++i) ofField[i] = colours[i << 5] | colours[i << 2] | colours[i & 3];
   const Channels levels = PaletteChannels(ofField.data()).tables;
-  for (; bytes >= kBlock; bytes -= kBlock, source += kBlock, target += kBlock) {
-    const __m256i pixels = load(source);
-    store(target, {.blue = _mm256_shuffle_epi8(levels.blue, field<0>(pixels, 3)),
-                   .green = _mm256_shuffle_epi8(levels.green, field<5>(pixels, 7)),
-                   .red = _mm256_shuffle_epi8(levels.red, field<2>(pixels, 7)),
-                   .top = _mm256_setzero_si256()});
-  }
-  if (bytes > 0) plainPixelKernels().grb332(source, bytes, colours, target);
+  const auto draw = [&](const uint8_t *from, uint32_t *to) KORILAN_WIDE {
+    const __m256i pixels = load(from);
+    store(to, {.blue = _mm256_shuffle_epi8(levels.blue, field<0>(pixels, 3)),
+               .green = _mm256_shuffle_epi8(levels.green, field<5>(pixels, 7)),
+               .red = _mm256_shuffle_epi8(levels.red, field<2>(pixels, 7)),
+               .top = _mm256_setzero_si256()});
+  };
+  if (!drawBlocks<kBlock>(source, bytes, target, draw)) plainPixelKernels().grb332(source, bytes, colours, target);
 }
 
 // Byte `kByte` of each group, for all its pixels.
@@ -168,54 +179,59 @@ KORILAN_WIDE inline __m256i wholeBlue(__m256i quarters) {
   return _mm256_slli_epi16(nearest, 3);
 }
 
-constexpr size_t kBlockGroups = kBlock / kGroupPixels;
-
 KORILAN_WIDE void drawYjk(const uint8_t *source, size_t groups, uint32_t *target) {
-  for (; groups >= kBlockGroups; groups -= kBlockGroups, source += kBlock, target += kBlock) {
-    const GroupLevels levels = groupLevels(load(source));
-    store(target, {.blue = exactBlue(levels.quarters),
-                   .green = levels.withK,
-                   .red = levels.withJ,
-                   .top = _mm256_setzero_si256()});
+  const auto draw = [](const uint8_t *from, uint32_t *to) KORILAN_WIDE {
+    const GroupLevels levels = groupLevels(load(from));
+    store(to, {.blue = exactBlue(levels.quarters),
+               .green = levels.withK,
+               .red = levels.withJ,
+               .top = _mm256_setzero_si256()});
+  };
+  if (!drawBlocks<kBlock>(source, groups * kGroupPixels, target, draw)) {
+    plainPixelKernels().yjk(source, groups, target);
   }
-  plainPixelKernels().yjk(source, groups, target);
 }
 
 KORILAN_WIDE void drawWholeYjk(const uint8_t *source, size_t groups, uint32_t *target) {
-  for (; groups >= kBlockGroups; groups -= kBlockGroups, source += kBlock, target += kBlock) {
-    const GroupLevels levels = groupLevels(load(source));
-    store(target, {.blue = wholeBlue(levels.quarters),
-                   .green = levels.withK,
-                   .red = levels.withJ,
-                   .top = _mm256_setzero_si256()});
-  }
+  const auto draw = [](const uint8_t *from, uint32_t *to) KORILAN_WIDE {
+    const GroupLevels levels = groupLevels(load(from));
+    store(to, {.blue = wholeBlue(levels.quarters),
+               .green = levels.withK,
+               .red = levels.withJ,
+               .top = _mm256_setzero_si256()});
+  };
+  drawBlocks<kBlock>(source, groups * kGroupPixels, target, draw);
 }
 
 KORILAN_WIDE void drawYuv(const uint8_t *source, size_t groups, uint32_t *target) {
-  for (; groups >= kBlockGroups; groups -= kBlockGroups, source += kBlock, target += kBlock) {
-    const GroupLevels levels = groupLevels(load(source));
-    store(target, {.blue = levels.withK,
-                   .green = exactBlue(levels.quarters),
-                   .red = levels.withJ,
-                   .top = _mm256_setzero_si256()});
+  const auto draw = [](const uint8_t *from, uint32_t *to) KORILAN_WIDE {
+    const GroupLevels levels = groupLevels(load(from));
+    store(to, {.blue = levels.withK,
+               .green = exactBlue(levels.quarters),
+               .red = levels.withJ,
+               .top = _mm256_setzero_si256()});
+  };
+  if (!drawBlocks<kBlock>(source, groups * kGroupPixels, target, draw)) {
+    plainPixelKernels().yuv(source, groups, target);
   }
-  plainPixelKernels().yuv(source, groups, target);
 }
 
 KORILAN_WIDE void drawYae(const uint8_t *source, size_t groups, const uint32_t *palette, uint32_t *target) {
   const PaletteChannels channels(palette);
   const __m256i attribute = bytesOf(8);
-  for (; groups >= kBlockGroups; groups -= kBlockGroups, source += kBlock, target += kBlock) {
-    const __m256i pixels = load(source);
+  const auto draw = [&](const uint8_t *from, uint32_t *to) KORILAN_WIDE {
+    const __m256i pixels = load(from);
     const GroupLevels levels = groupLevels(pixels);
     const Channels entries = lookUp(channels, field<4>(pixels, 15));
     const __m256i isEntry = _mm256_cmpeq_epi8(_mm256_and_si256(pixels, attribute), attribute);
-    store(target, {.blue = _mm256_blendv_epi8(exactBlue(levels.quarters), entries.blue, isEntry),
-                   .green = _mm256_blendv_epi8(levels.withK, entries.green, isEntry),
-                   .red = _mm256_blendv_epi8(levels.withJ, entries.red, isEntry),
-                   .top = _mm256_and_si256(entries.top, isEntry)});
+    store(to, {.blue = _mm256_blendv_epi8(exactBlue(levels.quarters), entries.blue, isEntry),
+               .green = _mm256_blendv_epi8(levels.withK, entries.green, isEntry),
+               .red = _mm256_blendv_epi8(levels.withJ, entries.red, isEntry),
+               .top = _mm256_and_si256(entries.top, isEntry)});
+  };
+  if (!drawBlocks<kBlock>(source, groups * kGroupPixels, target, draw)) {
+    plainPixelKernels().yae(source, groups, palette, target);
   }
-  plainPixelKernels().yae(source, groups, palette, target);
 }
 
 KORILAN_WIDE void drawPattern(const uint8_t *bits, const uint8_t *colours, const uint32_t *palette, uint32_t *target,
