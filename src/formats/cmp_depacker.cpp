@@ -151,8 +151,8 @@ void startCmpDepacker(CmpDepacker &depacker, std::span<const uint8_t> file) {
 
 bool depackCmpLine(CmpDepacker &depacker) {
   const size_t bytes = std::min(depacker.bytesPerLine, kCmpMemoryBytes - depacker.output);
-  const bool apart =
-      depacker.input + kMostLineInput <= kMaskTable && depacker.output + bytes + kMaskBytes <= kCmpMemoryBytes;
+  const bool apart = kHasShuffles && depacker.input + kMostLineInput <= kMaskTable &&
+                     depacker.output + bytes + kMaskBytes <= kCmpMemoryBytes;
   apart ? unpackMaskByMask(depacker, bytes) : unpackByteByByte(depacker, bytes);
   if (depacker.directLines > 0) --depacker.directLines;
   return --depacker.linesLeft != 0 && depacker.output != kCmpMemoryBytes;

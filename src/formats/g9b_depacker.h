@@ -11,5 +11,6 @@ struct G9bDepacker {
   size_t written = 0;
 };
 
-// Unpacks the next block. Stops early at the end of either buffer.
+// Unpacks the next block. Stops early at the end of either buffer. `unpacked` is zero behind what was written, and
+// stays so.
 void depackG9bBlock(G9bDepacker &depacker, std::span<const uint8_t> packed, std::span<uint8_t> unpacked);

@@ -42,10 +42,12 @@ TEST(G9bDepacker, Codes) {
     Bytes input = packed;
     input.shrink_to_fit();
     Bytes memory(room + 2 * kGuard, kGuardByte);
+    std::fill_n(memory.begin() + kGuard, room, uint8_t{0});
     G9bDepacker depacker{.source = 0, .written = 0};
     for (int i = 0; i < blocks; ++i) depackG9bBlock(depacker, input, std::span(memory).subspan(kGuard, room));
     EXPECT_EQ(depacker.written, expected.size());
     Bytes whole(memory.size(), kGuardByte);
+    std::fill_n(whole.begin() + kGuard, room, uint8_t{0});
     std::copy(expected.begin(), expected.end(), whole.begin() + kGuard);
     EXPECT_EQ(memory, whole);
   }
@@ -62,10 +64,11 @@ TEST(G9bDepacker, EveryLengthAndOffset) {
     const Bytes packed = G9bStream{}.block().literals(start).copy(length, offset).end().bytes;
     Bytes expected = start;
     for (unsigned i = 0; i < length; ++i) expected.push_back(expected[expected.size() - offset - 1]);
+    expected.push_back(0); // room for more
     Bytes unpacked(expected.size());
     G9bDepacker depacker{.source = 0, .written = 0};
     depackG9bBlock(depacker, packed, unpacked);
-    ASSERT_TRUE(depacker.written == expected.size() && unpacked == expected) << length << " from " << offset;
+    ASSERT_TRUE(depacker.written == expected.size() - 1 && unpacked == expected) << length << " from " << offset;
     ASSERT_EQ(depacker.source, packed.size()) << length << " from " << offset;
   }
 }
