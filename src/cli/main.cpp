@@ -24,9 +24,9 @@ enum ExitStatus { kAllShown = 0, kSomeNotShown = 1, kWrongUsage = 2 };
 
 bool printInfo(const CliRequest &request) {
   bool allShown = true;
+  const auto file = std::make_unique<OpenedFile>();
   for (const std::string &path : request.files) {
     if (interrupted()) return false;
-    const auto file = std::make_unique<OpenedFile>();
     openFile(*file, path);
     std::string failure = refusal(file->viewer);
     if (failure.empty() && !showFrame(*file, request.frame)) {
