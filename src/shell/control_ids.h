@@ -12,6 +12,7 @@
 // Command number of the first row of kMenuRows; the others follow in order.
 #define kFirstMenuCommand 1000
 
+#define kThemedControlsManifest 2
 #define kPreferencesDialog 200
 #define kPreferencesMenu 201
 #define kSavePreferencesId 202

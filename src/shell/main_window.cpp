@@ -6,6 +6,8 @@
 #include "core/menus.h"
 #include "shell/control_ids.h"
 #include "shell/swatches.h"
+#include "shell/system_library.h"
+#include "shell/window_controls.h"
 #include "shell/window_placement.h"
 #include "shell/window_sync.h"
 #include "video/playback.h"
@@ -46,31 +48,16 @@ HMENU buildMenuBar() {
   return menuBar;
 }
 
-HWND createStatic(const MainWindow &main, HINSTANCE instance, size_t id, DWORD style) {
-  return CreateWindowExA(0, "STATIC", "", WS_CHILD | WS_CLIPSIBLINGS | style, 0, 0, 0, 0, main.window,
-                         reinterpret_cast<HMENU>(id), instance, nullptr);
-}
-
-bool createControls(MainWindow &main, HINSTANCE instance) {
-  if (!createMainView(main.mainView, main.window, instance)) return false;
-  if (!createVideoButtons(main.videoButtons, main.window, instance)) return false;
-  main.frameBar = CreateWindowExA(0, "SCROLLBAR", "Frame", WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP | SBS_HORZ, 0, 0, 0,
-                                  0, main.window, reinterpret_cast<HMENU>(INT_PTR{kHScroll1Id}), instance, nullptr);
-  constexpr DWORD kLabel = WS_VISIBLE | SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS;
-  for (size_t i = 0; i < main.labels.size(); ++i) main.labels[i] = createStatic(main, instance, kLabel1Id + i, kLabel);
-  for (size_t i = 0; i < main.swatches.size(); ++i) {
-    main.swatches[i] = createStatic(main, instance, kLabel5Id + i, SS_OWNERDRAW);
-  }
-  main.readout = createStatic(main, instance, kReadoutId, WS_VISIBLE | SS_OWNERDRAW);
-  main.readoutSwatch = createStatic(main, instance, kReadoutSwatchId, SS_OWNERDRAW);
-  return main.readoutSwatch != nullptr;
-}
-
-// Path of the first file of a drop.
-std::string droppedPath(HDROP drop) {
-  std::wstring wide(DragQueryFileW(drop, 0, nullptr, 0), L'\0');
+// Path of the first file of a drop, which is over then.
+std::string takeDroppedPath(HDROP drop) {
+  const HMODULE shell = systemLibrary("shell32.dll");
+  const auto query = libraryFunction<decltype(DragQueryFileW)>(shell, "DragQueryFileW");
+  const auto finish = libraryFunction<decltype(DragFinish)>(shell, "DragFinish");
+  if (query == nullptr || finish == nullptr) return {};
+  std::wstring wide(query(drop, 0, nullptr, 0), L'\0');
+  query(drop, 0, wide.data(), static_cast<UINT>(wide.size() + 1));
+  finish(drop);
   if (wide.empty()) return {};
-  DragQueryFileW(drop, 0, wide.data(), static_cast<UINT>(wide.size() + 1));
   const int wideLength = static_cast<int>(wide.size());
   const int length = WideCharToMultiByte(CP_UTF8, 0, wide.data(), wideLength, nullptr, 0, nullptr, nullptr);
   std::string path(static_cast<size_t>(length), '\0');
@@ -79,8 +66,7 @@ std::string droppedPath(HDROP drop) {
 }
 
 void openDroppedFile(MainWindow &main, HDROP drop) {
-  const std::string path = droppedPath(drop);
-  DragFinish(drop);
+  const std::string path = takeDroppedPath(drop);
   const bool behindDialog = !IsWindowEnabled(main.window);
   if (path.empty() || behindDialog) return;
   SetForegroundWindow(main.window);
@@ -195,7 +181,7 @@ bool createMainWindow(MainWindow &main, ViewerState &viewer, HINSTANCE instance)
   main.window = CreateWindowExA(WS_EX_ACCEPTFILES, kWindowClass, main.shown.caption.c_str(),
                                 WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT,
                                 CW_USEDEFAULT, nullptr, main.menuBar, instance, nullptr);
-  if (main.window == nullptr || !createControls(main, instance)) return false;
+  if (main.window == nullptr || !createControls(main)) return false;
   updateFont(main, GetDpiForWindow(main.window));
   SetWindowLongPtrA(main.window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&main));
   return true;
@@ -212,8 +198,8 @@ void showMainWindow(MainWindow &main, int showCommand) {
 void handleMessage(MainWindow &main, MSG &message) {
   if (message.message == WM_KEYDOWN && main.window != nullptr) {
     const HWND focus = GetFocus();
-    const bool pressesButton =
-        message.wParam == VK_SPACE && (focus == main.videoButtons[0].window || focus == main.videoButtons[1].window);
+    const bool pressesButton = message.wParam == VK_SPACE && focus != nullptr &&
+                               (focus == main.videoButtons[0].window || focus == main.videoButtons[1].window);
     const bool ctrl = GetKeyState(VK_CONTROL) < 0;
     const bool alt = GetKeyState(VK_MENU) < 0;
     if (!pressesButton &&

@@ -2,6 +2,7 @@
 
 #include "core/numbers.h"
 #include "shell/system_library.h"
+#include "shell/themed_controls.h"
 
 #include <windows.h>
 
@@ -14,6 +15,7 @@
 
 namespace {
 
+constexpr char kDialogLibrary[] = "Comdlg32.dll";
 constexpr char kTitle[] = "Open A File";
 constexpr DWORD kFlags = OFN_FORCESHOWHIDDEN | OFN_ENABLESIZING | OFN_EXPLORER | OFN_EXTENSIONDIFFERENT |
                          OFN_NOCHANGEDIR | OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT;
@@ -25,17 +27,16 @@ constexpr DWORD kOldRecordBytes = offsetof(OPENFILENAMEA, pvReserved);
 // Whether the dialog library has a major version of 5 or more.
 Flag16 commonDialogIsNew() {
   constexpr WORD kNewMajorVersion = 5;
-  constexpr char kLibrary[] = "Comdlg32.dll";
   const HMODULE version = systemLibrary("version.dll");
   const auto sizeOf = libraryFunction<decltype(GetFileVersionInfoSizeA)>(version, "GetFileVersionInfoSizeA");
   const auto read = libraryFunction<decltype(GetFileVersionInfoA)>(version, "GetFileVersionInfoA");
   const auto query = libraryFunction<decltype(VerQueryValueA)>(version, "VerQueryValueA");
   if (sizeOf == nullptr || read == nullptr || query == nullptr) return kFalse;
 
-  const DWORD size = sizeOf(kLibrary, nullptr);
+  const DWORD size = sizeOf(kDialogLibrary, nullptr);
   if (static_cast<int32_t>(size) <= 0) return kFalse;
   std::vector<uint8_t> record(size);
-  if (!read(kLibrary, 0, size, record.data())) return kFalse;
+  if (!read(kDialogLibrary, 0, size, record.data())) return kFalse;
   void *root = nullptr;
   UINT rootBytes = 0;
   if (!query(record.data(), "\\", &root, &rootBytes) || root == nullptr) return kFalse;
@@ -58,7 +59,9 @@ std::string runOpenFileDialog(HWND owner, const std::string &filter, const std::
   request.lpstrInitialDir = initialDirectory.c_str();
   request.lpstrTitle = kTitle;
   request.Flags = kFlags;
-  if (!GetOpenFileNameA(&request)) return "";
+  const ThemedControls themed;
+  const auto ask = libraryFunction<decltype(GetOpenFileNameA)>(systemLibrary(kDialogLibrary), "GetOpenFileNameA");
+  if (ask == nullptr || !ask(&request)) return "";
   path.back() = '\0';
   return path.data();
 }

@@ -5,6 +5,7 @@
 #include "shell/registry_settings.h"
 #include "shell/sound_device.h"
 #include "shell/text_dialog.h"
+#include "shell/themed_controls.h"
 #include "shell/window_sync.h"
 #include "video/playback.h"
 
@@ -21,7 +22,7 @@ void runPendingEvents(void *context) {
   const DWORD now = GetTickCount();
   if (main.viewer->loadUnderWay && now - main.lastEventPass < kLeastPauseMilliseconds) return;
   main.lastEventPass = now;
-  syncWindow(main);
+  if (IsWindowVisible(main.window)) syncWindow(main);
   MSG message;
   while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
     if (message.message == WM_QUIT) {
@@ -97,6 +98,7 @@ void showMessage(void *context, const std::string &title, const std::string &tex
                                           : icon == MessageIcon::kWarning   ? MB_ICONWARNING
                                                                             : 0);
   holdRun(*main.viewer);
+  const ThemedControls themed;
   MessageBoxA(main.window, text.c_str(), title.c_str(), MB_OK | iconFlag);
   resumeRun(*main.viewer);
 }

@@ -2,6 +2,7 @@
 
 #include "core/preferences.h"
 #include "shell/control_ids.h"
+#include "shell/themed_controls.h"
 
 namespace {
 
@@ -73,6 +74,7 @@ INT_PTR CALLBACK preferencesProcedure(HWND dialog, UINT message, WPARAM wParam, 
 } // namespace
 
 void showPreferencesDialog(HWND owner, ViewerState &viewer) {
+  const ThemedControls themed;
   DialogBoxParamA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(kPreferencesDialog), owner, preferencesProcedure,
                   reinterpret_cast<LPARAM>(&viewer));
 }

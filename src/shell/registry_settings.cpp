@@ -1,5 +1,7 @@
 #include "shell/registry_settings.h"
 
+#include "shell/system_library.h"
+
 #include <windows.h>
 
 #include <shlobj.h>
@@ -55,4 +57,7 @@ void deleteRegistrySetting(const std::string &key) {
   RegDeleteTreeA(HKEY_CLASSES_ROOT, key.c_str());
 }
 
-void notifyAssociationsChanged() { SHChangeNotify(SHCNE_ASSOCCHANGED, 8192, nullptr, nullptr); }
+void notifyAssociationsChanged() {
+  const auto notify = libraryFunction<decltype(SHChangeNotify)>(systemLibrary("shell32.dll"), "SHChangeNotify");
+  if (notify != nullptr) notify(SHCNE_ASSOCCHANGED, 8192, nullptr, nullptr);
+}

@@ -1,4 +1,5 @@
-// Libraries that are loaded from the system's own folder, so that no file beside the program can stand in for them.
+// Libraries that are loaded when they are first needed, since to load them all would double the time until the window
+// stands; and from the system's own folder, so that no file beside the program can stand in for them.
 #pragma once
 
 #include <windows.h>

@@ -1,6 +1,7 @@
 #include "shell/text_dialog.h"
 
 #include "shell/control_ids.h"
+#include "shell/themed_controls.h"
 #include "shell/window_layout.h"
 
 #include <algorithm>
@@ -112,6 +113,7 @@ void showTextDialog(HWND owner, const std::string &title, const std::string &tex
     if (letter == '\n') content.text += '\r';
     content.text += letter;
   }
+  const ThemedControls themed;
   DialogBoxParamA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(kTextDialog), owner, textDialogProcedure,
                   reinterpret_cast<LPARAM>(&content));
 }

@@ -39,6 +39,15 @@ void moveWindow(HWND window, const RECT &to) {
   SetWindowPos(window, nullptr, to.left, to.top, to.right - to.left, to.bottom - to.top, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+// Within the main window. To move what stands there already would take as long as any other move.
+void moveControl(HWND control, const RECT &to) {
+  if (control == nullptr) return; // not needed so far
+  RECT now{};
+  GetWindowRect(control, &now);
+  MapWindowPoints(nullptr, GetParent(control), reinterpret_cast<POINT *>(&now), 2);
+  if (!EqualRect(&now, &to)) moveWindow(control, to);
+}
+
 void resizeOnWorkArea(HWND window, SIZE size) {
   RECT place{};
   GetWindowRect(window, &place);
@@ -83,15 +92,15 @@ void updateFont(MainWindow &main, UINT dotsPerInch) {
 
 void placeControls(MainWindow &main) {
   const WindowLayout layout = layOutWindow(main.shown, main.metrics, clientSizeOf(main.window));
-  moveWindow(main.mainView.window, layout.mainView);
-  for (size_t i = 0; i < main.labels.size(); ++i) moveWindow(main.labels[i], layout.labels[i]);
-  for (size_t i = 0; i < main.swatches.size(); ++i) moveWindow(main.swatches[i], layout.swatches[i]);
+  moveControl(main.mainView.window, layout.mainView);
+  for (size_t i = 0; i < main.labels.size(); ++i) moveControl(main.labels[i], layout.labels[i]);
+  for (size_t i = 0; i < main.swatches.size(); ++i) moveControl(main.swatches[i], layout.swatches[i]);
   for (size_t i = 0; i < main.videoButtons.size(); ++i) {
-    moveWindow(main.videoButtons[i].window, layout.videoButtons[i]);
+    moveControl(main.videoButtons[i].window, layout.videoButtons[i]);
   }
-  moveWindow(main.frameBar, layout.frameBar);
-  moveWindow(main.readout, layout.readout);
-  moveWindow(main.readoutSwatch, layout.readoutSwatch);
+  moveControl(main.frameBar, layout.frameBar);
+  moveControl(main.readout, layout.readout);
+  moveControl(main.readoutSwatch, layout.readoutSwatch);
 }
 
 void fitWindow(MainWindow &main) {

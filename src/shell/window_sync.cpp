@@ -3,6 +3,7 @@
 #include "core/menus.h"
 #include "shell/control_ids.h"
 #include "shell/swatches.h"
+#include "shell/window_controls.h"
 #include "shell/window_placement.h"
 
 #include <algorithm>
@@ -32,7 +33,10 @@ void syncMenuItems(const MainWindow &main, const WindowModel &model) {
   }
 }
 
-void syncSwatches(const MainWindow &main, const WindowModel &model) {
+void syncSwatches(MainWindow &main, const WindowModel &model) {
+  if (std::any_of(model.Label5.begin(), model.Label5.end(), [](const Swatch &swatch) { return swatch.visible; })) {
+    provideSwatches(main);
+  }
   for (size_t i = 0; i < main.swatches.size(); ++i) {
     const Swatch &swatch = model.Label5[i];
     const Swatch &shown = main.shown.Label5[i];
@@ -55,10 +59,11 @@ void syncReadout(const MainWindow &main, const ColourReadout &readout) {
   if (visible != !main.shown.readout.text.empty()) ShowWindow(main.readoutSwatch, visible ? SW_SHOWNA : SW_HIDE);
 }
 
-void syncVideoControls(const MainWindow &main, const WindowModel &model) {
+void syncVideoControls(MainWindow &main, const WindowModel &model) {
   const ScrollBar &bar = model.HScroll1;
   const ScrollBar &shown = main.shown.HScroll1;
-  if (bar.maximum != shown.maximum || bar.value != shown.value) {
+  const bool fresh = bar.visible && provideVideoControls(main);
+  if (fresh || bar.maximum != shown.maximum || bar.value != shown.value) {
     SCROLLINFO state{};
     state.cbSize = sizeof state;
     state.fMask = SIF_RANGE | SIF_POS | SIF_DISABLENOSCROLL;

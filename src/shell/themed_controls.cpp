@@ -1,0 +1,25 @@
+#include "shell/themed_controls.h"
+
+#include "shell/control_ids.h"
+
+namespace {
+
+HANDLE createContext() {
+  ACTCTXA request{};
+  request.cbSize = sizeof request;
+  request.dwFlags = ACTCTX_FLAG_HMODULE_VALID | ACTCTX_FLAG_RESOURCE_NAME_VALID;
+  request.hModule = GetModuleHandleA(nullptr);
+  request.lpResourceName = MAKEINTRESOURCEA(kThemedControlsManifest);
+  return CreateActCtxA(&request);
+}
+
+} // namespace
+
+ThemedControls::ThemedControls() {
+  static const HANDLE context = createContext();
+  if (context == INVALID_HANDLE_VALUE || !ActivateActCtx(context, &cookie)) cookie = 0;
+}
+
+ThemedControls::~ThemedControls() {
+  if (cookie != 0) DeactivateActCtx(0, cookie);
+}

@@ -1,0 +1,42 @@
+#include "shell/window_controls.h"
+
+#include "shell/control_ids.h"
+#include "shell/themed_controls.h"
+#include "shell/window_placement.h"
+
+namespace {
+
+HINSTANCE programInstance() { return GetModuleHandleA(nullptr); }
+
+HWND createStatic(const MainWindow &main, size_t id, DWORD style) {
+  return CreateWindowExA(0, "STATIC", "", WS_CHILD | WS_CLIPSIBLINGS | style, 0, 0, 0, 0, main.window,
+                         reinterpret_cast<HMENU>(id), programInstance(), nullptr);
+}
+
+} // namespace
+
+bool createControls(MainWindow &main) {
+  if (!createMainView(main.mainView, main.window, programInstance())) return false;
+  constexpr DWORD kLabel = WS_VISIBLE | SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS;
+  for (size_t i = 0; i < main.labels.size(); ++i) main.labels[i] = createStatic(main, kLabel1Id + i, kLabel);
+  main.readout = createStatic(main, kReadoutId, WS_VISIBLE | SS_OWNERDRAW);
+  main.readoutSwatch = createStatic(main, kReadoutSwatchId, SS_OWNERDRAW);
+  return main.readoutSwatch != nullptr;
+}
+
+void provideSwatches(MainWindow &main) {
+  if (main.swatches.front() != nullptr) return;
+  for (size_t i = 0; i < main.swatches.size(); ++i) {
+    main.swatches[i] = createStatic(main, kLabel5Id + i, SS_OWNERDRAW);
+  }
+  placeControls(main);
+}
+
+bool provideVideoControls(MainWindow &main) {
+  const ThemedControls themed;
+  if (main.frameBar != nullptr || !createVideoButtons(main.videoButtons, main.window, programInstance())) return false;
+  main.frameBar =
+      CreateWindowExA(0, "SCROLLBAR", "Frame", WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP | SBS_HORZ, 0, 0, 0, 0,
+                      main.window, reinterpret_cast<HMENU>(INT_PTR{kHScroll1Id}), programInstance(), nullptr);
+  return true;
+}
