@@ -190,8 +190,7 @@ bool createMainWindow(MainWindow &main, ViewerState &viewer, HINSTANCE instance)
 void showMainWindow(MainWindow &main, int showCommand) {
   syncWindow(main);
   if (main.window == nullptr) return;
-  centreWindow(main);
-  ShowWindow(main.window, showCommand);
+  showFitted(main, showCommand);
   UpdateWindow(main.window);
 }
 

@@ -48,12 +48,25 @@ void moveControl(HWND control, const RECT &to) {
   if (!EqualRect(&now, &to)) moveWindow(control, to);
 }
 
-void resizeOnWorkArea(HWND window, SIZE size) {
+RECT placeOnWorkArea(HWND window, SIZE size, bool centred) {
+  const RECT workArea = workAreaOf(window);
   RECT place{};
   GetWindowRect(window, &place);
   place.right = place.left + size.cx;
   place.bottom = place.top + size.cy;
-  moveWindow(window, keptOnWorkArea(place, workAreaOf(window)));
+  place = keptOnWorkArea(place, workArea);
+  return centred ? centredOnWorkArea(sizeOf(place), workArea) : place;
+}
+
+// Every move of the window takes long, so it gets its size and its place in one.
+void fitToContent(const MainWindow &main, bool centred) {
+  const SIZE content = contentToShow(main);
+  const SIZE outer = outerSize(main, content);
+  moveWindow(main.window, placeOnWorkArea(main.window, outer, centred));
+  // A menu bar that needs several rows takes its room from the client area.
+  const LONG lacking = content.cy - clientSizeOf(main.window).cy;
+  if (lacking <= 0) return;
+  moveWindow(main.window, placeOnWorkArea(main.window, {outer.cx, outer.cy + lacking}, centred));
 }
 
 } // namespace
@@ -104,30 +117,23 @@ void placeControls(MainWindow &main) {
 }
 
 void fitWindow(MainWindow &main) {
+  if (!IsWindowVisible(main.window)) return; // it is fitted when it is shown
   main.fitWhenRestored = IsZoomed(main.window) || IsIconic(main.window);
-  if (!main.fitWhenRestored) {
-    const SIZE content = contentToShow(main);
-    const SIZE outer = outerSize(main, content);
-    resizeOnWorkArea(main.window, outer);
-    // A menu bar that needs several rows takes its room from the client area.
-    const LONG lacking = content.cy - clientSizeOf(main.window).cy;
-    if (lacking > 0) resizeOnWorkArea(main.window, {outer.cx, outer.cy + lacking});
-    if (main.shown.alwaysCentred) centreWindow(main);
-  }
+  if (!main.fitWhenRestored) fitToContent(main, main.shown.alwaysCentred);
   placeControls(main);
+}
+
+void showFitted(MainWindow &main, int showCommand) {
+  fitToContent(main, true);
+  placeControls(main);
+  ShowWindow(main.window, showCommand);
 }
 
 void keepWindowOnWorkArea(const MainWindow &main) {
   if (IsZoomed(main.window) || IsIconic(main.window)) return;
   RECT place{};
   GetWindowRect(main.window, &place);
-  resizeOnWorkArea(main.window, sizeOf(place));
-}
-
-void centreWindow(const MainWindow &main) {
-  RECT place{};
-  GetWindowRect(main.window, &place);
-  moveWindow(main.window, centredOnWorkArea(sizeOf(place), workAreaOf(main.window)));
+  moveWindow(main.window, placeOnWorkArea(main.window, sizeOf(place), false));
 }
 
 SIZE leastWindowSize(const MainWindow &main) {

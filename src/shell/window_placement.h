@@ -11,14 +11,14 @@ void releaseFont(MainWindow &main);
 void placeControls(MainWindow &main);
 
 // Sizes the window around its content and keeps it on the work area of its monitor. A maximised or minimised window is
-// left alone until it is restored.
+// left alone until it is restored, a hidden one until it is shown.
 void fitWindow(MainWindow &main);
 
 // Moves the window back onto the work area, with the size that the user gave it.
 void keepWindowOnWorkArea(const MainWindow &main);
 
-// Puts the window in the middle of the work area.
-void centreWindow(const MainWindow &main);
+// Shows the window for the first time, sized around its content, in the middle of the work area.
+void showFitted(MainWindow &main, int showCommand);
 
 // The least size to which the user may drag the frame.
 SIZE leastWindowSize(const MainWindow &main);
