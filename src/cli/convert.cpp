@@ -129,9 +129,12 @@ void convertUntilDone(Conversion &conversion) {
 
 bool convertFiles(const CliRequest &request) {
   Conversion conversion{.request = request, .groups = groupByName(request)};
-  const size_t cores = request.jobs != 0 ? request.jobs : std::max(1U, std::thread::hardware_concurrency());
   beginProgress(conversion.progress, request.files.size());
-  const size_t threadCount = std::min(cores, conversion.groups.size());
+  size_t threadCount = conversion.groups.size();
+  if (threadCount > 1) { // to ask for the cores takes time, too
+    const size_t cores = request.jobs != 0 ? request.jobs : std::max(1U, std::thread::hardware_concurrency());
+    threadCount = std::min(cores, threadCount);
+  }
   std::vector<std::thread> helpers;
   for (size_t i = 1; i < threadCount; ++i) helpers.emplace_back([&conversion] { convertUntilDone(conversion); });
   convertUntilDone(conversion);

@@ -3,6 +3,7 @@
 #include "core/buffers.h"
 #include "core/file_kinds.h"
 #include "core/text.h"
+#include "screens/pixel_kernels.h"
 
 #include <algorithm>
 #include <utility>
@@ -58,13 +59,8 @@ std::vector<uint8_t> encodeBehind(size_t before, uint32_t headerBytes, std::span
   for (size_t y = 0; y < lines; ++y) {
     const uint32_t *source = frameBits.data() + (lines - 1 - y) * columns;
     uint8_t *target = header.data() + headerBytes + y * rowBytes;
-    for (size_t x = 0; x < columns; ++x) {
-      target[0] = static_cast<uint8_t>(source[x]);
-      target[1] = static_cast<uint8_t>(source[x] >> 8);
-      target[2] = static_cast<uint8_t>(source[x] >> 16);
-      target += kBytesPerPixel;
-    }
-    std::fill(target, header.data() + headerBytes + (y + 1) * rowBytes, uint8_t{0});
+    pixelKernels().bytesOfWords(source, columns, target);
+    std::fill(target + columns * kBytesPerPixel, header.data() + headerBytes + (y + 1) * rowBytes, uint8_t{0});
   }
   return file;
 }

@@ -95,6 +95,12 @@ void drawYae(const uint8_t *source, size_t groups, const uint32_t *palette, uint
   drawGroups(source, groups, YaePixel{palette}, target);
 }
 
+void storeBytesOfWords(const uint32_t *words, size_t count, uint8_t *target) {
+  for (size_t n = 0; n < count; ++n) {
+    for (const int shift : {0, 8, 16}) *target++ = static_cast<uint8_t>(words[n] >> shift);
+  }
+}
+
 void drawPattern(const uint8_t *bits, const uint8_t *colours, const uint32_t *palette, uint32_t *target,
                  size_t linePixels) {
   for (size_t line = 0; line < kPatternSide; ++line, target += linePixels) {
@@ -122,6 +128,7 @@ const PixelKernels &plainPixelKernels() {
                                          .yuv = drawYuv,
                                          .yae = drawYae,
                                          .pattern = drawPattern,
+                                         .bytesOfWords = storeBytesOfWords,
                                          .wholeYjk = nullptr};
   return kKernels;
 }

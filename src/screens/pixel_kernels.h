@@ -1,4 +1,5 @@
-// The inner loops of the renderers: from bytes to colour words, many at once where the processor can.
+// The inner loops of the renderers: from bytes to colour words, many at once where the processor can; and of bitmap
+// files, from words to bytes.
 #pragma once
 
 #include <array>
@@ -32,6 +33,9 @@ struct PixelKernels {
   // clear bits (low). Lines lie `linePixels` apart.
   void (*pattern)(const uint8_t *bits, const uint8_t *colours, const uint32_t *palette, uint32_t *target,
                   size_t linePixels);
+
+  // The other way: blue, green and red bytes of so many words.
+  void (*bytesOfWords)(const uint32_t *words, size_t count, uint8_t *target);
 
   // At least 8 groups as in yjk, but with blue rounded to whole levels, halves to the even one. nullptr in the plain
   // kernels: the videos for which it is have a table of all colours.

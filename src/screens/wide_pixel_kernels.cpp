@@ -246,6 +246,21 @@ KORILAN_WIDE void drawPattern(const uint8_t *bits, const uint8_t *colours, const
   }
 }
 
+KORILAN_WIDE void storeBytesOfWords(const uint32_t *words, size_t count, uint8_t *target) {
+  constexpr size_t kWords = 8;
+  constexpr size_t kBytes = 24;       // of these
+  constexpr size_t kMostTouched = 11; // words whose bytes a store of 32 bytes reaches
+  const __m128i withoutTops = _mm_setr_epi8(0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, -1, -1, -1, -1);
+  const __m256i halves = _mm256_broadcastsi128_si256(withoutTops);
+  const __m256i together = _mm256_setr_epi32(0, 1, 2, 4, 5, 6, 3, 7);
+  for (; count >= kMostTouched; count -= kWords, words += kWords, target += kBytes) {
+    const __m256i block = _mm256_loadu_si256(reinterpret_cast<const __m256i *>(words));
+    const __m256i bytes = _mm256_permutevar8x32_epi32(_mm256_shuffle_epi8(block, halves), together);
+    _mm256_storeu_si256(reinterpret_cast<__m256i *>(target), bytes);
+  }
+  plainPixelKernels().bytesOfWords(words, count, target);
+}
+
 } // namespace
 
 const PixelKernels *widePixelKernels() {
@@ -256,6 +271,7 @@ const PixelKernels *widePixelKernels() {
                                          .yuv = drawYuv,
                                          .yae = drawYae,
                                          .pattern = drawPattern,
+                                         .bytesOfWords = storeBytesOfWords,
                                          .wholeYjk = drawWholeYjk};
   return __builtin_cpu_supports("avx2") ? &kKernels : nullptr;
 }

@@ -73,6 +73,25 @@ TEST(PixelKernels, WideOnesDrawWhatPlainOnesDraw) {
   }
 }
 
+TEST(PixelKernels, BytesOfWordsAreBlueGreenRed) {
+  std::vector<uint32_t> words;
+  for (uint32_t n = 0; n < 60; ++n) words.push_back(n * 0x0A0705 + 0x80C0E0);
+  for (const PixelKernels *kernels : {&plainPixelKernels(), &pixelKernels()}) {
+    for (size_t count = 0; count <= words.size(); ++count) {
+      std::vector<uint8_t> expected;
+      for (size_t n = 0; n < count; ++n) {
+        expected.push_back(static_cast<uint8_t>(words[n] % 256));
+        expected.push_back(static_cast<uint8_t>(words[n] / 256 % 256));
+        expected.push_back(static_cast<uint8_t>(words[n] / 65536 % 256));
+      }
+      expected.resize(expected.size() + 32, 0xEE);
+      std::vector<uint8_t> stored(expected.size(), 0xEE);
+      kernels->bytesOfWords(words.data(), count, stored.data());
+      EXPECT_EQ(stored, expected) << count;
+    }
+  }
+}
+
 TEST(PixelKernels, WidePatternsAreThePlainOnes) {
   const PixelKernels *wide = widePixelKernels();
   if (wide == nullptr) GTEST_SKIP() << "this processor has only the plain ones";
