@@ -182,9 +182,12 @@ void answerOpenDialog(const DrivenWindow &driven, const std::string &path) {
 void expectSwatches(const DrivenWindow &driven, const WindowModel &model) {
   for (size_t i = 0; i < model.Label5.size(); ++i) {
     const Swatch &swatch = model.Label5[i];
-    const HWND control = GetDlgItem(driven.window, kLabel5Id + static_cast<int>(i));
-    EXPECT_TRUE(waitUntil([&] { return (IsWindowVisible(control) != FALSE) == swatch.visible; })) << i;
-    if (!swatch.visible) continue;
+    HWND control = nullptr; // made when it is first shown
+    EXPECT_TRUE(waitUntil([&] {
+      control = GetDlgItem(driven.window, kLabel5Id + static_cast<int>(i));
+      return (IsWindowVisible(control) != FALSE) == swatch.visible;
+    })) << i;
+    if (!swatch.visible || control == nullptr) continue;
     std::array<char, 32> name{};
     std::snprintf(name.data(), name.size(), "Color %d: #%06X", static_cast<int>(i), swatch.background);
     EXPECT_EQ(textOf(control), name.data());
