@@ -123,12 +123,11 @@ KORILAN_SHUFFLES void unpackMaskByMask(CmpDepacker &depacker, size_t bytes) {
   depacker.output += bytes;
 }
 
-const bool kHasShuffles = __builtin_cpu_supports("ssse3") != 0;
+auto *const unpackApart = __builtin_cpu_supports("ssse3") ? unpackMaskByMask : unpackByteByByte;
 
 #else
 
-const bool kHasShuffles = false;
-void unpackMaskByMask(CmpDepacker &depacker, size_t bytes) { unpackByteByByte(depacker, bytes); }
+auto *const unpackApart = unpackByteByByte;
 
 #endif
 
@@ -151,9 +150,9 @@ void startCmpDepacker(CmpDepacker &depacker, std::span<const uint8_t> file) {
 
 bool depackCmpLine(CmpDepacker &depacker) {
   const size_t bytes = std::min(depacker.bytesPerLine, kCmpMemoryBytes - depacker.output);
-  const bool apart = kHasShuffles && depacker.input + kMostLineInput <= kMaskTable &&
-                     depacker.output + bytes + kMaskBytes <= kCmpMemoryBytes;
-  apart ? unpackMaskByMask(depacker, bytes) : unpackByteByByte(depacker, bytes);
+  const bool apart =
+      depacker.input + kMostLineInput <= kMaskTable && depacker.output + bytes + kMaskBytes <= kCmpMemoryBytes;
+  (apart ? unpackApart : unpackByteByByte)(depacker, bytes);
   if (depacker.directLines > 0) --depacker.directLines;
   return --depacker.linesLeft != 0 && depacker.output != kCmpMemoryBytes;
 }
