@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <numeric>
 
 // Tile set:    palette (32 bytes), then what renderTileSet reads: 256 tiles of 8 pattern bytes, and from 2048 on 256
 //              tiles of 8 colour bytes (high nibble foreground, low nibble background), a byte for each line
@@ -22,8 +23,6 @@ constexpr int32_t kTileSetWidth = 256;
 constexpr int32_t kTileSetHeight = 64;
 constexpr int32_t kTilesPos = 33;
 constexpr size_t kTiles = 256;
-constexpr size_t kTilesPerRow = 32;
-constexpr size_t kTileSize = 8;
 constexpr size_t kTileColours = 2048;
 
 constexpr int32_t kSpriteSetWidth = 256;
@@ -115,9 +114,10 @@ void loadSpriteSet(ViewerState &viewer) {
 
 void renderTileSet(ViewerState &viewer) {
   if (viewer.frameWidth != kTileSetWidth || viewer.frameHeight != kTileSetHeight) return;
-  for (size_t tile = 0; tile < kTiles; ++tile) {
-    const size_t corner = tile / kTilesPerRow * kTileSize * kTileSetWidth + tile % kTilesPerRow * kTileSize;
-    drawCell(viewer, tile * kTileSize, kTileColours + tile * kTileSize, corner);
+  for (size_t row = 0; row < kTiles / kCellsPerRow; ++row) {
+    std::array<size_t, kCellsPerRow> tiles;
+    std::iota(tiles.begin(), tiles.end(), row * kCellsPerRow);
+    drawCellRow(viewer, row, tiles, kTileColours);
   }
 }
 

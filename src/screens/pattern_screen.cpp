@@ -21,7 +21,6 @@ constexpr size_t kColourTable = 0x2000;
 constexpr size_t kTablesEnd = kColourTable + 6144;
 
 constexpr size_t kCells = 768;
-constexpr size_t kCellsPerRow = 32;
 constexpr size_t kCellSize = kPatternSide;
 constexpr size_t kThirdMask = 0x300; // the bits of a cell number that tell its third of the screen
 constexpr int32_t kWidth = 256;
@@ -62,9 +61,16 @@ void loadPatternScreen(ViewerState &viewer) {
   renderAndShow(viewer);
 }
 
-void drawCell(ViewerState &viewer, size_t patternAt, size_t coloursAt, size_t corner) {
-  pixelKernels().pattern(viewer.vram.data() + patternAt, viewer.vram.data() + coloursAt, viewer.palette.data(),
-                         viewer.frameBits.data() + corner, kWidth);
+void drawCellRow(ViewerState &viewer, size_t row, const std::array<size_t, kCellsPerRow> &patterns,
+                 size_t colourTable) {
+  const uint8_t *const vram = viewer.vram.data();
+  std::array<PatternCell, kCellsPerRow> cells;
+  for (size_t i = 0; i < cells.size(); ++i) {
+    const size_t at = patterns[i] * kCellSize;
+    cells[i] = {.bits = vram + at, .colours = vram + colourTable + at};
+  }
+  uint32_t *const target = viewer.frameBits.data() + row * kCellSize * kWidth;
+  pixelKernels().cells(cells.data(), cells.size(), viewer.palette.data(), target, kWidth);
 }
 
 bool patternScreenFills(const ViewerState &viewer) {
@@ -74,9 +80,12 @@ bool patternScreenFills(const ViewerState &viewer) {
 
 void renderPatternScreen(ViewerState &viewer) {
   if (!patternScreenFills(viewer)) return;
-  for (size_t cell = 0; cell < kCells; ++cell) {
-    const size_t pattern = viewer.vram[kNameTable + cell] + (cell & kThirdMask);
-    const size_t corner = cell / kCellsPerRow * kCellSize * kWidth + cell % kCellsPerRow * kCellSize;
-    drawCell(viewer, pattern * kCellSize, kColourTable + pattern * kCellSize, corner);
+  for (size_t row = 0; row < kCells / kCellsPerRow; ++row) {
+    std::array<size_t, kCellsPerRow> patterns;
+    for (size_t column = 0; column < kCellsPerRow; ++column) {
+      const size_t cell = row * kCellsPerRow + column;
+      patterns[column] = viewer.vram[kNameTable + cell] + (cell & kThirdMask);
+    }
+    drawCellRow(viewer, row, patterns, kColourTable);
   }
 }

@@ -101,11 +101,15 @@ void storeBytesOfWords(const uint32_t *words, size_t count, uint8_t *target) {
   }
 }
 
-void drawPattern(const uint8_t *bits, const uint8_t *colours, const uint32_t *palette, uint32_t *target,
-                 size_t linePixels) {
-  for (size_t line = 0; line < kPatternSide; ++line, target += linePixels) {
-    const uint32_t twoColours[2] = {palette[colours[line] & 0x0F], palette[colours[line] >> 4]};
-    for (size_t k = 0; k < kPatternSide; ++k) target[k] = twoColours[bits[line] >> (kPatternSide - 1 - k) & 1];
+void drawCells(const PatternCell *cells, size_t count, const uint32_t *palette, uint32_t *target, size_t linePixels) {
+  for (size_t n = 0; n < count; ++n, target += kPatternSide) {
+    for (size_t line = 0; line < kPatternSide; ++line) {
+      const uint8_t colours = cells[n].colours[line];
+      const uint32_t twoColours[2] = {palette[colours & 0x0F], palette[colours >> 4]};
+      for (size_t k = 0; k < kPatternSide; ++k) {
+        target[line * linePixels + k] = twoColours[cells[n].bits[line] >> (kPatternSide - 1 - k) & 1];
+      }
+    }
   }
 }
 
@@ -127,7 +131,7 @@ const PixelKernels &plainPixelKernels() {
                                          .yjk = drawYjk,
                                          .yuv = drawYuv,
                                          .yae = drawYae,
-                                         .pattern = drawPattern,
+                                         .cells = drawCells,
                                          .bytesOfWords = storeBytesOfWords,
                                          .wholeYjk = nullptr};
   return kKernels;

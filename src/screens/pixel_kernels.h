@@ -12,6 +12,13 @@ inline constexpr size_t kGroupPixels = 4; // with a common hue
 // The colours of the fixed 256-colour mode by their bytes.
 extern const std::array<uint32_t, 256> kGrb332Colours;
 
+// A pattern of 8 lines, a byte each, bit 7 leftmost; for each line a byte with the entries of set bits (high) and of
+// clear bits (low).
+struct PatternCell {
+  const uint8_t *bits;
+  const uint8_t *colours;
+};
+
 // Each procedure writes its pixels to `target`, one after another. `palette` has 16 words with the same highest byte.
 struct PixelKernels {
   // Two entries a byte, the left one in the high bits.
@@ -29,10 +36,8 @@ struct PixelKernels {
   void (*yuv)(const uint8_t *source, size_t groups, uint32_t *target);
   void (*yae)(const uint8_t *source, size_t groups, const uint32_t *palette, uint32_t *target);
 
-  // A pattern of 8 lines, a byte each, bit 7 leftmost; for each line a byte with the entries of set bits (high) and of
-  // clear bits (low). Lines lie `linePixels` apart.
-  void (*pattern)(const uint8_t *bits, const uint8_t *colours, const uint32_t *palette, uint32_t *target,
-                  size_t linePixels);
+  // Cells beside one another, the first one at `target`. Lines lie `linePixels` apart.
+  void (*cells)(const PatternCell *cells, size_t count, const uint32_t *palette, uint32_t *target, size_t linePixels);
 
   // The other way: blue, green and red bytes of so many words.
   void (*bytesOfWords)(const uint32_t *words, size_t count, uint8_t *target);

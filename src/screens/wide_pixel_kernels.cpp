@@ -35,14 +35,18 @@ struct PaletteChannels {
   Channels tables;
 
   KORILAN_WIDE explicit PaletteChannels(const uint32_t *palette) {
-    alignas(16) std::array<std::array<uint8_t, 16>, 3> bytes{};
-    for (size_t channel = 0; channel < 3; ++channel) {
-      for (size_t i = 0; i < 16; ++i) bytes[channel][i] = static_cast<uint8_t>(palette[i] >> 8 * channel);
-    }
-    const auto twice = [&bytes](size_t channel) KORILAN_WIDE {
-      return _mm256_broadcastsi128_si256(_mm_load_si128(reinterpret_cast<const __m128i *>(bytes[channel].data())));
+    const __m128i byChannel = _mm_setr_epi8(0, 4, 8, 12, 1, 5, 9, 13, 2, 6, 10, 14, 3, 7, 11, 15);
+    const auto fourWords = [&](size_t first) KORILAN_WIDE {
+      return _mm_shuffle_epi8(_mm_loadu_si128(reinterpret_cast<const __m128i *>(palette + first)), byChannel);
     };
-    tables = {.blue = twice(0), .green = twice(1), .red = twice(2), .top = bytesOf(static_cast<int>(palette[0] >> 24))};
+    const __m128i blueGreen0 = _mm_unpacklo_epi32(fourWords(0), fourWords(4));
+    const __m128i blueGreen8 = _mm_unpacklo_epi32(fourWords(8), fourWords(12));
+    const __m128i red0 = _mm_unpackhi_epi32(fourWords(0), fourWords(4));
+    const __m128i red8 = _mm_unpackhi_epi32(fourWords(8), fourWords(12));
+    tables = {.blue = _mm256_broadcastsi128_si256(_mm_unpacklo_epi64(blueGreen0, blueGreen8)),
+              .green = _mm256_broadcastsi128_si256(_mm_unpackhi_epi64(blueGreen0, blueGreen8)),
+              .red = _mm256_broadcastsi128_si256(_mm_unpacklo_epi64(red0, red8)),
+              .top = bytesOf(static_cast<int>(palette[0] >> 24))};
   }
 };
 
@@ -234,16 +238,48 @@ KORILAN_WIDE void drawYae(const uint8_t *source, size_t groups, const uint32_t *
   }
 }
 
-KORILAN_WIDE void drawPattern(const uint8_t *bits, const uint8_t *colours, const uint32_t *palette, uint32_t *target,
-                              size_t linePixels) {
-  const __m256i bitOfPixel = _mm256_setr_epi32(0x80, 0x40, 0x20, 0x10, 0x08, 0x04, 0x02, 0x01);
-  for (size_t line = 0; line < kPatternSide; ++line, target += linePixels) {
-    const __m256i own = _mm256_and_si256(_mm256_set1_epi32(bits[line]), bitOfPixel);
-    const __m256i isSet = _mm256_cmpeq_epi32(own, bitOfPixel);
-    const __m256i clearColour = _mm256_set1_epi32(static_cast<int>(palette[colours[line] & 0x0F]));
-    const __m256i setColour = _mm256_set1_epi32(static_cast<int>(palette[colours[line] >> 4]));
-    _mm256_storeu_si256(reinterpret_cast<__m256i *>(target), _mm256_blendv_epi8(clearColour, setColour, isSet));
+constexpr size_t kBlockCells = kBlock / kPatternSide;
+constexpr size_t kHalfLines = kPatternSide / 2;
+
+// One byte of each line of four cells: lines 0 to 3 of all of them, then lines 4 to 7, twice each.
+struct CellLines {
+  __m256i upper;
+  __m256i lower;
+
+  KORILAN_WIDE CellLines(const uint8_t *cell0, const uint8_t *cell1, const uint8_t *cell2, const uint8_t *cell3) {
+    const auto pair = [](const uint8_t *left, const uint8_t *right) KORILAN_WIDE {
+      return _mm_castsi128_ps(_mm_unpacklo_epi64(_mm_loadl_epi64(reinterpret_cast<const __m128i *>(left)),
+                                                 _mm_loadl_epi64(reinterpret_cast<const __m128i *>(right))));
+    };
+    const __m128 left = pair(cell0, cell1);
+    const __m128 right = pair(cell2, cell3);
+    upper = _mm256_broadcastsi128_si256(_mm_castps_si128(_mm_shuffle_ps(left, right, _MM_SHUFFLE(2, 0, 2, 0))));
+    lower = _mm256_broadcastsi128_si256(_mm_castps_si128(_mm_shuffle_ps(left, right, _MM_SHUFFLE(3, 1, 3, 1))));
   }
+};
+
+KORILAN_WIDE void drawCells(const PatternCell *cells, size_t count, const uint32_t *palette, uint32_t *target,
+                            size_t linePixels) {
+  const PaletteChannels channels(palette);
+  // Left halves of four cells, then their right halves: by fours.
+  const __m256i bitOfPixel =
+      _mm256_set_epi32(0x01020408, 0x01020408, 0x01020408, 0x01020408, 0x10204080, 0x10204080, 0x10204080, 0x10204080);
+  const __m256i firstLines = _mm256_broadcastsi128_si256(
+      _mm_setr_epi8(0, 0, 0, 0, 4, 4, 4, 4, 8, 8, 8, 8, 12, 12, 12, 12)); // of each cell, for four pixels
+  for (; count >= kBlockCells; count -= kBlockCells, cells += kBlockCells, target += kBlock) {
+    const CellLines bits(cells[0].bits, cells[1].bits, cells[2].bits, cells[3].bits);
+    const CellLines colours(cells[0].colours, cells[1].colours, cells[2].colours, cells[3].colours);
+    for (size_t line = 0; line < kPatternSide; ++line) {
+      const bool upper = line < kHalfLines;
+      const __m256i from = _mm256_add_epi8(firstLines, bytesOf(static_cast<int>(line % kHalfLines)));
+      const __m256i lineBits = _mm256_shuffle_epi8(upper ? bits.upper : bits.lower, from);
+      const __m256i isSet = _mm256_cmpeq_epi8(_mm256_and_si256(lineBits, bitOfPixel), bitOfPixel);
+      const __m256i both = _mm256_shuffle_epi8(upper ? colours.upper : colours.lower, from);
+      const __m256i entries = _mm256_blendv_epi8(field<0>(both, 15), field<4>(both, 15), isSet);
+      store(target + line * linePixels, lookUp(channels, entries));
+    }
+  }
+  plainPixelKernels().cells(cells, count, palette, target, linePixels);
 }
 
 KORILAN_WIDE void storeBytesOfWords(const uint32_t *words, size_t count, uint8_t *target) {
@@ -270,7 +306,7 @@ const PixelKernels *widePixelKernels() {
                                          .yjk = drawYjk,
                                          .yuv = drawYuv,
                                          .yae = drawYae,
-                                         .pattern = drawPattern,
+                                         .cells = drawCells,
                                          .bytesOfWords = storeBytesOfWords,
                                          .wholeYjk = drawWholeYjk};
   return __builtin_cpu_supports("avx2") ? &kKernels : nullptr;

@@ -92,20 +92,27 @@ TEST(PixelKernels, BytesOfWordsAreBlueGreenRed) {
   }
 }
 
-TEST(PixelKernels, WidePatternsAreThePlainOnes) {
+TEST(PixelKernels, WideCellsAreThePlainOnes) {
   const PixelKernels *wide = widePixelKernels();
   if (wide == nullptr) GTEST_SKIP() << "this processor has only the plain ones";
+  constexpr size_t kMostCells = 9;
+  constexpr size_t kLine = kMostCells * 8 + 3;
   for (int first = 0; first < 256; ++first) {
-    std::array<uint8_t, 8> bits{};
-    std::array<uint8_t, 8> colours{};
-    for (int i = 0; i < 8; ++i) {
-      bits[static_cast<size_t>(i)] = static_cast<uint8_t>(first + 31 * i);
-      colours[static_cast<size_t>(i)] = static_cast<uint8_t>(7 * first + i);
+    std::array<std::array<uint8_t, 8>, kMostCells> bits{};
+    std::array<std::array<uint8_t, 8>, kMostCells> colours{};
+    std::array<PatternCell, kMostCells> cells{};
+    for (size_t cell = 0; cell < kMostCells; ++cell) {
+      for (size_t i = 0; i < 8; ++i) {
+        bits[cell][i] = static_cast<uint8_t>(static_cast<size_t>(first) + 31 * i + 57 * cell);
+        colours[cell][i] = static_cast<uint8_t>(7 * static_cast<size_t>(first) + i + 101 * cell);
+      }
+      cells[cell] = {.bits = bits[cell].data(), .colours = colours[cell].data()};
     }
-    std::vector<uint32_t> expected(8 * 11, 5);
+    const size_t count = static_cast<size_t>(first) % (kMostCells + 1);
+    std::vector<uint32_t> expected(8 * kLine, 5);
     std::vector<uint32_t> drawn = expected;
-    plainPixelKernels().pattern(bits.data(), colours.data(), kPalette.data(), expected.data(), 11);
-    wide->pattern(bits.data(), colours.data(), kPalette.data(), drawn.data(), 11);
+    plainPixelKernels().cells(cells.data(), count, kPalette.data(), expected.data(), kLine);
+    wide->cells(cells.data(), count, kPalette.data(), drawn.data(), kLine);
     EXPECT_EQ(drawn, expected) << first;
   }
 }
