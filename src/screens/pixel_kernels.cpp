@@ -66,14 +66,25 @@ struct YaePixel {
   }
 };
 
+// Entry `i` of a byte, from the highest bits down.
+template <size_t kPixels> constexpr size_t entryOf(size_t byte, size_t i) {
+  constexpr size_t kBits = 8 / kPixels;
+  return byte >> (8 - kBits - i * kBits) & ((size_t{1} << kBits) - 1);
+}
+
 // The colours of every byte value: one look-up a byte instead of one a pixel.
 template <size_t kPixels>
 void drawPacked(const uint8_t *source, size_t bytes, const uint32_t *palette, uint32_t *target) {
-  constexpr size_t kBits = 8 / kPixels;
-  constexpr size_t kMask = (size_t{1} << kBits) - 1;
+  constexpr size_t kWorthATable = 64; // bytes
+  if (bytes < kWorthATable) {
+    for (size_t n = 0; n < bytes; ++n) {
+      for (size_t i = 0; i < kPixels; ++i) *target++ = palette[entryOf<kPixels>(source[n], i)];
+    }
+    return;
+  }
   std::array<std::array<uint32_t, kPixels>, 256> table;
   for (size_t byte = 0; byte < table.size(); ++byte) {
-    for (size_t i = 0; i < kPixels; ++i) table[byte][i] = palette[byte >> (8 - kBits - i * kBits) & kMask];
+    for (size_t i = 0; i < kPixels; ++i) table[byte][i] = palette[entryOf<kPixels>(byte, i)];
   }
   for (size_t n = 0; n < bytes; ++n, target += kPixels) std::memcpy(target, table[source[n]].data(), sizeof table[0]);
 }

@@ -49,7 +49,7 @@ TEST(PixelKernels, WideOnesDrawWhatPlainOnesDraw) {
   };
   const std::vector<uint8_t> pairs = allPairs();
   const std::vector<uint8_t> groups = allGroups();
-  for (size_t left = 0; left < 40; ++left) { // blocks that are not whole
+  for (size_t left = 0; left < 40; ++left) { // blocks that are not whole, and all
     const size_t bytes = left == 0 ? pairs.size() : left;
     expectSame(
         bytes * 2, [&](uint32_t *to) { plain.nibbles(pairs.data(), bytes, kPalette.data(), to); },
