@@ -66,6 +66,10 @@ constexpr std::array<FileKind, kFileKindCount> kFileKinds{{
 // A row missing at the end of the table would be empty.
 static_assert(kFileKinds.back().extension != nullptr);
 
+static_assert(std::all_of(kFileKinds.begin(), kFileKinds.end(), [](const FileKind &kind) {
+  return std::string_view(kind.extension).size() == kExtensionLength;
+}));
+
 const FileKind *findFileKind(std::string_view extension) {
   if (extension.size() != kExtensionLength) return nullptr;
   const auto row = std::find_if(kFileKinds.begin(), kFileKinds.end(), [extension](const FileKind &kind) {

@@ -27,8 +27,9 @@ constexpr size_t kLinesAt = 1;
 constexpr size_t kDirectLinesAt = 2;
 constexpr size_t kStreamAt = 3;
 
-// No line of 256 bytes takes more: its bytes, and the control bytes and masks of five groups that it reaches into.
-constexpr size_t kMostLineInput = 256 + 5 * (1 + kMasks);
+// No line of 256 bytes takes more: its bytes, and the control bytes and masks of four groups that begin in it or right
+// behind it.
+constexpr size_t kMostLineInput = 256 + 4 * (1 + kMasks);
 
 // Reads a control byte and its masks. Returns where the input goes on.
 size_t fillMaskTable(uint8_t *memory, size_t input) {

@@ -16,16 +16,18 @@ struct MainWindow {
   HMENU menuBar = nullptr;
   MainView mainView;
   std::array<HWND, 4> labels{};    // Label1 to Label4
-  std::array<HWND, 16> swatches{}; // Label5
+  std::array<HWND, 16> swatches{}; // Label5; nullptr until first needed, as are the video controls
   HWND readout = nullptr;
   HWND readoutSwatch = nullptr;
   VideoButtons videoButtons; // Image1 and Image2
   HWND frameBar = nullptr;   // HScroll1
+  bool videoControlsMade = false;
   HFONT font = nullptr;
   TextMetrics metrics;
 
   WindowModel shown;            // what the controls show at present
   DWORD lastEventPass = 0;      // tick count of the last pass over waiting events during a load
+  bool placed = false;          // the window stands in its place for the first time
   bool fitWhenRestored = false; // MainView changed its size while the window was maximised or minimised
 };
 

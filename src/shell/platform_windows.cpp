@@ -22,7 +22,7 @@ void runPendingEvents(void *context) {
   const DWORD now = GetTickCount();
   if (main.viewer->loadUnderWay && now - main.lastEventPass < kLeastPauseMilliseconds) return;
   main.lastEventPass = now;
-  if (IsWindowVisible(main.window)) syncWindow(main);
+  if (main.placed) syncWindow(main); // before, there is nothing to see
   MSG message;
   while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
     if (message.message == WM_QUIT) {

@@ -1,5 +1,5 @@
-// The controls of the system's present style come from a library of their own. Dialogs ask for it when they open; the
-// main window has nothing that would look different, and stands sooner without it.
+// The controls of the system's present style come from a library of their own. Dialogs and the frame bar ask for it
+// when they are made; what else the main window has would look the same, and the window stands sooner without it.
 #pragma once
 
 #include <windows.h>

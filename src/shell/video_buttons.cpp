@@ -98,18 +98,17 @@ LRESULT CALLBACK buttonProcedure(HWND window, UINT message, WPARAM wParam, LPARA
 
 } // namespace
 
-bool createVideoButtons(VideoButtons &buttons, HWND parent, HINSTANCE instance) {
+void createVideoButtons(VideoButtons &buttons, HWND parent, HINSTANCE instance) {
   constexpr std::array<const char *, 2> kNames = {"Play", "Stop"};
   for (size_t i = 0; i < buttons.size(); ++i) {
     VideoButton &button = buttons[i];
     button.window = CreateWindowExA(0, "BUTTON", kNames[i], WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP | BS_OWNERDRAW, 0,
                                     0, 0, 0, parent, reinterpret_cast<HMENU>(kImage1Id + i), instance, nullptr);
-    if (button.window == nullptr) return false;
+    if (button.window == nullptr) continue;
     SetWindowLongPtrA(button.window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&button));
     button.firstProcedure = reinterpret_cast<WNDPROC>(
         SetWindowLongPtrA(button.window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(buttonProcedure)));
   }
-  return true;
 }
 
 void showVideoButtons(const VideoButtons &buttons, bool visible) {

@@ -14,8 +14,8 @@ struct VideoButton {
 // Play, then Stop.
 using VideoButtons = std::array<VideoButton, 2>;
 
-// Makes both, hidden. `buttons` must outlive them. Returns false when the system refuses.
-bool createVideoButtons(VideoButtons &buttons, HWND parent, HINSTANCE instance);
+// Makes both, hidden, as far as the system allows. `buttons` must outlive them.
+void createVideoButtons(VideoButtons &buttons, HWND parent, HINSTANCE instance);
 
 void showVideoButtons(const VideoButtons &buttons, bool visible);
 

@@ -33,8 +33,10 @@ void provideSwatches(MainWindow &main) {
 }
 
 bool provideVideoControls(MainWindow &main) {
+  if (main.videoControlsMade) return false;
+  main.videoControlsMade = true;
   const ThemedControls themed;
-  if (main.frameBar != nullptr || !createVideoButtons(main.videoButtons, main.window, programInstance())) return false;
+  createVideoButtons(main.videoButtons, main.window, programInstance());
   main.frameBar =
       CreateWindowExA(0, "SCROLLBAR", "Frame", WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP | SBS_HORZ, 0, 0, 0, 0,
                       main.window, reinterpret_cast<HMENU>(INT_PTR{kHScroll1Id}), programInstance(), nullptr);

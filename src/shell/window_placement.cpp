@@ -117,13 +117,14 @@ void placeControls(MainWindow &main) {
 }
 
 void fitWindow(MainWindow &main) {
-  if (!IsWindowVisible(main.window)) return; // it is fitted when it is shown
+  if (!main.placed) return;
   main.fitWhenRestored = IsZoomed(main.window) || IsIconic(main.window);
   if (!main.fitWhenRestored) fitToContent(main, main.shown.alwaysCentred);
   placeControls(main);
 }
 
 void showFitted(MainWindow &main, int showCommand) {
+  main.placed = true;
   fitToContent(main, true);
   placeControls(main);
   ShowWindow(main.window, showCommand);

@@ -11,7 +11,7 @@ void releaseFont(MainWindow &main);
 void placeControls(MainWindow &main);
 
 // Sizes the window around its content and keeps it on the work area of its monitor. A maximised or minimised window is
-// left alone until it is restored, a hidden one until it is shown.
+// left alone until it is restored, a new one until it is shown.
 void fitWindow(MainWindow &main);
 
 // Moves the window back onto the work area, with the size that the user gave it.

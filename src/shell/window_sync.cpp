@@ -63,7 +63,7 @@ void syncVideoControls(MainWindow &main, const WindowModel &model) {
   const ScrollBar &bar = model.HScroll1;
   const ScrollBar &shown = main.shown.HScroll1;
   const bool fresh = bar.visible && provideVideoControls(main);
-  if (fresh || bar.maximum != shown.maximum || bar.value != shown.value) {
+  if (fresh || (main.frameBar != nullptr && (bar.maximum != shown.maximum || bar.value != shown.value))) {
     SCROLLINFO state{};
     state.cbSize = sizeof state;
     state.fMask = SIF_RANGE | SIF_POS | SIF_DISABLENOSCROLL;
