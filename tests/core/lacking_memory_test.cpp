@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <new>
+
 namespace {
 
 constexpr const char *kError = "*** Error: Not enough memory.";
@@ -137,6 +139,18 @@ TEST(LackingMemory, TheReadOutDoesWithoutTheEntry) {
   EXPECT_EQ(scarceMemory().largeBlocks, 1);
   scarceMemory() = {};
   EXPECT_EQ(window.viewer.window.readout.text, "0, 0   #393939"); // 7 of 31
+}
+
+TEST(LackingMemory, VideoMemoryThatCannotBeMadeEndsTheProgramAsAnyOtherWould) {
+  const auto make = [] {
+    scarceMemory() = {.refusedBlock = 1};
+    const VideoMemory memory(size_t{2} << 20);
+  };
+  EXPECT_THROW(make(), std::bad_alloc);
+  const std::new_handler before = std::set_new_handler([] { throw 7; });
+  EXPECT_THROW(make(), int); // the program's own word comes first
+  std::set_new_handler(before);
+  scarceMemory() = {};
 }
 
 } // namespace
