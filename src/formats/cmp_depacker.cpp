@@ -17,10 +17,10 @@
 
 namespace {
 
-constexpr size_t kMaskTable = 0x7EF8; // inside the input area, which it overwrites: intended
-constexpr size_t kMasks = 8;
-constexpr size_t kMaskBytes = 8;       // of the output
+constexpr size_t kMaskTable = 0x7EF8;  // inside the input area, which it overwrites: intended
 constexpr size_t kLineBuffer = 0x7F00; // likewise
+constexpr size_t kMasks = 8;
+constexpr size_t kMaskBytes = 8; // of the output
 
 constexpr size_t kBytesPerLineAt = 0;
 constexpr size_t kLinesAt = 1;

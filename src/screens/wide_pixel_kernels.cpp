@@ -183,28 +183,24 @@ KORILAN_WIDE inline __m256i wholeBlue(__m256i quarters) {
   return _mm256_slli_epi16(nearest, 3);
 }
 
-KORILAN_WIDE void drawYjk(const uint8_t *source, size_t groups, uint32_t *target) {
+template <bool kWholeBlue>
+KORILAN_WIDE inline bool drawYjkBlocks(const uint8_t *source, size_t groups, uint32_t *target) {
   const auto draw = [](const uint8_t *from, uint32_t *to) KORILAN_WIDE {
     const GroupLevels levels = groupLevels(load(from));
-    store(to, {.blue = exactBlue(levels.quarters),
+    store(to, {.blue = kWholeBlue ? wholeBlue(levels.quarters) : exactBlue(levels.quarters),
                .green = levels.withK,
                .red = levels.withJ,
                .top = _mm256_setzero_si256()});
   };
-  if (!drawBlocks<kBlock>(source, groups * kGroupPixels, target, draw)) {
-    plainPixelKernels().yjk(source, groups, target);
-  }
+  return drawBlocks<kBlock>(source, groups * kGroupPixels, target, draw);
+}
+
+KORILAN_WIDE void drawYjk(const uint8_t *source, size_t groups, uint32_t *target) {
+  if (!drawYjkBlocks<false>(source, groups, target)) plainPixelKernels().yjk(source, groups, target);
 }
 
 KORILAN_WIDE void drawWholeYjk(const uint8_t *source, size_t groups, uint32_t *target) {
-  const auto draw = [](const uint8_t *from, uint32_t *to) KORILAN_WIDE {
-    const GroupLevels levels = groupLevels(load(from));
-    store(to, {.blue = wholeBlue(levels.quarters),
-               .green = levels.withK,
-               .red = levels.withJ,
-               .top = _mm256_setzero_si256()});
-  };
-  drawBlocks<kBlock>(source, groups * kGroupPixels, target, draw);
+  drawYjkBlocks<true>(source, groups, target);
 }
 
 KORILAN_WIDE void drawYuv(const uint8_t *source, size_t groups, uint32_t *target) {
