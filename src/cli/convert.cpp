@@ -5,7 +5,6 @@
 #include "cli/output.h"
 #include "cli/progress.h"
 #include "core/bitmap_export.h"
-#include "core/buffers.h"
 #include "core/dispatch.h"
 #include "core/text.h"
 #include "screens/display_geometry.h"
@@ -29,29 +28,28 @@ struct Conversion {
   Progress progress = {};
 };
 
-// What one thread needs; its memory serves for one file after another.
-struct Converter {
-  OpenedFile opened;
-  std::vector<uint8_t> picture; // as it is written
-};
-
-std::vector<uint8_t> encodePpm(std::span<const uint32_t> frameBits, int32_t width, int32_t height,
-                               std::vector<uint8_t> file) {
+std::string putPpm(std::span<const uint32_t> frameBits, int32_t width, int32_t height, const PutBytes &put) {
+  constexpr size_t kPiecePixels = size_t{1} << 13;
   const std::string header = "P6\n" + std::to_string(width) + " " + std::to_string(height) + "\n255\n";
-  file.assign(header.begin(), header.end());
-  if (!provideRoom(file, file.size() + frameBits.size() * 3)) return {};
-  for (const uint32_t word : frameBits) {
-    for (const int shift : {16, 8, 0}) file.push_back(static_cast<uint8_t>(word >> shift));
+  std::vector<uint8_t> piece(header.begin(), header.end());
+  std::string failure = put(piece);
+  while (!frameBits.empty() && failure.empty()) {
+    const auto pixels = frameBits.first(std::min(kPiecePixels, frameBits.size()));
+    piece.clear();
+    for (const uint32_t word : pixels) {
+      for (const int shift : {16, 8, 0}) piece.push_back(static_cast<uint8_t>(word >> shift));
+    }
+    failure = put(piece);
+    frameBits = frameBits.subspan(pixels.size());
   }
-  return file;
+  return failure;
 }
 
-// Empty when memory is lacking. `file` brings room along.
-std::vector<uint8_t> encodePicture(const ViewerState &viewer, const CliRequest &request, std::vector<uint8_t> file) {
-  const auto encode = request.format == ImageFormat::kPpm ? encodePpm : encodeBitmap;
-  if (!request.shown) return encode(viewer.frameBits, viewer.frameWidth, viewer.frameHeight, std::move(file));
+std::string putPicture(const ViewerState &viewer, const CliRequest &request, const PutBytes &put) {
+  const auto putAs = request.format == ImageFormat::kPpm ? putPpm : putBitmap;
+  if (!request.shown) return putAs(viewer.frameBits, viewer.frameWidth, viewer.frameHeight, put);
   const Stretch &stretch = viewer.window.stretch;
-  return encode(stretchedPicture(viewer), stretch.targetWidth, stretch.targetHeight, std::move(file));
+  return putAs(stretchedPicture(viewer), stretch.targetWidth, stretch.targetHeight, put);
 }
 
 std::string outputPath(const ViewerState &viewer, const CliRequest &request) {
@@ -83,42 +81,40 @@ using TakenNames = std::map<std::string, std::string>;
 
 // Writes the picture shown now, unless another file's picture already stands under its name. Returns what went wrong,
 // or an empty text.
-std::string writePicture(Converter &converter, const CliRequest &request, TakenNames &taken) {
-  const ViewerState &viewer = converter.opened.viewer;
+std::string writePicture(const ViewerState &viewer, const CliRequest &request, TakenNames &taken) {
   const std::string &path = viewer.filePath;
   const std::string target = outputPath(viewer, request);
   const auto &holder = taken.emplace(target, path).first->second;
   if (holder != path) return path + ": its picture would replace that of " + holder;
   if (target != kStandardOutput && sameFile(target, path)) return path + ": its picture would replace the file itself";
-  converter.picture = encodePicture(viewer, request, std::move(converter.picture));
-  if (converter.picture.empty()) return path + ": there is not enough memory";
   CliOutput output;
   if (std::string failure = beginCliOutput(output, target); !failure.empty()) return failure;
-  return finishCliOutput(output, writeCliOutput(output, converter.picture));
+  const auto put = [&output](std::span<const uint8_t> bytes) { return writeCliOutput(output, bytes); };
+  return finishCliOutput(output, putPicture(viewer, request, put));
 }
 
-std::string convertFile(Converter &converter, const CliRequest &request, const std::string &path, TakenNames &taken) {
-  openFile(converter.opened, path);
-  const ViewerState &viewer = converter.opened.viewer;
+std::string convertFile(OpenedFile &opened, const CliRequest &request, const std::string &path, TakenNames &taken) {
+  openFile(opened, path);
+  const ViewerState &viewer = opened.viewer;
   if (viewer.pictureShown != kTrue) return refusal(viewer);
   const int32_t first = request.allFrames ? 0 : request.frame;
   const int32_t behind = request.allFrames ? videoFrames(viewer) : first + 1;
   std::string failure;
   for (int32_t frame = first; frame < behind && failure.empty(); ++frame) {
-    failure = showFrame(converter.opened, frame) ? writePicture(converter, request, taken)
-                                                 : path + ": has no frame " + std::to_string(frame);
+    failure = showFrame(opened, frame) ? writePicture(viewer, request, taken)
+                                       : path + ": has no frame " + std::to_string(frame);
   }
   return failure;
 }
 
 void convertUntilDone(Conversion &conversion) {
-  const auto converter = std::make_unique<Converter>();
+  const auto opened = std::make_unique<OpenedFile>(); // its memory serves for one file after another
   for (size_t i = conversion.next++; i < conversion.groups.size(); i = conversion.next++) {
     TakenNames taken;
     for (const std::string &path : conversion.groups[i]) {
       if (interrupted()) return;
       showProgress(conversion.progress, path);
-      const std::string failure = convertFile(*converter, conversion.request, path, taken);
+      const std::string failure = convertFile(*opened, conversion.request, path, taken);
       if (!failure.empty()) conversion.allConverted = false;
       countProgress(conversion.progress, failure);
     }

@@ -3,8 +3,6 @@
 #include "cli/interrupt.h"
 
 #include <cstdio>
-#include <filesystem>
-#include <system_error>
 
 std::string beginCliOutput(CliOutput &output, const std::string &path) {
   output = {.path = path};
@@ -37,12 +35,4 @@ std::string finishCliOutput(const CliOutput &output, const std::string &failure)
 
 void complain(const std::string &line) {
   (void)std::fputs((line + "\n").c_str(), stderr); // nobody is left to hear of a failure
-}
-
-bool sameFile(const std::string &left, const std::string &right) {
-  const auto pathOf = [](const std::string &text) {
-    return std::filesystem::path(std::u8string(text.begin(), text.end()));
-  };
-  std::error_code error;
-  return std::filesystem::equivalent(pathOf(left), pathOf(right), error);
 }

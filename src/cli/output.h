@@ -23,6 +23,3 @@ std::string finishCliOutput(const CliOutput &output, const std::string &failure)
 
 // A line on standard error.
 void complain(const std::string &line);
-
-// Whether both paths lead to one file, by whatever way.
-bool sameFile(const std::string &left, const std::string &right);

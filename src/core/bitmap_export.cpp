@@ -6,7 +6,7 @@
 #include "screens/pixel_kernels.h"
 
 #include <algorithm>
-#include <utility>
+#include <array>
 
 namespace {
 
@@ -38,44 +38,69 @@ void putNumber(std::span<uint8_t> bytes, uint32_t number) {
   }
 }
 
-// `before` bytes of zero, then an information header of that length, then the rows. Empty when memory is lacking.
-std::vector<uint8_t> encodeBehind(size_t before, uint32_t headerBytes, std::span<const uint32_t> frameBits,
-                                  int32_t width, int32_t height, std::vector<uint8_t> file) {
-  const auto columns = static_cast<size_t>(width);
-  const auto lines = static_cast<size_t>(height);
-  const auto rowBytes = static_cast<size_t>(RowBytes24(width));
-  if (!provideRoom(file, before + headerBytes + rowBytes * lines)) return {};
-  file.resize(before + headerBytes + rowBytes * lines);
+size_t bytesOfRows(int32_t width, int32_t rows) {
+  return static_cast<size_t>(RowBytes24(width)) * static_cast<size_t>(rows);
+}
 
-  std::fill_n(file.begin(), before + headerBytes, uint8_t{0});
-  const auto header = std::span(file).subspan(before);
-  putNumber(header.subspan(0, 4), headerBytes);
+// The information header of that many bytes, those behind the oldest fields zero.
+void putHeader(std::span<uint8_t> header, int32_t width, int32_t height) {
+  std::fill(header.begin(), header.end(), uint8_t{0});
+  putNumber(header.subspan(0, 4), static_cast<uint32_t>(header.size()));
   putNumber(header.subspan(4, 4), static_cast<uint32_t>(width));
   putNumber(header.subspan(8, 4), static_cast<uint32_t>(height));
   putNumber(header.subspan(12, 2), 1);
   putNumber(header.subspan(14, 2), kBytesPerPixel * 8);
-  putNumber(header.subspan(20, 4), static_cast<uint32_t>(rowBytes * lines));
+  putNumber(header.subspan(20, 4), static_cast<uint32_t>(bytesOfRows(width, height)));
+}
 
-  for (size_t y = 0; y < lines; ++y) {
-    const uint32_t *source = frameBits.data() + (lines - 1 - y) * columns;
-    uint8_t *target = header.data() + headerBytes + y * rowBytes;
-    pixelKernels().bytesOfWords(source, columns, target);
-    std::fill(target + columns * kBytesPerPixel, header.data() + headerBytes + (y + 1) * rowBytes, uint8_t{0});
+// Both headers of a file.
+void putFileHeaders(std::span<uint8_t> headers, int32_t width, int32_t height) {
+  const auto fileHeader = headers.first(kBitmapFileHeaderBytes);
+  std::fill(fileHeader.begin(), fileHeader.end(), uint8_t{0});
+  putNumber(fileHeader.subspan(0, 2), 'B' | 'M' << 8);
+  putNumber(fileHeader.subspan(2, 4), static_cast<uint32_t>(kRowsOffset + bytesOfRows(width, height)));
+  putNumber(fileHeader.subspan(10, 4), kRowsOffset);
+  putHeader(headers.subspan(kBitmapFileHeaderBytes), width, height);
+}
+
+// As many lines of `frameBits` as there is room for, the one above line `behind` first, then upwards.
+void putRows(std::span<uint8_t> rows, std::span<const uint32_t> frameBits, int32_t width, int32_t behind) {
+  const auto columns = static_cast<size_t>(width);
+  const size_t rowBytes = bytesOfRows(width, 1);
+  auto line = static_cast<size_t>(behind);
+  for (size_t at = 0; at < rows.size(); at += rowBytes) {
+    pixelKernels().bytesOfWords(frameBits.data() + --line * columns, columns, rows.data() + at);
+    std::fill(rows.data() + at + columns * kBytesPerPixel, rows.data() + at + rowBytes, uint8_t{0});
   }
-  return file;
 }
 
 } // namespace
 
-std::vector<uint8_t> encodeBitmap(std::span<const uint32_t> frameBits, int32_t width, int32_t height,
-                                  std::vector<uint8_t> file) {
-  file = encodeBehind(kBitmapFileHeaderBytes, kInformationHeaderBytes, frameBits, width, height, std::move(file));
-  if (file.empty()) return file;
-  const std::span<uint8_t> header(file);
-  putNumber(header.subspan(0, 2), 'B' | 'M' << 8);
-  putNumber(header.subspan(2, 4), static_cast<uint32_t>(file.size()));
-  putNumber(header.subspan(10, 4), kRowsOffset);
+std::vector<uint8_t> encodeBitmap(std::span<const uint32_t> frameBits, int32_t width, int32_t height) {
+  std::vector<uint8_t> file;
+  const size_t length = kRowsOffset + bytesOfRows(width, height);
+  if (!provideRoom(file, length)) return {};
+  file.resize(length);
+  putFileHeaders(std::span(file).first(kRowsOffset), width, height);
+  putRows(std::span(file).subspan(kRowsOffset), frameBits, width, height);
   return file;
+}
+
+std::string putBitmap(std::span<const uint32_t> frameBits, int32_t width, int32_t height, const PutBytes &put) {
+  constexpr size_t kPieceBytes = size_t{32} << 10;
+  std::array<uint8_t, kRowsOffset> headers;
+  putFileHeaders(headers, width, height);
+  std::string failure = put(headers);
+
+  const auto mostRows = static_cast<int32_t>(kPieceBytes / std::max<size_t>(1, bytesOfRows(width, 1)));
+  const int32_t rows = std::min(height, std::max(1, mostRows));
+  std::vector<uint8_t> piece(bytesOfRows(width, rows));
+  for (int32_t behind = height; behind > 0 && failure.empty(); behind -= rows) {
+    const auto bytes = std::span(piece).first(bytesOfRows(width, std::min(rows, behind)));
+    putRows(bytes, frameBits, width, behind);
+    failure = put(bytes);
+  }
+  return failure;
 }
 
 std::vector<uint8_t> encodeBitmapV5(std::span<const uint32_t> frameBits, int32_t width, int32_t height) {
@@ -86,11 +111,15 @@ std::vector<uint8_t> encodeBitmapV5(std::span<const uint32_t> frameBits, int32_t
   constexpr size_t kIntentOffset = 108;
   constexpr uint32_t kIntentGraphics = 2;
 
-  auto bitmap = encodeBehind(0, kHeaderBytes, frameBits, width, height, {});
-  if (bitmap.empty()) return bitmap;
-  const std::span<uint8_t> header(bitmap);
+  std::vector<uint8_t> bitmap;
+  const size_t length = kHeaderBytes + bytesOfRows(width, height);
+  if (!provideRoom(bitmap, length)) return {};
+  bitmap.resize(length);
+  const auto header = std::span(bitmap).first(kHeaderBytes);
+  putHeader(header, width, height);
   putNumber(header.subspan(kColourSpaceOffset, 4), kColourSpaceSrgb);
   putNumber(header.subspan(kIntentOffset, 4), kIntentGraphics);
+  putRows(std::span(bitmap).subspan(kHeaderBytes), frameBits, width, height);
   return bitmap;
 }
 

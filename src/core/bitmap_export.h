@@ -4,6 +4,7 @@
 #include "core/viewer_state.h"
 
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <string>
 #include <vector>
@@ -15,13 +16,19 @@ inline constexpr size_t kBitmapFileHeaderBytes = 14;
 constexpr int32_t RowBytes24(int32_t width) { return width * 3 + width % 4; }
 
 // A 24-bit uncompressed bitmap file, bottom row first, of `width` x `height` words 0x00RRGGBB, top row first. Empty
-// when memory is lacking, as is the one below. `file` may bring room along from a bitmap before.
-std::vector<uint8_t> encodeBitmap(std::span<const uint32_t> frameBits, int32_t width, int32_t height,
-                                  std::vector<uint8_t> file = {});
+// when memory is lacking, as is the one below.
+std::vector<uint8_t> encodeBitmap(std::span<const uint32_t> frameBits, int32_t width, int32_t height);
 
 // The same rows as a device-independent bitmap, without a file header and with the information header of version 5,
 // which says that the colours are sRGB.
 std::vector<uint8_t> encodeBitmapV5(std::span<const uint32_t> frameBits, int32_t width, int32_t height);
+
+// Takes the next bytes of a file. Returns an empty text, or what went wrong.
+using PutBytes = std::function<std::string(std::span<const uint8_t>)>;
+
+// Such a file a few rows at a time: its memory is small and stays in the caches. Returns what went wrong, which ends
+// it.
+std::string putBitmap(std::span<const uint32_t> frameBits, int32_t width, int32_t height, const PutBytes &put);
 
 // Where Save as Bitmap writes: beside the source file, the last three characters replaced by "bmp"; a video's frame
 // gets its four-digit number.

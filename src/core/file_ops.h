@@ -47,5 +47,9 @@ struct FileOps {
 // whole.
 std::string replaceFile(const FileOps &files, const std::string &path, std::span<const uint8_t> bytes);
 
-// The file system of this computer. Defined once for each system: headless/posix_files.cpp, shell/windows_files.cpp.
+// The file system of this computer. Both are defined once for each system: headless/posix_files.cpp,
+// shell/windows_files.cpp.
 const FileOps &systemFiles();
+
+// Whether both UTF-8 paths lead to one thing that exists there, by whatever way.
+bool sameFile(const std::string &left, const std::string &right);

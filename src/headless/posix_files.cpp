@@ -137,3 +137,9 @@ constexpr FileOps kPosixFiles{.openForReading = openForReading,
 } // namespace
 
 const FileOps &systemFiles() { return kPosixFiles; }
+
+bool sameFile(const std::string &left, const std::string &right) {
+  struct stat of[2]{};
+  return stat(left.c_str(), &of[0]) == 0 && stat(right.c_str(), &of[1]) == 0 && of[0].st_dev == of[1].st_dev &&
+         of[0].st_ino == of[1].st_ino;
+}

@@ -181,3 +181,18 @@ const FileOps &systemFiles() {
   };
   return kFiles;
 }
+
+bool sameFile(const std::string &left, const std::string &right) {
+  const auto identify = [](const std::string &path, BY_HANDLE_FILE_INFORMATION &identity) {
+    // To ask what it is needs no rights to its bytes; folders open only as if for a backup.
+    const HANDLE file =
+        CreateFileW(wide(path).c_str(), 0, kShareAll, nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    if (file == INVALID_HANDLE_VALUE) return false;
+    const bool known = GetFileInformationByHandle(file, &identity);
+    CloseHandle(file);
+    return known;
+  };
+  BY_HANDLE_FILE_INFORMATION of[2]{};
+  return identify(left, of[0]) && identify(right, of[1]) && of[0].dwVolumeSerialNumber == of[1].dwVolumeSerialNumber &&
+         of[0].nFileIndexHigh == of[1].nFileIndexHigh && of[0].nFileIndexLow == of[1].nFileIndexLow;
+}

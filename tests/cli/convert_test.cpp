@@ -100,10 +100,10 @@ TEST(CliConvert, WithoutMemoryForThePictureThereIsNoFile) {
   request.files = {folder.write(u8"big.G9B", {'G', '9', 'B', 11, 0, 16, 0, 0, 0xE8, 3, 0x58, 2, 0, 0, 0, 0})};
   for (const ImageFormat format : {ImageFormat::kBmp, ImageFormat::kPpm}) {
     request.format = format;
-    for (const int block : {1, 2, 3, 0}) { // video memory, frame, file
+    for (const int block : {1, 2, 0}) { // video memory, frame
       scarceMemory() = {.refusedBlock = block};
       EXPECT_EQ(convertFiles(request), block == 0) << block;
-      EXPECT_EQ(scarceMemory().largeBlocks, block == 0 ? 3 : block);
+      EXPECT_EQ(scarceMemory().largeBlocks, block == 0 ? 2 : block);
       scarceMemory() = {};
       EXPECT_EQ(folder.fileCount(), block == 0 ? 2U : 1U) << block;
     }

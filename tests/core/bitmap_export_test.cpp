@@ -63,6 +63,25 @@ TEST(BitmapExport, RowsAreFilledUpToFourBytes) {
   }
 }
 
+TEST(BitmapExport, PiecesAreTheWholeFile) {
+  for (const auto &[width, height] : {std::pair{0, 5}, {5, 0}, {1, 1}, {7, 3000}, {12'000, 3}}) {
+    std::vector<uint32_t> frame;
+    for (int32_t n = 0; n < width * height; ++n) frame.push_back(static_cast<uint32_t>(n));
+    Bytes joinedPieces;
+    size_t pieces = 0;
+    const auto put = [&](std::span<const uint8_t> piece) {
+      joinedPieces.insert(joinedPieces.end(), piece.begin(), piece.end());
+      return std::string(++pieces == 2 ? "disk is full" : "");
+    };
+    EXPECT_EQ(putBitmap(frame, width, height, put), height == 0 ? "" : "disk is full");
+    EXPECT_EQ(pieces, height == 0 ? 1 : 2); // the second one is the last
+    ++pieces;
+    joinedPieces.clear();
+    EXPECT_EQ(putBitmap(frame, width, height, put), "");
+    EXPECT_TRUE(joinedPieces == encodeBitmap(frame, width, height)) << width << " x " << height;
+  }
+}
+
 TEST(BitmapExport, NameBesideTheSourceFile) {
   using Row = std::tuple<const char *, const char *, bool, bool, int32_t, const char *>;
   for (const auto &[folder, name, evaOpen, vidOpen, frame, expected] :
