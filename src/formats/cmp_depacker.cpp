@@ -1,5 +1,7 @@
 #include "formats/cmp_depacker.h"
 
+#include "core/processor.h"
+
 #include <algorithm>
 
 #ifdef __x86_64__
@@ -124,7 +126,7 @@ KORILAN_SHUFFLES void unpackMaskByMask(CmpDepacker &depacker, size_t bytes) {
   depacker.output += bytes;
 }
 
-auto *const unpackApart = __builtin_cpu_supports("ssse3") ? unpackMaskByMask : unpackByteByByte;
+auto *const unpackApart = hasSsse3() ? unpackMaskByMask : unpackByteByByte;
 
 #else
 

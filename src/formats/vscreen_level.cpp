@@ -112,8 +112,12 @@ void loadSpriteSet(ViewerState &viewer) {
   renderAndShow(viewer);
 }
 
+bool tileSetFills(const ViewerState &viewer) {
+  return viewer.frameWidth == kTileSetWidth && viewer.frameHeight == kTileSetHeight;
+}
+
 void renderTileSet(ViewerState &viewer) {
-  if (viewer.frameWidth != kTileSetWidth || viewer.frameHeight != kTileSetHeight) return;
+  if (!tileSetFills(viewer)) return;
   for (size_t row = 0; row < kTiles / kCellsPerRow; ++row) {
     std::array<size_t, kCellsPerRow> tiles;
     std::iota(tiles.begin(), tiles.end(), row * kCellsPerRow);

@@ -141,16 +141,20 @@ std::string g9bDetails(const ViewerState &viewer) {
   return text + '\n';
 }
 
-void RenderG9b16(ViewerState &viewer) {
-  if (viewer.frameWidth <= 0 || viewer.frameHeight <= 0 || viewer.vramPos < 0) return;
+bool g9b16Fills(const ViewerState &viewer) {
+  if (viewer.frameWidth <= 0 || viewer.frameHeight <= 0 || viewer.vramPos < 0) return false;
   const size_t pixels = static_cast<size_t>(viewer.frameWidth) * static_cast<size_t>(viewer.frameHeight);
   const auto start = static_cast<size_t>(viewer.vramPos);
-  if (start > viewer.vram.size() || pixels > (viewer.vram.size() - start) / 2 || pixels > viewer.frameBits.size())
-    return;
-  const uint8_t *source = viewer.vram.data() + start;
-  for (size_t n = 0; n < pixels; ++n, source += 2) {
+  return start <= viewer.vram.size() && pixels <= (viewer.vram.size() - start) / 2 && pixels == viewer.frameBits.size();
+}
+
+void RenderG9b16(ViewerState &viewer) {
+  if (!g9b16Fills(viewer)) return;
+  const uint8_t *source = viewer.vram.data() + viewer.vramPos;
+  for (uint32_t &pixel : viewer.frameBits) {
     const uint32_t word = source[0] + 256U * source[1];
-    viewer.frameBits[n] = packColour((word & 0x3E0) / 4, (word & 0x7C00) / 128, (word & 0x1F) * 8);
+    pixel = packColour((word & 0x3E0) / 4, (word & 0x7C00) / 128, (word & 0x1F) * 8);
+    source += 2;
   }
-  viewer.vramPos += static_cast<int32_t>(pixels * 2);
+  viewer.vramPos += static_cast<int32_t>(viewer.frameBits.size() * 2);
 }

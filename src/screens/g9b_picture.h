@@ -9,5 +9,6 @@ void LoadG9bPicture(ViewerState &viewer);
 std::string g9bDetails(const ViewerState &viewer);
 
 // Draws 16 bits a pixel from `vramPos` on, which ends behind the picture: bits 14-10 green, 9-5 red, 4-0 blue, each
-// shown as 8 times its level. Does nothing where `vram` or `frameBits` is too small.
+// shown as 8 times its level. Does nothing where `vram` is too small; where it is not, all of the frame is filled.
 void RenderG9b16(ViewerState &viewer);
+bool g9b16Fills(const ViewerState &viewer);

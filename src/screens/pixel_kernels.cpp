@@ -149,6 +149,11 @@ const PixelKernels &plainPixelKernels() {
 }
 
 const PixelKernels &pixelKernels() {
-  static const PixelKernels *const wide = widePixelKernels();
-  return wide != nullptr ? *wide : plainPixelKernels();
+  static const PixelKernels &fastest = []() -> const PixelKernels & {
+    for (const PixelKernels *kernels : {widestPixelKernels(), widePixelKernels()}) {
+      if (kernels != nullptr) return *kernels;
+    }
+    return plainPixelKernels();
+  }();
+  return fastest;
 }

@@ -53,5 +53,8 @@ const PixelKernels &plainPixelKernels();
 // For processors with AVX2; nullptr where this is none.
 const PixelKernels *widePixelKernels();
 
+// For processors with AVX-512; nullptr where this is none.
+const PixelKernels *widestPixelKernels();
+
 // The fastest that this processor has.
 const PixelKernels &pixelKernels();

@@ -47,10 +47,13 @@ void drawFrame(ViewerState &viewer) {
 // Whether drawFrame() writes every pixel.
 bool drawingFillsFrame(const ViewerState &viewer) {
   switch (viewer.bitsPerPixel) {
-  case 1: return viewer.colourCount == 16 && viewer.spriteMode == kFalse && patternScreenFills(viewer);
+  case 1:
+    if (viewer.spriteMode == kTrue) return tileSetFills(viewer);
+    return viewer.colourCount == 16 && viewer.spriteMode == kFalse && patternScreenFills(viewer);
   case 2: return pixelsRunOn(viewer) ? crumbLinearFills(viewer) : crumbStreamFills(viewer);
   case 4: return pixelsRunOn(viewer) ? nibbleLinearFills(viewer) : nibbleStreamFills(viewer);
   case 8: return bytePixelsFill(viewer);
+  case 16: return g9b16Fills(viewer);
   default: return false;
   }
 }

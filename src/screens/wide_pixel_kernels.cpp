@@ -1,3 +1,4 @@
+#include "core/processor.h"
 #include "screens/pixel_kernels.h"
 
 #include <algorithm>
@@ -305,7 +306,7 @@ const PixelKernels *widePixelKernels() {
                                          .cells = drawCells,
                                          .bytesOfWords = storeBytesOfWords,
                                          .wholeYjk = drawWholeYjk};
-  return __builtin_cpu_supports("avx2") ? &kKernels : nullptr;
+  return hasAvx2() ? &kKernels : nullptr;
 }
 
 #else

@@ -35,10 +35,20 @@ std::vector<uint8_t> allGroups() {
   return bytes;
 }
 
-TEST(PixelKernels, WideOnesDrawWhatPlainOnesDraw) {
-  const PixelKernels *wide = widePixelKernels();
-  if (wide == nullptr) GTEST_SKIP() << "this processor has only the plain ones";
+// Those of some processors only.
+class WideKernels : public testing::TestWithParam<const PixelKernels *(*)()> {
+protected:
+  void SetUp() override {
+    if (wide == nullptr) GTEST_SKIP() << "this processor has none";
+  }
+
   const PixelKernels &plain = plainPixelKernels();
+  const PixelKernels *const wide = GetParam()();
+};
+
+INSTANTIATE_TEST_SUITE_P(PixelKernels, WideKernels, testing::Values(widePixelKernels, widestPixelKernels));
+
+TEST_P(WideKernels, DrawWhatPlainOnesDraw) {
   const auto expectSame = [](size_t pixels, const auto &drawPlain, const auto &drawWide) {
     constexpr uint32_t kUntouched = 0xABCDEF01;
     std::vector<uint32_t> expected(pixels + 32, kUntouched);
@@ -92,9 +102,7 @@ TEST(PixelKernels, BytesOfWordsAreBlueGreenRed) {
   }
 }
 
-TEST(PixelKernels, WideCellsAreThePlainOnes) {
-  const PixelKernels *wide = widePixelKernels();
-  if (wide == nullptr) GTEST_SKIP() << "this processor has only the plain ones";
+TEST_P(WideKernels, DrawCellsAsPlainOnesDo) {
   constexpr size_t kMostCells = 9;
   constexpr size_t kLine = kMostCells * 8 + 3;
   for (int first = 0; first < 256; ++first) {
@@ -111,7 +119,7 @@ TEST(PixelKernels, WideCellsAreThePlainOnes) {
     const size_t count = static_cast<size_t>(first) % (kMostCells + 1);
     std::vector<uint32_t> expected(8 * kLine, 5);
     std::vector<uint32_t> drawn = expected;
-    plainPixelKernels().cells(cells.data(), count, kPalette.data(), expected.data(), kLine);
+    plain.cells(cells.data(), count, kPalette.data(), expected.data(), kLine);
     wide->cells(cells.data(), count, kPalette.data(), drawn.data(), kLine);
     EXPECT_EQ(drawn, expected) << first;
   }
