@@ -14,7 +14,8 @@ void loadTileSet(ViewerState &viewer);
 void loadBorder(ViewerState &viewer);    // .SCR
 void loadSpriteSet(ViewerState &viewer); // .TGS, with its colours in a .TCS file beside it
 
-// Draws 8 rows of 32 tiles of 8 x 8 pixels from `vram`. Does nothing unless the frame is 256 x 64, all of which it fills.
+// Draws 8 rows of 32 tiles of 8 x 8 pixels from `vram`. Does nothing unless the frame is 256 x 64, all of which it
+// fills.
 void renderTileSet(ViewerState &viewer);
 bool tileSetFills(const ViewerState &viewer);
 
