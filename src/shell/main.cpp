@@ -4,6 +4,7 @@
 #include "shell/main_window.h"
 #include "shell/platform_windows.h"
 #include "shell/resource_counts.h"
+#include "shell/window_controls.h"
 
 #include <windows.h>
 
@@ -30,7 +31,12 @@ std::string_view withoutProgramName(std::string_view line) {
 
 int runMessageLoop(MainWindow &main) {
   MSG message;
-  while (GetMessageA(&message, nullptr, 0, 0) > 0) handleMessage(main, message);
+  while (true) {
+    // Nothing waits: all that was painted is on the screen.
+    if (!main.labelsMade && !PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE)) provideLabels(main);
+    if (GetMessageA(&message, nullptr, 0, 0) <= 0) break;
+    handleMessage(main, message);
+  }
   return static_cast<int>(message.wParam);
 }
 

@@ -59,14 +59,12 @@ void scrollTo(MainView &view, POINT corner) {
   InvalidateRect(view.window, nullptr, FALSE);
 }
 
-int metricOf(HWND window, int metric) { return GetSystemMetricsForDpi(metric, GetDpiForWindow(window)); }
-
 // Room inside of the frame, with that of the scroll bars.
-SIZE innerSizeOf(HWND window) {
+SIZE innerSizeOf(HWND window, UINT dotsPerInch) {
   RECT outer{};
   GetWindowRect(window, &outer);
-  return {outer.right - outer.left - 2 * metricOf(window, SM_CXEDGE),
-          outer.bottom - outer.top - 2 * metricOf(window, SM_CYEDGE)};
+  return {outer.right - outer.left - 2 * GetSystemMetricsForDpi(SM_CXEDGE, dotsPerInch),
+          outer.bottom - outer.top - 2 * GetSystemMetricsForDpi(SM_CYEDGE, dotsPerInch)};
 }
 
 void setScrollBar(const MainView &view, int bar, LONG length, LONG page, LONG position) {
@@ -229,9 +227,10 @@ void redrawPicture(MainView &view, const Stretch &stretch, SIZE area) {
 }
 
 void updateScrollBars(MainView &view) {
-  SIZE room = innerSizeOf(view.window);
-  const LONG barWidth = metricOf(view.window, SM_CXVSCROLL);
-  const LONG barHeight = metricOf(view.window, SM_CYHSCROLL);
+  const UINT dotsPerInch = GetDpiForWindow(view.window);
+  SIZE room = innerSizeOf(view.window, dotsPerInch);
+  const LONG barWidth = GetSystemMetricsForDpi(SM_CXVSCROLL, dotsPerInch);
+  const LONG barHeight = GetSystemMetricsForDpi(SM_CYHSCROLL, dotsPerInch);
   const bool vertical = view.area.cy > room.cy || (view.area.cx > room.cx && view.area.cy > room.cy - barHeight);
   const bool horizontal = view.area.cx > room.cx - (vertical ? barWidth : 0);
   if (vertical) room.cx -= barWidth;

@@ -181,7 +181,7 @@ bool createMainWindow(MainWindow &main, ViewerState &viewer, HINSTANCE instance)
   main.window = CreateWindowExA(WS_EX_ACCEPTFILES, kWindowClass, main.shown.caption.c_str(),
                                 WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT,
                                 CW_USEDEFAULT, nullptr, main.menuBar, instance, nullptr);
-  if (main.window == nullptr || !createControls(main)) return false;
+  if (main.window == nullptr || !createMainView(main.mainView, main.window, instance)) return false;
   updateFont(main, GetDpiForWindow(main.window));
   SetWindowLongPtrA(main.window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&main));
   return true;

@@ -15,12 +15,13 @@ struct MainWindow {
   HWND window = nullptr; // nullptr once destroyed
   HMENU menuBar = nullptr;
   MainView mainView;
-  std::array<HWND, 4> labels{};    // Label1 to Label4
-  std::array<HWND, 16> swatches{}; // Label5; nullptr until first needed, as are the video controls
+  std::array<HWND, 4> labels{}; // Label1 to Label4; nullptr until first needed, as are all below
   HWND readout = nullptr;
   HWND readoutSwatch = nullptr;
-  VideoButtons videoButtons; // Image1 and Image2
-  HWND frameBar = nullptr;   // HScroll1
+  bool labelsMade = false;         // with the read-out
+  std::array<HWND, 16> swatches{}; // Label5
+  VideoButtons videoButtons;       // Image1 and Image2
+  HWND frameBar = nullptr;         // HScroll1
   bool videoControlsMade = false;
   HFONT font = nullptr;
   TextMetrics metrics;
@@ -31,7 +32,7 @@ struct MainWindow {
   bool fitWhenRestored = false; // MainView changed its size while the window was maximised or minimised
 };
 
-// Makes the window with its controls, still hidden. Both records must outlive it. Returns false when the system
+// Makes the window with MainView, still hidden. Both records must outlive it. Returns false when the system
 // refuses.
 bool createMainWindow(MainWindow &main, ViewerState &viewer, HINSTANCE instance);
 

@@ -15,13 +15,18 @@ HWND createStatic(const MainWindow &main, size_t id, DWORD style) {
 
 } // namespace
 
-bool createControls(MainWindow &main) {
-  if (!createMainView(main.mainView, main.window, programInstance())) return false;
+void provideLabels(MainWindow &main) {
+  if (main.labelsMade) return;
+  main.labelsMade = true;
   constexpr DWORD kLabel = WS_VISIBLE | SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS;
-  for (size_t i = 0; i < main.labels.size(); ++i) main.labels[i] = createStatic(main, kLabel1Id + i, kLabel);
+  for (size_t i = 0; i < main.labels.size(); ++i) {
+    main.labels[i] = createStatic(main, kLabel1Id + i, kLabel);
+    SendMessageA(main.labels[i], WM_SETFONT, reinterpret_cast<WPARAM>(main.font), FALSE);
+    SetWindowTextA(main.labels[i], (main.shown.*kLabelTexts[i]).c_str());
+  }
   main.readout = createStatic(main, kReadoutId, WS_VISIBLE | SS_OWNERDRAW);
   main.readoutSwatch = createStatic(main, kReadoutSwatchId, SS_OWNERDRAW);
-  return main.readoutSwatch != nullptr;
+  placeControls(main);
 }
 
 void provideSwatches(MainWindow &main) {

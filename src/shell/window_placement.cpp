@@ -35,8 +35,8 @@ SIZE contentToShow(const MainWindow &main) {
   return contentSize(main.shown, main.metrics, sizeOf(workAreaOf(main.window)).cy - frameHeight);
 }
 
-void moveWindow(HWND window, const RECT &to) {
-  SetWindowPos(window, nullptr, to.left, to.top, to.right - to.left, to.bottom - to.top, SWP_NOZORDER | SWP_NOACTIVATE);
+void moveWindow(HWND window, const RECT &to, UINT how = SWP_NOZORDER | SWP_NOACTIVATE) {
+  SetWindowPos(window, HWND_TOP, to.left, to.top, to.right - to.left, to.bottom - to.top, how);
 }
 
 // Within the main window. To move what stands there already would take as long as any other move.
@@ -58,11 +58,12 @@ RECT placeOnWorkArea(HWND window, SIZE size, bool centred) {
   return centred ? centredOnWorkArea(sizeOf(place), workArea) : place;
 }
 
-// Every move of the window takes long, so it gets its size and its place in one.
-void fitToContent(const MainWindow &main, bool centred) {
+// Every move of the window takes long, so it gets its size and its place in one, and is shown by the same where `how`
+// says so.
+void fitToContent(const MainWindow &main, bool centred, UINT how = SWP_NOZORDER | SWP_NOACTIVATE) {
   const SIZE content = contentToShow(main);
   const SIZE outer = outerSize(main, content);
-  moveWindow(main.window, placeOnWorkArea(main.window, outer, centred));
+  moveWindow(main.window, placeOnWorkArea(main.window, outer, centred), how);
   // A menu bar that needs several rows takes its room from the client area.
   const LONG lacking = content.cy - clientSizeOf(main.window).cy;
   if (lacking <= 0) return;
@@ -125,9 +126,14 @@ void fitWindow(MainWindow &main) {
 
 void showFitted(MainWindow &main, int showCommand) {
   main.placed = true;
-  fitToContent(main, true);
-  placeControls(main);
-  ShowWindow(main.window, showCommand);
+  if (showCommand == SW_SHOWNORMAL || showCommand == SW_SHOWDEFAULT) {
+    fitToContent(main, true, SWP_SHOWWINDOW);
+    placeControls(main);
+  } else {
+    fitToContent(main, true);
+    placeControls(main);
+    ShowWindow(main.window, showCommand);
+  }
 }
 
 void keepWindowOnWorkArea(const MainWindow &main) {

@@ -12,9 +12,6 @@
 
 namespace {
 
-constexpr std::array<std::string WindowModel::*, 4> kLabelTexts = {&WindowModel::Label1, &WindowModel::Label2,
-                                                                   &WindowModel::Label3, &WindowModel::Label4};
-
 constexpr UINT greyed(bool enabled) { return static_cast<UINT>(enabled ? MF_ENABLED : MF_GRAYED); }
 
 void syncMenuItems(const MainWindow &main, const WindowModel &model) {
@@ -95,6 +92,7 @@ void syncWindow(MainWindow &main) {
   if (main.window == nullptr) return;
   const WindowModel &model = main.viewer->window;
 
+  if (main.placed) provideLabels(main);
   if (model.caption != main.shown.caption) SetWindowTextA(main.window, model.caption.c_str());
   for (size_t label = 0; label < kLabelTexts.size(); ++label) {
     const std::string &text = model.*kLabelTexts[label];
@@ -115,5 +113,5 @@ void syncWindow(MainWindow &main) {
   main.shown = model;
   if (redrawn) redrawPicture(main.mainView, model.stretch, pictureAreaOf(model));
   if (resized || recentred) fitWindow(main);
-  if (redrawn) updateScrollBars(main.mainView);
+  if (redrawn && main.placed) updateScrollBars(main.mainView);
 }

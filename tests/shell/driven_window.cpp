@@ -58,6 +58,7 @@ DrivenWindow::DrivenWindow(const std::string &commandLine) {
   startup.cb = sizeof startup;
   if (!CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process)) return;
   waitUntil([this] { return (window = findWindowOf(process.dwProcessId)) != nullptr; });
+  waitUntil([this] { return GetDlgItem(window, kReadoutSwatchId) != nullptr; }); // made after the first picture
 
   sharedText = CreateFileMappingA(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, kSharedTextBytes, kSharedTextName);
   probe = LoadLibraryA(shellPaths.probe.c_str());
