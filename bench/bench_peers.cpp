@@ -214,8 +214,9 @@ void convertYuv(benchmark::State &state, const SamplePicture *picture) {
 } // namespace
 
 void addPeerBenchmarks() {
-  for (const char *name : {"REEF.SC5", "SPHERES.SC7", "SUNSET.SC8", "BEACON.SC6", "POSTCARD.SCA", "SUNFLOWR.SRC",
-                           "CASTLE.SC4", "CHART.CMP", "NEWS.PCT", "ROCKET.SR5", "REEF.SR7", "BALLOONS.G9B"}) {
+  for (const char *name :
+       {"REEF.SC5", "SPHERES.SC7", "SUNSET.SC8", "BEACON.SC6", "POSTCARD.SCA", "SUNFLOWR.SRC", "CASTLE.SC4",
+        "CHART.CMP", "NEWS.PCT", "ROCKET.SR5", "REEF.SR7", "BALLOONS.G9B", "REEF.G9B", "DESK.G9B", "MINT.G9B"}) {
 #ifdef KORILAN_PEER_SPNG
     add("png_spng", name, readPngBySpng);
 #endif

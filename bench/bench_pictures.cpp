@@ -23,7 +23,7 @@ constexpr const char *kOpened[] = {
     "REEF.SC5",    "SPHERES.SC7",  "SUNSET.SC8", "BEACON.SC6",  "POSTCARD.SCA", "SUNFLOWR.SRC", "CASTLE.SC4",
     "TILES.SC4",   "FISH.GL5",     "KEEP.GL7",   "BALLOON.GL8", "LANDING.GLA",  "PLANET.STP",   "CITADEL.GE5",
     "MARBLES.DAT", "CHART.CMP",    "NEWS.PCT",   "ROCKET.SR5",  "REEF.SR7",     "SKYLINE.SCR",  "FIGURES.TGS",
-    "CASTLE.HAM",  "BALLOONS.G9B", "SUNSET.G9B", "CASTLE.SGX",
+    "CASTLE.HAM",  "BALLOONS.G9B", "REEF.G9B",   "DESK.G9B",    "MINT.G9B",     "SUNSET.G9B",   "CASTLE.SGX",
 };
 
 size_t frameBytes(const samples::SamplePicture &sample) {

@@ -4,9 +4,26 @@
 #include <cstring>
 #include <new>
 
+#ifdef __linux__
+#include <sys/mman.h>
+#include <unistd.h>
+#endif
+
 // The one file that is compiled with exceptions: the library's word for lacking memory goes no further than here.
 
 namespace {
+
+// Has the system give all pages of fresh memory at once: to ask for each when it is first written takes longer than to
+// draw its pixels.
+void takePages([[maybe_unused]] void *memory, [[maybe_unused]] size_t bytes) {
+#ifdef MADV_POPULATE_WRITE
+  static const auto pageBytes = static_cast<size_t>(sysconf(_SC_PAGESIZE));
+  const size_t before = (pageBytes - reinterpret_cast<uintptr_t>(memory) % pageBytes) % pageBytes;
+  if (bytes < before + pageBytes) return;
+  // Where the system does not know how, pages come as before.
+  (void)madvise(static_cast<uint8_t *>(memory) + before, (bytes - before) / pageBytes * pageBytes, MADV_POPULATE_WRITE);
+#endif
+}
 
 template <typename Item> bool reserved(std::vector<Item> &buffer, size_t count) {
   if (count <= buffer.capacity()) return true;
@@ -19,6 +36,7 @@ template <typename Item> bool reserved(std::vector<Item> &buffer, size_t count) 
     given = false;
   }
   std::set_new_handler(handler);
+  if (given) takePages(buffer.data(), count * sizeof(Item));
   return given;
 }
 

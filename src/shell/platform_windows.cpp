@@ -6,6 +6,7 @@
 #include "shell/sound_device.h"
 #include "shell/text_dialog.h"
 #include "shell/themed_controls.h"
+#include "shell/window_controls.h"
 #include "shell/window_sync.h"
 #include "video/playback.h"
 
@@ -22,7 +23,10 @@ void runPendingEvents(void *context) {
   const DWORD now = GetTickCount();
   if (main.viewer->loadUnderWay && now - main.lastEventPass < kLeastPauseMilliseconds) return;
   main.lastEventPass = now;
-  if (main.placed) syncWindow(main); // before, there is nothing to see
+  if (main.placed) { // before, there is nothing to see
+    provideLabels(main);
+    syncWindow(main);
+  }
   MSG message;
   while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
     if (message.message == WM_QUIT) {

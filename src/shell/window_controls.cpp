@@ -25,8 +25,10 @@ void provideLabels(MainWindow &main) {
     SetWindowTextA(main.labels[i], (main.shown.*kLabelTexts[i]).c_str());
   }
   main.readout = createStatic(main, kReadoutId, WS_VISIBLE | SS_OWNERDRAW);
+  SetWindowTextA(main.readout, main.shown.readout.text.c_str());
   main.readoutSwatch = createStatic(main, kReadoutSwatchId, SS_OWNERDRAW);
   placeControls(main);
+  if (!main.shown.readout.text.empty()) ShowWindow(main.readoutSwatch, SW_SHOWNA);
 }
 
 void provideSwatches(MainWindow &main) {

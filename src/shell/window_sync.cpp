@@ -46,7 +46,12 @@ void syncSwatches(MainWindow &main, const WindowModel &model) {
   }
 }
 
-void syncReadout(const MainWindow &main, const ColourReadout &readout) {
+void syncLabels(const MainWindow &main, const WindowModel &model) {
+  for (size_t label = 0; label < kLabelTexts.size(); ++label) {
+    const std::string &text = model.*kLabelTexts[label];
+    if (text != main.shown.*kLabelTexts[label]) SetWindowTextA(main.labels[label], text.c_str());
+  }
+  const ColourReadout &readout = model.readout;
   const bool visible = !readout.text.empty();
   if (readout.text != main.shown.readout.text) {
     SetWindowTextA(main.readout, readout.text.c_str());
@@ -92,14 +97,9 @@ void syncWindow(MainWindow &main) {
   if (main.window == nullptr) return;
   const WindowModel &model = main.viewer->window;
 
-  if (main.placed) provideLabels(main);
   if (model.caption != main.shown.caption) SetWindowTextA(main.window, model.caption.c_str());
-  for (size_t label = 0; label < kLabelTexts.size(); ++label) {
-    const std::string &text = model.*kLabelTexts[label];
-    if (text != main.shown.*kLabelTexts[label]) SetWindowTextA(main.labels[label], text.c_str());
-  }
+  if (main.labelsMade) syncLabels(main, model);
   syncSwatches(main, model);
-  syncReadout(main, model.readout);
   syncVideoControls(main, model);
   syncMenuItems(main, model);
   syncViewMenu(main, model);
