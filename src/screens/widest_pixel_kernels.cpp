@@ -8,12 +8,7 @@
 
 #ifdef __x86_64__
 
-// g++ 12 takes registers that an intrinsic leaves undefined on purpose for forgotten ones.
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wuninitialized"
-#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
 #include <immintrin.h>
-#pragma GCC diagnostic pop
 
 // Compiled for AVX-512 whatever the rest of the program is compiled for.
 #define KORILAN_WIDEST __attribute__((target("avx512f")))

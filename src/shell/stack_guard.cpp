@@ -7,7 +7,7 @@
 #include <initializer_list>
 #include <intrin.h>
 
-// The names are the compiler's. NOLINTBEGIN(bugprone-reserved-identifier)
+// The names are the compiler's. NOLINTBEGIN(clang-diagnostic-reserved-identifier)
 extern "C" {
 
 void *__stack_chk_guard = nullptr;
@@ -20,7 +20,7 @@ void *__stack_chk_guard = nullptr;
 }
 
 } // extern "C"
-// NOLINTEND(bugprone-reserved-identifier)
+// NOLINTEND(clang-diagnostic-reserved-identifier)
 
 namespace {
 
