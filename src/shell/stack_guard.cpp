@@ -7,20 +7,18 @@
 #include <initializer_list>
 #include <intrin.h>
 
-// The names are the compiler's. NOLINTBEGIN(clang-diagnostic-reserved-identifier)
-extern "C" {
+// By the names that the compiler knows them by.
+extern void *stackGuard asm("__stack_chk_guard");
+[[noreturn]] void endBrokenStack() asm("__stack_chk_fail");
 
-void *__stack_chk_guard = nullptr;
+void *stackGuard = nullptr;
 
-[[noreturn]] void __stack_chk_fail() {
+void endBrokenStack() {
   // The system ends the program at this interrupt, without running any more of its code.
   constexpr int kStackCookieFailure = 2; // FAST_FAIL_STACK_COOKIE_CHECK_FAILURE
   asm volatile("int $0x29" : : "c"(kStackCookieFailure));
   __builtin_unreachable();
 }
-
-} // extern "C"
-// NOLINTEND(clang-diagnostic-reserved-identifier)
 
 namespace {
 
@@ -39,7 +37,7 @@ __attribute__((constructor(101), no_stack_protector)) void drawGuard() {
     word ^= word >> 32;
   }
   constexpr uint64_t kTextEnd = 0xFF; // no text that runs over can hold the word
-  __stack_chk_guard = reinterpret_cast<void *>(word & ~kTextEnd);
+  stackGuard = reinterpret_cast<void *>(word & ~kTextEnd);
 }
 
 } // namespace

@@ -7,7 +7,7 @@
 #include <cstring>
 #include <string>
 
-extern "C" void *__stack_chk_guard;
+extern void *stackGuard asm("__stack_chk_guard");
 
 namespace {
 
@@ -39,7 +39,7 @@ __attribute__((noinline)) int breakStack() {
 
 int main(int argumentCount, char **arguments) {
   if (argumentCount == 2 && std::strcmp(arguments[1], "break") == 0) return breakStack();
-  const auto guard = reinterpret_cast<uintptr_t>(__stack_chk_guard);
+  const auto guard = reinterpret_cast<uintptr_t>(stackGuard);
   if (argumentCount == 2) return static_cast<int>(guard >> 32);
   const DWORD shown = exitCodeOf(arguments[0], "show");
   const DWORD broken = exitCodeOf(arguments[0], "break");
