@@ -122,11 +122,11 @@ TEST(CliFilm, WhatIsNoFilmIsRefusedAndLeavesNoFile) {
 
 #ifndef _WIN32
 TEST(CliFilm, OnAFullDiskTheOldFileStays) {
-  for (const CliCommand command : {CliCommand::kVideo, CliCommand::kSound}) {
+  for (const auto &[command, write] : {std::pair{CliCommand::kVideo, &writeVideo},
+                                       {CliCommand::kSound, &writeSound},
+                                       {CliCommand::kConvert, &convertFiles}}) {
     FilmFile film("ZOOM.EVA", command, u8"out");
-    const auto writes = [&] {
-      return command == CliCommand::kVideo ? writeVideo(film.request) : writeSound(film.request);
-    };
+    const auto writes = [&film, write = write] { return write(film.request); };
     ASSERT_TRUE(writes());
     const size_t whole = film.folder.read(u8"out").size();
     const Bytes old{1, 2, 3};
