@@ -45,13 +45,6 @@ std::string putPpm(std::span<const uint32_t> frameBits, int32_t width, int32_t h
   return failure;
 }
 
-std::string putPicture(const ViewerState &viewer, const CliRequest &request, const PutBytes &put) {
-  const auto putAs = request.format == ImageFormat::kPpm ? putPpm : putBitmap;
-  if (!request.shown) return putAs(viewer.frameBits, viewer.frameWidth, viewer.frameHeight, put);
-  const Stretch &stretch = viewer.window.stretch;
-  return putAs(stretchedPicture(viewer), stretch.targetWidth, stretch.targetHeight, put);
-}
-
 std::string outputPath(const ViewerState &viewer, const CliRequest &request) {
   if (!request.outPath.empty()) return request.outPath;
   std::string path = bitmapPath(viewer);
@@ -87,10 +80,21 @@ std::string writePicture(const ViewerState &viewer, const CliRequest &request, T
   const auto &holder = taken.emplace(target, path).first->second;
   if (holder != path) return path + ": its picture would replace that of " + holder;
   if (target != kStandardOutput && sameFile(target, path)) return path + ": its picture would replace the file itself";
+  std::vector<uint32_t> stretched;
+  std::span<const uint32_t> pixels = viewer.frameBits;
+  int32_t width = viewer.frameWidth;
+  int32_t height = viewer.frameHeight;
+  if (request.shown) {
+    width = viewer.window.stretch.targetWidth;
+    height = viewer.window.stretch.targetHeight;
+    pixels = stretched = stretchedPicture(viewer);
+    if (pixels.empty() && width > 0 && height > 0) return path + ": there is not enough memory";
+  }
   CliOutput output;
   if (std::string failure = beginCliOutput(output, target); !failure.empty()) return failure;
+  const auto putAs = request.format == ImageFormat::kPpm ? putPpm : putBitmap;
   const auto put = [&output](std::span<const uint8_t> bytes) { return writeCliOutput(output, bytes); };
-  return finishCliOutput(output, putPicture(viewer, request, put));
+  return finishCliOutput(output, putAs(pixels, width, height, put));
 }
 
 std::string convertFile(OpenedFile &opened, const CliRequest &request, const std::string &path, TakenNames &taken) {

@@ -1,5 +1,6 @@
 #include "cli/film.h"
 
+#include "cli/interrupt.h"
 #include "cli/opened_file.h"
 #include "cli/output.h"
 #include "video/eva_player.h"
@@ -38,6 +39,11 @@ void encodeFrame(const ViewerState &viewer, std::vector<uint8_t> &frame) {
   }
 }
 
+// A film may go on for long: each part of it is the last one once the program was interrupted.
+std::string writePart(const CliOutput &output, std::span<const uint8_t> bytes) {
+  return interrupted() ? output.path + ": stopped" : writeCliOutput(output, bytes);
+}
+
 std::string writeFrames(OpenedFile &file, const CliOutput &output) {
   const ViewerState &viewer = file.viewer;
   const std::string header = "YUV4MPEG2 W" + std::to_string(viewer.frameWidth) + " H" +
@@ -48,7 +54,7 @@ std::string writeFrames(OpenedFile &file, const CliOutput &output) {
   for (int32_t frame = 0; frame < videoFrames(viewer) && failure.empty(); ++frame) {
     showFrame(file, frame);
     encodeFrame(viewer, bytes);
-    failure = writeCliOutput(output, bytes);
+    failure = writePart(output, bytes);
   }
   return failure;
 }
@@ -62,7 +68,7 @@ std::string writeSamples(OpenedFile &file, const CliOutput &output) {
   EvaPlayer &eva = viewer.evaPlayer;
   for (eva.currentFrame = 0; eva.currentFrame < eva.frameCount && failure.empty(); ++eva.currentFrame) {
     readEvaFrame(viewer);
-    failure = writeCliOutput(output, soundSlot(viewer, eva.currentFrame));
+    failure = writePart(output, soundSlot(viewer, eva.currentFrame));
   }
   constexpr std::array<uint8_t, 1> kPadding{};
   const bool odd = sampleBytes % 2 != 0;

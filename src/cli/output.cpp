@@ -6,6 +6,7 @@
 
 std::string beginCliOutput(CliOutput &output, const std::string &path) {
   output = {.path = path};
+  if (interrupted()) return path + ": stopped";
   if (path == kStandardOutput) return "";
   std::string failure;
   output.handle = systemFiles().beginOutput(path.c_str(), failure);
@@ -13,7 +14,6 @@ std::string beginCliOutput(CliOutput &output, const std::string &path) {
 }
 
 std::string writeCliOutput(const CliOutput &output, std::span<const uint8_t> bytes) {
-  if (interrupted()) return output.path + ": stopped";
   if (output.handle != nullptr) {
     const std::string failure = systemFiles().write(output.handle, bytes);
     return failure.empty() ? "" : output.path + ": " + failure;

@@ -14,7 +14,7 @@ struct CliOutput {
   OutputHandle handle = nullptr; // nullptr for standard output
 };
 
-// Each returns an empty text, or what went wrong; to write goes wrong too once the program was interrupted.
+// Each returns an empty text, or what went wrong; to begin goes wrong too once the program was interrupted.
 std::string beginCliOutput(CliOutput &output, const std::string &path);
 std::string writeCliOutput(const CliOutput &output, std::span<const uint8_t> bytes);
 

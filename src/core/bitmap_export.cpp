@@ -42,9 +42,8 @@ size_t bytesOfRows(int32_t width, int32_t rows) {
   return static_cast<size_t>(RowBytes24(width)) * static_cast<size_t>(rows);
 }
 
-// The information header of that many bytes, those behind the oldest fields zero.
+// The information header of that many bytes, those behind the oldest fields left as they are: zero.
 void putHeader(std::span<uint8_t> header, int32_t width, int32_t height) {
-  std::fill(header.begin(), header.end(), uint8_t{0});
   putNumber(header.subspan(0, 4), static_cast<uint32_t>(header.size()));
   putNumber(header.subspan(4, 4), static_cast<uint32_t>(width));
   putNumber(header.subspan(8, 4), static_cast<uint32_t>(height));
@@ -53,54 +52,64 @@ void putHeader(std::span<uint8_t> header, int32_t width, int32_t height) {
   putNumber(header.subspan(20, 4), static_cast<uint32_t>(bytesOfRows(width, height)));
 }
 
-// Both headers of a file.
-void putFileHeaders(std::span<uint8_t> headers, int32_t width, int32_t height) {
-  const auto fileHeader = headers.first(kBitmapFileHeaderBytes);
-  std::fill(fileHeader.begin(), fileHeader.end(), uint8_t{0});
-  putNumber(fileHeader.subspan(0, 2), 'B' | 'M' << 8);
-  putNumber(fileHeader.subspan(2, 4), static_cast<uint32_t>(kRowsOffset + bytesOfRows(width, height)));
-  putNumber(fileHeader.subspan(10, 4), kRowsOffset);
+std::array<uint8_t, kRowsOffset> fileHeaders(int32_t width, int32_t height) {
+  std::array<uint8_t, kRowsOffset> bytes{};
+  const std::span<uint8_t> headers(bytes);
+  putNumber(headers.subspan(0, 2), 'B' | 'M' << 8);
+  putNumber(headers.subspan(2, 4), static_cast<uint32_t>(kRowsOffset + bytesOfRows(width, height)));
+  putNumber(headers.subspan(10, 4), kRowsOffset);
   putHeader(headers.subspan(kBitmapFileHeaderBytes), width, height);
+  return bytes;
 }
 
-// As many lines of `frameBits` as there is room for, the one above line `behind` first, then upwards.
-void putRows(std::span<uint8_t> rows, std::span<const uint32_t> frameBits, int32_t width, int32_t behind) {
+// The rows of a bitmap in pieces, so that a row may be longer than one. Returns what `put` says.
+std::string putRows(std::span<const uint32_t> frameBits, int32_t width, int32_t height, const PutBytes &put) {
+  constexpr size_t kPieceBytes = size_t{32} << 10;
+  constexpr size_t kMostFill = 3;
+  constexpr size_t kMostPixels = (kPieceBytes - kMostFill) / kBytesPerPixel;
   const auto columns = static_cast<size_t>(width);
-  const size_t rowBytes = bytesOfRows(width, 1);
-  auto line = static_cast<size_t>(behind);
-  for (size_t at = 0; at < rows.size(); at += rowBytes) {
-    pixelKernels().bytesOfWords(frameBits.data() + --line * columns, columns, rows.data() + at);
-    std::fill(rows.data() + at + columns * kBytesPerPixel, rows.data() + at + rowBytes, uint8_t{0});
+  const size_t fill = bytesOfRows(width, 1) - columns * kBytesPerPixel;
+  std::vector<uint8_t> piece(std::min(kPieceBytes, bytesOfRows(width, height)));
+  size_t used = 0;
+  for (auto line = static_cast<size_t>(height); line-- > 0;) {
+    for (size_t column = 0; column < columns;) {
+      const size_t pixels = std::min(columns - column, kMostPixels);
+      if (piece.size() - used < pixels * kBytesPerPixel + fill) {
+        if (std::string failure = put(std::span(piece).first(used)); !failure.empty()) return failure;
+        used = 0;
+      }
+      pixelKernels().bytesOfWords(frameBits.data() + line * columns + column, pixels, piece.data() + used);
+      used += pixels * kBytesPerPixel;
+      column += pixels;
+    }
+    std::fill_n(piece.begin() + static_cast<std::ptrdiff_t>(used), fill, uint8_t{0});
+    used += fill;
   }
+  return used == 0 ? "" : put(std::span(piece).first(used));
+}
+
+// All of it in memory: `headers` and the rows. Empty when memory is lacking.
+std::vector<uint8_t> withRows(std::span<const uint8_t> headers, std::span<const uint32_t> frameBits, int32_t width,
+                              int32_t height) {
+  std::vector<uint8_t> bitmap;
+  if (!provideRoom(bitmap, headers.size() + bytesOfRows(width, height))) return {};
+  bitmap.assign(headers.begin(), headers.end());
+  putRows(frameBits, width, height, [&bitmap](std::span<const uint8_t> bytes) {
+    bitmap.insert(bitmap.end(), bytes.begin(), bytes.end());
+    return std::string();
+  });
+  return bitmap;
 }
 
 } // namespace
 
 std::vector<uint8_t> encodeBitmap(std::span<const uint32_t> frameBits, int32_t width, int32_t height) {
-  std::vector<uint8_t> file;
-  const size_t length = kRowsOffset + bytesOfRows(width, height);
-  if (!provideRoom(file, length)) return {};
-  file.resize(length);
-  putFileHeaders(std::span(file).first(kRowsOffset), width, height);
-  putRows(std::span(file).subspan(kRowsOffset), frameBits, width, height);
-  return file;
+  return withRows(fileHeaders(width, height), frameBits, width, height);
 }
 
 std::string putBitmap(std::span<const uint32_t> frameBits, int32_t width, int32_t height, const PutBytes &put) {
-  constexpr size_t kPieceBytes = size_t{32} << 10;
-  std::array<uint8_t, kRowsOffset> headers;
-  putFileHeaders(headers, width, height);
-  std::string failure = put(headers);
-
-  const auto mostRows = static_cast<int32_t>(kPieceBytes / std::max<size_t>(1, bytesOfRows(width, 1)));
-  const int32_t rows = std::min(height, std::max(1, mostRows));
-  std::vector<uint8_t> piece(bytesOfRows(width, rows));
-  for (int32_t behind = height; behind > 0 && failure.empty(); behind -= rows) {
-    const auto bytes = std::span(piece).first(bytesOfRows(width, std::min(rows, behind)));
-    putRows(bytes, frameBits, width, behind);
-    failure = put(bytes);
-  }
-  return failure;
+  const std::string failure = put(fileHeaders(width, height));
+  return failure.empty() ? putRows(frameBits, width, height, put) : failure;
 }
 
 std::vector<uint8_t> encodeBitmapV5(std::span<const uint32_t> frameBits, int32_t width, int32_t height) {
@@ -111,16 +120,12 @@ std::vector<uint8_t> encodeBitmapV5(std::span<const uint32_t> frameBits, int32_t
   constexpr size_t kIntentOffset = 108;
   constexpr uint32_t kIntentGraphics = 2;
 
-  std::vector<uint8_t> bitmap;
-  const size_t length = kHeaderBytes + bytesOfRows(width, height);
-  if (!provideRoom(bitmap, length)) return {};
-  bitmap.resize(length);
-  const auto header = std::span(bitmap).first(kHeaderBytes);
+  std::array<uint8_t, kHeaderBytes> bytes{};
+  const std::span<uint8_t> header(bytes);
   putHeader(header, width, height);
   putNumber(header.subspan(kColourSpaceOffset, 4), kColourSpaceSrgb);
   putNumber(header.subspan(kIntentOffset, 4), kIntentGraphics);
-  putRows(std::span(bitmap).subspan(kHeaderBytes), frameBits, width, height);
-  return bitmap;
+  return withRows(header, frameBits, width, height);
 }
 
 std::string bitmapPath(const ViewerState &viewer) {

@@ -26,8 +26,7 @@ std::vector<uint8_t> encodeBitmapV5(std::span<const uint32_t> frameBits, int32_t
 // Takes the next bytes of a file. Returns an empty text, or what went wrong.
 using PutBytes = std::function<std::string(std::span<const uint8_t>)>;
 
-// Such a file a few rows at a time: its memory is small and stays in the caches. Returns what went wrong, which ends
-// it.
+// Such a file in pieces of some ten thousand bytes, which stay in the caches. Returns what went wrong, which ends it.
 std::string putBitmap(std::span<const uint32_t> frameBits, int32_t width, int32_t height, const PutBytes &put);
 
 // Where Save as Bitmap writes: beside the source file, the last three characters replaced by "bmp"; a video's frame

@@ -51,5 +51,5 @@ std::string replaceFile(const FileOps &files, const std::string &path, std::span
 // shell/windows_files.cpp.
 const FileOps &systemFiles();
 
-// Whether both UTF-8 paths lead to one thing that exists there, by whatever way.
+// Whether both UTF-8 paths lead to one file or folder, by whatever way; false where either does not exist.
 bool sameFile(const std::string &left, const std::string &right);

@@ -6,9 +6,10 @@ bool hasSsse3() { return false; }
 bool hasAvx2() { return false; }
 bool hasAvx512() { return false; }
 
-#elif defined(__GLIBC__)
+#elif __has_include(<sys/platform/x86.h>) && !defined(__clang__)
 
-// The C library has asked the processor already. To ask again would take long where a virtual machine answers.
+// The C library has asked the processor already. To ask again would take long where a virtual machine answers. Its
+// header is no C++ to clang.
 #include <sys/platform/x86.h>
 
 bool hasSsse3() { return CPU_FEATURE_ACTIVE(SSSE3); }

@@ -1,5 +1,6 @@
 #include "screens/display_geometry.h"
 
+#include "core/buffers.h"
 #include "core/numbers.h"
 #include "core/palette.h"
 
@@ -53,7 +54,8 @@ std::vector<uint32_t> stretchedPicture(const ViewerState &viewer) {
   const Stretch &stretch = viewer.window.stretch;
   std::vector<uint32_t> shown;
   if (viewer.pictureShown != kTrue) return shown;
-  shown.reserve(static_cast<size_t>(stretch.targetWidth) * static_cast<size_t>(stretch.targetHeight));
+  const size_t pixels = static_cast<size_t>(stretch.targetWidth) * static_cast<size_t>(stretch.targetHeight);
+  if (!provideRoom(shown, pixels)) return shown;
   for (int64_t y = 0; y < stretch.targetHeight; ++y) {
     const int64_t line = y * stretch.sourceHeight / stretch.targetHeight * stretch.sourceWidth;
     for (int64_t x = 0; x < stretch.targetWidth; ++x) {

@@ -19,5 +19,5 @@ inline constexpr int32_t kFrameAround = 4;
 void ApplyDisplayGeometry(ViewerState &viewer);
 
 // The picture as MainView shows it: targetWidth x targetHeight words 0x00RRGGBB, each the source pixel that it
-// stands on (nothing is smoothed). Empty while no picture is shown.
+// stands on (nothing is smoothed). Empty while no picture is shown, and when memory is lacking.
 std::vector<uint32_t> stretchedPicture(const ViewerState &viewer);

@@ -4,7 +4,7 @@
 #include <cstring>
 
 // 16 pixels at a time: a register holds a whole palette, and one instruction looks 16 entries up in it. Of each entry
-// it reads the low four bits only; what stands above them need not be cleared.
+// it reads the low four bits only (in two registers: five); what stands above them need not be cleared.
 
 #ifdef __x86_64__
 

@@ -127,7 +127,10 @@ LRESULT CALLBACK mainWindowProcedure(HWND window, UINT message, WPARAM wParam, L
     break;
   case WM_HSCROLL: scrollFrames(*main, LOWORD(wParam)); break;
   case WM_ENTERMENULOOP:
-  case WM_ENTERSIZEMOVE: holdRun(*main->viewer); return 0;
+  case WM_ENTERSIZEMOVE:
+    provideLabels(*main); // the system's own loop begins
+    holdRun(*main->viewer);
+    return 0;
   case WM_EXITMENULOOP:
   case WM_EXITSIZEMOVE: resumeRun(*main->viewer); return 0;
   case WM_SETFOCUS: SetFocus(main->mainView.window); return 0;
@@ -136,7 +139,9 @@ LRESULT CALLBACK mainWindowProcedure(HWND window, UINT message, WPARAM wParam, L
   case kMouseLeftView: leaveMouse(*main->viewer); break;
   case WM_DROPFILES: openDroppedFile(*main, reinterpret_cast<HDROP>(wParam)); break;
   case WM_CLOSE: menuExit_Click(*main->viewer); break;
-  case WM_ENTERIDLE: break; // a dialog has run a command, which shows while the dialog stays
+  case WM_ENTERIDLE: // a dialog may have run a command, which shows while the dialog stays
+    provideLabels(*main);
+    break;
   case WM_SIZE:
     if (wParam == SIZE_RESTORED && main->fitWhenRestored) {
       fitWindow(*main);

@@ -35,7 +35,9 @@ SIZE contentToShow(const MainWindow &main) {
   return contentSize(main.shown, main.metrics, sizeOf(workAreaOf(main.window)).cy - frameHeight);
 }
 
-void moveWindow(HWND window, const RECT &to, UINT how = SWP_NOZORDER | SWP_NOACTIVATE) {
+constexpr UINT kMoveOnly = SWP_NOZORDER | SWP_NOACTIVATE;
+
+void moveWindow(HWND window, const RECT &to, UINT how = kMoveOnly) {
   SetWindowPos(window, HWND_TOP, to.left, to.top, to.right - to.left, to.bottom - to.top, how);
 }
 
@@ -60,10 +62,15 @@ RECT placeOnWorkArea(HWND window, SIZE size, bool centred) {
 
 // Every move of the window takes long, so it gets its size and its place in one, and is shown by the same where `how`
 // says so.
-void fitToContent(const MainWindow &main, bool centred, UINT how = SWP_NOZORDER | SWP_NOACTIVATE) {
+void fitToContent(const MainWindow &main, bool centred, UINT how = kMoveOnly) {
   const SIZE content = contentToShow(main);
   const SIZE outer = outerSize(main, content);
-  moveWindow(main.window, placeOnWorkArea(main.window, outer, centred), how);
+  const RECT place = placeOnWorkArea(main.window, outer, centred);
+  moveWindow(main.window, place, how);
+  // The system need not move what it shows by the same call.
+  RECT now{};
+  GetWindowRect(main.window, &now);
+  if (!EqualRect(&now, &place)) moveWindow(main.window, place);
   // A menu bar that needs several rows takes its room from the client area.
   const LONG lacking = content.cy - clientSizeOf(main.window).cy;
   if (lacking <= 0) return;
@@ -126,14 +133,11 @@ void fitWindow(MainWindow &main) {
 
 void showFitted(MainWindow &main, int showCommand) {
   main.placed = true;
-  if (showCommand == SW_SHOWNORMAL || showCommand == SW_SHOWDEFAULT) {
-    fitToContent(main, true, SWP_SHOWWINDOW);
-    placeControls(main);
-  } else {
-    fitToContent(main, true);
-    placeControls(main);
-    ShowWindow(main.window, showCommand);
-  }
+  const bool plainly = showCommand == SW_SHOWNORMAL || showCommand == SW_SHOWDEFAULT;
+  fitToContent(main, true, plainly ? SWP_SHOWWINDOW : kMoveOnly);
+  placeControls(main);
+  updateScrollBars(main.mainView);
+  if (!plainly) ShowWindow(main.window, showCommand);
 }
 
 void keepWindowOnWorkArea(const MainWindow &main) {

@@ -12,6 +12,11 @@
 
 namespace {
 
+// Nothing for a control that the system refused to make: for it all windows would be redrawn.
+void redraw(HWND control) {
+  if (control != nullptr) InvalidateRect(control, nullptr, FALSE);
+}
+
 constexpr UINT greyed(bool enabled) { return static_cast<UINT>(enabled ? MF_ENABLED : MF_GRAYED); }
 
 void syncMenuItems(const MainWindow &main, const WindowModel &model) {
@@ -40,7 +45,7 @@ void syncSwatches(MainWindow &main, const WindowModel &model) {
     const bool recoloured = swatch.background != shown.background || swatch.text != shown.text;
     if (swatch.visible && (recoloured || !shown.visible)) {
       SetWindowTextA(main.swatches[i], swatchName(i, swatch.background).c_str());
-      InvalidateRect(main.swatches[i], nullptr, FALSE);
+      redraw(main.swatches[i]);
     }
     if (swatch.visible != shown.visible) ShowWindow(main.swatches[i], swatch.visible ? SW_SHOWNA : SW_HIDE);
   }
@@ -55,9 +60,9 @@ void syncLabels(const MainWindow &main, const WindowModel &model) {
   const bool visible = !readout.text.empty();
   if (readout.text != main.shown.readout.text) {
     SetWindowTextA(main.readout, readout.text.c_str());
-    InvalidateRect(main.readout, nullptr, FALSE);
+    redraw(main.readout);
   }
-  if (readout.colour != main.shown.readout.colour) InvalidateRect(main.readoutSwatch, nullptr, FALSE);
+  if (readout.colour != main.shown.readout.colour) redraw(main.readoutSwatch);
   if (visible != !main.shown.readout.text.empty()) ShowWindow(main.readoutSwatch, visible ? SW_SHOWNA : SW_HIDE);
 }
 

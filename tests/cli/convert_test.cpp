@@ -99,16 +99,21 @@ TEST(CliConvert, WithoutMemoryForThePictureThereIsNoFile) {
   // 1000 x 600 pixels of 16 bits, all black
   request.files = {folder.write(u8"big.G9B", {'G', '9', 'B', 11, 0, 16, 0, 0, 0xE8, 3, 0x58, 2, 0, 0, 0, 0})};
   for (const ImageFormat format : {ImageFormat::kBmp, ImageFormat::kPpm}) {
-    request.format = format;
-    for (const int block : {1, 2, 0}) { // video memory, frame
-      scarceMemory() = {.refusedBlock = block};
-      EXPECT_EQ(convertFiles(request), block == 0) << block;
-      EXPECT_EQ(scarceMemory().largeBlocks, block == 0 ? 2 : block);
-      scarceMemory() = {};
-      EXPECT_EQ(folder.fileCount(), block == 0 ? 2U : 1U) << block;
+    for (const bool shown : {false, true}) {
+      request.format = format;
+      request.shown = shown;
+      const int blocks = shown ? 3 : 2; // video memory, frame, frame as shown
+      for (int block = 0; block <= blocks; ++block) {
+        SCOPED_TRACE(block);
+        scarceMemory() = {.refusedBlock = block};
+        EXPECT_EQ(convertFiles(request), block == 0);
+        EXPECT_EQ(scarceMemory().largeBlocks, block == 0 ? blocks : block);
+        scarceMemory() = {};
+        EXPECT_EQ(folder.fileCount(), block == 0 ? 2U : 1U);
+        std::error_code error;
+        std::filesystem::remove(folder.path + (format == ImageFormat::kBmp ? "big.bmp" : "big.ppm"), error);
+      }
     }
-    std::error_code error;
-    std::filesystem::remove(folder.path + "big.bmp", error);
   }
 }
 

@@ -73,8 +73,8 @@ TEST(BitmapExport, PiecesAreTheWholeFile) {
       joinedPieces.insert(joinedPieces.end(), piece.begin(), piece.end());
       return std::string(++pieces == 2 ? "disk is full" : "");
     };
-    EXPECT_EQ(putBitmap(frame, width, height, put), height == 0 ? "" : "disk is full");
-    EXPECT_EQ(pieces, height == 0 ? 1 : 2); // the second one is the last
+    EXPECT_EQ(putBitmap(frame, width, height, put), frame.empty() ? "" : "disk is full");
+    EXPECT_EQ(pieces, frame.empty() ? 1 : 2); // the second one is the last
     ++pieces;
     joinedPieces.clear();
     EXPECT_EQ(putBitmap(frame, width, height, put), "");
