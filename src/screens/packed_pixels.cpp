@@ -1,5 +1,6 @@
 #include "screens/packed_pixels.h"
 
+#include "screens/packed_entries.h"
 #include "screens/pixel_kernels.h"
 
 #include <algorithm>
@@ -7,18 +8,14 @@
 
 namespace {
 
-// Bits of a byte from the highest down, kPixels to a byte, as colour words.
+// The pixels of a byte as colour words.
 template <size_t kPixels> using ByteColours = std::array<uint32_t, kPixels>;
 
 // The colours of every byte value: one look-up a byte instead of one a pixel.
 template <size_t kPixels> std::array<ByteColours<kPixels>, 256> byteColourTable(const ViewerState &viewer) {
-  constexpr size_t kBits = 8 / kPixels;
-  constexpr size_t kMask = (size_t{1} << kBits) - 1;
   std::array<ByteColours<kPixels>, 256> table;
   for (size_t byte = 0; byte < table.size(); ++byte) {
-    for (size_t pixel = 0; pixel < kPixels; ++pixel) {
-      table[byte][pixel] = viewer.palette[byte >> (8 - kBits - pixel * kBits) & kMask];
-    }
+    for (size_t i = 0; i < kPixels; ++i) table[byte][i] = viewer.palette[entryOf<kPixels>(byte, i)];
   }
   return table;
 }

@@ -1,6 +1,7 @@
 #include "screens/pixel_kernels.h"
 
 #include "core/palette.h"
+#include "screens/packed_entries.h"
 
 #include <algorithm>
 #include <array>
@@ -65,12 +66,6 @@ struct YaePixel {
     return (byte & 8) != 0 ? palette[byte >> 4] : YjkPixel{}(group, byte);
   }
 };
-
-// Entry `i` of a byte, from the highest bits down.
-template <size_t kPixels> constexpr size_t entryOf(size_t byte, size_t i) {
-  constexpr size_t kBits = 8 / kPixels;
-  return byte >> (8 - kBits - i * kBits) & ((size_t{1} << kBits) - 1);
-}
 
 // The colours of every byte value: one look-up a byte instead of one a pixel.
 template <size_t kPixels>
