@@ -1,6 +1,5 @@
 #include "cli/film.h"
 
-#include "cli/interrupt.h"
 #include "cli/opened_file.h"
 #include "cli/output.h"
 #include "video/eva_player.h"
@@ -39,9 +38,10 @@ void encodeFrame(const ViewerState &viewer, std::vector<uint8_t> &frame) {
   }
 }
 
-// A film may go on for long: each part of it is the last one once the program was interrupted.
+// A film may go on for long, so an interrupt is looked for before each part of it.
 std::string writePart(const CliOutput &output, std::span<const uint8_t> bytes) {
-  return interrupted() ? output.path + ": stopped" : writeCliOutput(output, bytes);
+  const std::string stop = stopLine(output);
+  return stop.empty() ? writeCliOutput(output, bytes) : stop;
 }
 
 std::string writeFrames(OpenedFile &file, const CliOutput &output) {

@@ -6,12 +6,14 @@
 
 std::string beginCliOutput(CliOutput &output, const std::string &path) {
   output = {.path = path};
-  if (interrupted()) return path + ": stopped";
+  if (std::string stop = stopLine(output); !stop.empty()) return stop;
   if (path == kStandardOutput) return "";
   std::string failure;
   output.handle = systemFiles().beginOutput(path.c_str(), failure);
   return output.handle != nullptr ? "" : path + ": " + failure;
 }
+
+std::string stopLine(const CliOutput &output) { return interrupted() ? output.path + ": stopped" : ""; }
 
 std::string writeCliOutput(const CliOutput &output, std::span<const uint8_t> bytes) {
   if (output.handle != nullptr) {

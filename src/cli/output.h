@@ -18,6 +18,9 @@ struct CliOutput {
 std::string beginCliOutput(CliOutput &output, const std::string &path);
 std::string writeCliOutput(const CliOutput &output, std::span<const uint8_t> bytes);
 
+// What is said of an output that the program was interrupted at; an empty text until then.
+std::string stopLine(const CliOutput &output);
+
 // Keeps what was written when `failure`, which is returned where it is not empty, says nothing.
 std::string finishCliOutput(const CliOutput &output, const std::string &failure);
 

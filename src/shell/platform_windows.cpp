@@ -101,7 +101,7 @@ void showMessage(void *context, const std::string &title, const std::string &tex
   const auto iconFlag = static_cast<UINT>(icon == MessageIcon::kInformation ? MB_ICONINFORMATION
                                           : icon == MessageIcon::kWarning   ? MB_ICONWARNING
                                                                             : 0);
-  if (main.placed) provideLabels(main);
+  provideLabels(main);
   holdRun(*main.viewer);
   const ThemedControls themed;
   MessageBoxA(main.window, text.c_str(), title.c_str(), MB_OK | iconFlag);

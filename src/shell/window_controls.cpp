@@ -16,7 +16,7 @@ HWND createStatic(const MainWindow &main, size_t id, DWORD style) {
 } // namespace
 
 void provideLabels(MainWindow &main) {
-  if (main.labelsMade || main.window == nullptr) return;
+  if (main.labelsMade || !main.placed || main.window == nullptr) return;
   main.labelsMade = true;
   constexpr DWORD kLabel = WS_VISIBLE | SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS;
   for (size_t i = 0; i < main.labels.size(); ++i) {

@@ -8,8 +8,8 @@
 inline constexpr std::array<std::string WindowModel::*, 4> kLabelTexts = {&WindowModel::Label1, &WindowModel::Label2,
                                                                           &WindowModel::Label3, &WindowModel::Label4};
 
-// The labels, with the texts shown at present, and the read-out, in their places; nothing where they are there already.
-// What the system refuses to make is missing, here and below.
+// The labels, with the texts shown at present, and the read-out, in their places; nothing where they are there already,
+// and before the window is shown. What the system refuses to make is missing, here and below.
 void provideLabels(MainWindow &main);
 
 // The fields of the palette view, hidden and in their places; nothing where they are there already.

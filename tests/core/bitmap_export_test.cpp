@@ -50,35 +50,46 @@ TEST(BitmapExport, Version5Header) {
   EXPECT_EQ(encodeBitmapV5(frame, 2, 2), expected);
 }
 
-TEST(BitmapExport, RowsAreFilledUpToFourBytes) {
-  for (const auto &[width, rowBytes] : {std::pair<size_t, size_t>{1, 4}, {2, 8}, {3, 12}, {4, 12}, {5, 16}}) {
-    std::vector<uint32_t> frame;
-    Bytes rows(2 * rowBytes);
-    for (size_t n = 0; n < width * 2; ++n) {
-      frame.push_back(static_cast<uint32_t>(n + 1));
-      rows[(n < width ? rowBytes : 0) + n % width * 3] = static_cast<uint8_t>(n + 1);
+// Widths of every fill, files of several pieces, rows of several pieces.
+TEST(BitmapExport, RowsInPiecesAndInOne) {
+  for (const auto &[width, height] : {std::pair<size_t, size_t>{0, 5},
+                                      {5, 0},
+                                      {1, 2},
+                                      {2, 2},
+                                      {3, 2},
+                                      {4, 2},
+                                      {5, 2},
+                                      {7, 3000},
+                                      {10'921, 3},
+                                      {12'001, 3},
+                                      {30'000, 2}}) {
+    SCOPED_TRACE(testing::Message() << width << " x " << height);
+    std::vector<uint32_t> frame(width * height);
+    Bytes rows;
+    for (size_t y = height; y-- > 0;) {
+      for (size_t x = 0; x < width; ++x) {
+        const auto n = static_cast<uint32_t>(y * width + x + 1);
+        frame[y * width + x] = n;
+        rows.insert(rows.end(),
+                    {static_cast<uint8_t>(n), static_cast<uint8_t>(n / 256), static_cast<uint8_t>(n / 65536)});
+      }
+      rows.resize((rows.size() + 3) / 4 * 4);
     }
-    const Bytes file = encodeBitmap(frame, static_cast<int32_t>(width), 2);
-    EXPECT_EQ(Bytes(file.begin() + 54, file.end()), rows) << width;
-  }
-}
-
-TEST(BitmapExport, PiecesAreTheWholeFile) {
-  for (const auto &[width, height] : {std::pair{0, 5}, {5, 0}, {1, 1}, {7, 3000}, {12'000, 3}}) {
-    std::vector<uint32_t> frame;
-    for (int32_t n = 0; n < width * height; ++n) frame.push_back(static_cast<uint32_t>(n));
-    Bytes joinedPieces;
-    size_t pieces = 0;
+    const auto columns = static_cast<int32_t>(width);
+    const auto lines = static_cast<int32_t>(height);
+    const Bytes file = encodeBitmap(frame, columns, lines);
+    EXPECT_TRUE(Bytes(file.begin() + 54, file.end()) == rows);
+    Bytes written;
+    size_t failing = 0;
     const auto put = [&](std::span<const uint8_t> piece) {
-      joinedPieces.insert(joinedPieces.end(), piece.begin(), piece.end());
-      return std::string(++pieces == 2 ? "disk is full" : "");
+      written.insert(written.end(), piece.begin(), piece.end());
+      return std::string(--failing == 0 ? "disk is full" : "");
     };
-    EXPECT_EQ(putBitmap(frame, width, height, put), frame.empty() ? "" : "disk is full");
-    EXPECT_EQ(pieces, frame.empty() ? 1 : 2); // the second one is the last
-    ++pieces;
-    joinedPieces.clear();
-    EXPECT_EQ(putBitmap(frame, width, height, put), "");
-    EXPECT_TRUE(joinedPieces == encodeBitmap(frame, width, height)) << width << " x " << height;
+    EXPECT_EQ(putBitmap(frame, columns, lines, put), "");
+    EXPECT_TRUE(written == file);
+    failing = 2; // the headers are the first piece
+    EXPECT_EQ(putBitmap(frame, columns, lines, put), rows.empty() ? "" : "disk is full");
+    EXPECT_EQ(failing, rows.empty() ? 1 : 0); // and nothing comes after it
   }
 }
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -61,22 +62,19 @@ TEST_P(WideKernels, DrawWhatPlainOnesDraw) {
   const std::vector<uint8_t> groups = allGroups();
   for (size_t left = 0; left < 40; ++left) { // blocks that are not whole, and all
     const size_t bytes = left == 0 ? pairs.size() : left;
-    expectSame(
-        bytes * 2, [&](uint32_t *to) { plain.nibbles(pairs.data(), bytes, kPalette.data(), to); },
-        [&](uint32_t *to) { wide->nibbles(pairs.data(), bytes, kPalette.data(), to); });
-    expectSame(
-        bytes * 4, [&](uint32_t *to) { plain.crumbs(pairs.data(), bytes, kPalette.data(), to); },
-        [&](uint32_t *to) { wide->crumbs(pairs.data(), bytes, kPalette.data(), to); });
-    expectSame(
-        bytes, [&](uint32_t *to) { plain.grb332(pairs.data(), bytes, kGrb332Colours.data(), to); },
-        [&](uint32_t *to) { wide->grb332(pairs.data(), bytes, kGrb332Colours.data(), to); });
+    for (const auto &[kernel, each, colours] : {std::tuple{&PixelKernels::nibbles, size_t{2}, kPalette.data()},
+                                                {&PixelKernels::crumbs, size_t{4}, kPalette.data()},
+                                                {&PixelKernels::grb332, size_t{1}, kGrb332Colours.data()}}) {
+      expectSame(
+          bytes * each, [&, k = kernel, c = colours](uint32_t *to) { (plain.*k)(pairs.data(), bytes, c, to); },
+          [&, k = kernel, c = colours](uint32_t *to) { (wide->*k)(pairs.data(), bytes, c, to); });
+    }
     const size_t groupCount = left == 0 ? groups.size() / 4 : left;
-    expectSame(
-        groupCount * 4, [&](uint32_t *to) { plain.yjk(groups.data(), groupCount, to); },
-        [&](uint32_t *to) { wide->yjk(groups.data(), groupCount, to); });
-    expectSame(
-        groupCount * 4, [&](uint32_t *to) { plain.yuv(groups.data(), groupCount, to); },
-        [&](uint32_t *to) { wide->yuv(groups.data(), groupCount, to); });
+    for (const auto kernel : {&PixelKernels::yjk, &PixelKernels::yuv}) {
+      expectSame(
+          groupCount * 4, [&](uint32_t *to) { (plain.*kernel)(groups.data(), groupCount, to); },
+          [&](uint32_t *to) { (wide->*kernel)(groups.data(), groupCount, to); });
+    }
     expectSame(
         groupCount * 4, [&](uint32_t *to) { plain.yae(groups.data(), groupCount, kPalette.data(), to); },
         [&](uint32_t *to) { wide->yae(groups.data(), groupCount, kPalette.data(), to); });
