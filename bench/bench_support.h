@@ -1,7 +1,7 @@
 // What the benchmarks share: samples, and a viewer whose files lie in memory.
 #pragma once
 
-#include "core/viewer_state.h"
+#include "state/viewer_state.h"
 #include "headless/headless_platform.h"
 #include "sample_pictures.h"
 

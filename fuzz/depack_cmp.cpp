@@ -1,5 +1,5 @@
 // The code of DD-Graph's compressed pictures.
-#include "formats/cmp_depacker.h"
+#include "pixels/cmp_depacker.h"
 
 #include <cstdlib>
 

@@ -1,5 +1,5 @@
 // The code of V9990 pictures.
-#include "formats/g9b_depacker.h"
+#include "pixels/g9b_depacker.h"
 
 #include <algorithm>
 #include <array>

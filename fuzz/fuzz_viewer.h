@@ -1,7 +1,7 @@
 // A viewer without a window for the fuzz targets: one for all inputs, its files in memory.
 #pragma once
 
-#include "core/viewer_state.h"
+#include "state/viewer_state.h"
 #include "headless/headless_platform.h"
 
 #include <cstdint>

@@ -1,6 +1,6 @@
 // Writes the seeds of each fuzz target, made from the samples, into folders of their own. Usage: make_corpus FOLDER
 #include "core/file_kinds.h"
-#include "core/text.h"
+#include "base/text.h"
 #include "sample_pictures.h"
 
 #include <algorithm>

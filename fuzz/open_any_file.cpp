@@ -6,7 +6,7 @@
 #include "core/commands.h"
 #include "core/file_kinds.h"
 #include "core/image_info.h"
-#include "screens/palette_commands.h"
+#include "core/palette_commands.h"
 
 #include <cstdlib>
 

@@ -2,7 +2,7 @@
 #include "fuzz_viewer.h"
 
 #include "core/commands.h"
-#include "screens/palette_commands.h"
+#include "core/palette_commands.h"
 
 #include <array>
 #include <cstdlib>

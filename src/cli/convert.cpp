@@ -6,8 +6,8 @@
 #include "cli/progress.h"
 #include "core/bitmap_export.h"
 #include "core/dispatch.h"
-#include "core/text.h"
-#include "screens/display_geometry.h"
+#include "base/text.h"
+#include "core/display_geometry.h"
 
 #include <algorithm>
 #include <atomic>

@@ -1,7 +1,7 @@
 #include "cli/info.h"
 
 #include "cli/opened_file.h"
-#include "formats/colour_count.h"
+#include "core/colour_count.h"
 
 #include <string_view>
 

@@ -1,7 +1,7 @@
 // What the window would show, as text.
 #pragma once
 
-#include "core/viewer_state.h"
+#include "state/viewer_state.h"
 
 #include <string>
 

@@ -1,7 +1,7 @@
 // A viewer of its own for each file, as a fresh window would open it.
 #pragma once
 
-#include "core/viewer_state.h"
+#include "state/viewer_state.h"
 #include "headless/headless_platform.h"
 
 #include <string>

@@ -1,7 +1,7 @@
 // Where the program writes: files, which are replaced only once they are complete, and standard output.
 #pragma once
 
-#include "core/file_ops.h"
+#include "base/file_ops.h"
 
 #include <cstdint>
 #include <span>

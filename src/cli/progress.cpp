@@ -2,7 +2,7 @@
 
 #include "cli/output.h"
 #include "core/dispatch.h"
-#include "core/text.h"
+#include "base/text.h"
 
 #include <algorithm>
 #include <cstdio>

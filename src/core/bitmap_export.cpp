@@ -1,9 +1,9 @@
 #include "core/bitmap_export.h"
 
-#include "core/buffers.h"
+#include "base/buffers.h"
 #include "core/file_kinds.h"
-#include "core/text.h"
-#include "screens/pixel_kernels.h"
+#include "base/text.h"
+#include "pixels/pixel_kernels.h"
 
 #include <algorithm>
 #include <array>

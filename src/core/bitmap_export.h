@@ -1,7 +1,7 @@
 // The rendered picture as a Windows bitmap.
 #pragma once
 
-#include "core/viewer_state.h"
+#include "state/viewer_state.h"
 
 #include <cstdint>
 #include <functional>

@@ -1,7 +1,7 @@
 #include "core/colour_readout.h"
 
-#include "core/text.h"
-#include "screens/render_dispatch.h"
+#include "base/text.h"
+#include "core/render_dispatch.h"
 
 #include <optional>
 

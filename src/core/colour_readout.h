@@ -1,7 +1,7 @@
 // The colour under the mouse.
 #pragma once
 
-#include "core/viewer_state.h"
+#include "state/viewer_state.h"
 
 // The mouse is over the picture area at that pixel of it, counted from the top left corner of the picture as it is
 // shown. Fills the read-out: place in the picture, palette entry where the pixel is one, colour as #RRGGBB.

@@ -4,8 +4,8 @@
 #include "core/dispatch.h"
 #include "core/load_pipeline.h"
 #include "core/preferences.h"
-#include "core/text.h"
-#include "screens/display_geometry.h"
+#include "base/text.h"
+#include "core/display_geometry.h"
 #include "video/sound_track.h"
 
 #include <span>

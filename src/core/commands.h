@@ -1,7 +1,7 @@
 // Commands of the main window. One that would load or close is ignored while a load is under way.
 #pragma once
 
-#include "core/viewer_state.h"
+#include "state/viewer_state.h"
 
 #include <optional>
 #include <string>

@@ -2,8 +2,8 @@
 
 #include "core/file_kinds.h"
 #include "core/load_pipeline.h"
-#include "core/text.h"
-#include "screens/display_geometry.h"
+#include "base/text.h"
+#include "core/display_geometry.h"
 #include "video/video_mode.h"
 
 namespace {

@@ -1,7 +1,7 @@
 // From a path to its loader: the common first step, the error line, and the reset to the empty window.
 #pragma once
 
-#include "core/viewer_state.h"
+#include "state/viewer_state.h"
 
 #include <string_view>
 

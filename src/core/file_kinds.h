@@ -1,7 +1,7 @@
 // The table of the 43 kinds of file, told apart by extension.
 #pragma once
 
-#include "core/viewer_state.h"
+#include "state/viewer_state.h"
 
 #include <array>
 #include <cstdint>

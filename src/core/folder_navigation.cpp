@@ -3,7 +3,7 @@
 #include "core/commands.h"
 #include "core/dispatch.h"
 #include "core/file_kinds.h"
-#include "core/text.h"
+#include "base/text.h"
 
 #include <algorithm>
 #include <limits>

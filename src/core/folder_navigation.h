@@ -2,7 +2,7 @@
 // while a video plays.
 #pragma once
 
-#include "core/viewer_state.h"
+#include "state/viewer_state.h"
 
 void openNextFile(ViewerState &viewer);
 void openPreviousFile(ViewerState &viewer);

@@ -2,7 +2,7 @@
 
 #include "core/file_kinds.h"
 #include "core/menus.h"
-#include "core/text.h"
+#include "base/text.h"
 #include "core/version.h"
 
 #include <array>

@@ -1,7 +1,7 @@
 // The program's help.
 #pragma once
 
-#include "core/viewer_state.h"
+#include "state/viewer_state.h"
 
 #include <string>
 

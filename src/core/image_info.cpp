@@ -1,6 +1,6 @@
 #include "core/image_info.h"
 
-#include "core/text.h"
+#include "base/text.h"
 #include "screens/g9b_picture.h"
 #include "screens/ham_picture.h"
 #include "video/sound_track.h"

@@ -1,7 +1,7 @@
 // What is known of the current file, for people.
 #pragma once
 
-#include "core/viewer_state.h"
+#include "state/viewer_state.h"
 
 #include <string>
 

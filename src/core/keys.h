@@ -1,7 +1,7 @@
 // The keyboard of the main window, which sees each key before its controls.
 #pragma once
 
-#include "core/viewer_state.h"
+#include "state/viewer_state.h"
 
 struct KeyPress {
   int code = 0; // virtual-key code

@@ -1,8 +1,8 @@
 #include "core/load_pipeline.h"
 
 #include "screens/byte_pixels.h"
-#include "screens/display_geometry.h"
-#include "screens/render_dispatch.h"
+#include "core/display_geometry.h"
+#include "core/render_dispatch.h"
 
 #include <algorithm>
 #include <string>

@@ -1,7 +1,7 @@
 // What every loader does after its checks: labels, the body into video memory, rendering.
 #pragma once
 
-#include "core/viewer_state.h"
+#include "state/viewer_state.h"
 
 // Fills Label1 to Label3 from the picture's description and clears the status line.
 // Without a file all four labels are cleared; while a video plays nothing happens.

@@ -5,8 +5,8 @@
 #include "core/help_text.h"
 #include "core/image_info.h"
 #include "core/open_dialog.h"
-#include "formats/colour_count.h"
-#include "screens/palette_commands.h"
+#include "core/colour_count.h"
+#include "core/palette_commands.h"
 
 #include <string_view>
 

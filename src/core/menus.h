@@ -1,7 +1,7 @@
 // The menus of the main window and the keys of their commands.
 #pragma once
 
-#include "core/viewer_state.h"
+#include "state/viewer_state.h"
 
 #include <array>
 #include <cstddef>

@@ -1,7 +1,7 @@
 // The open-file dialog: what it offers.
 #pragma once
 
-#include "core/viewer_state.h"
+#include "state/viewer_state.h"
 
 #include <array>
 #include <string>

@@ -1,7 +1,7 @@
 #include "core/preferences.h"
 
-#include "core/text.h"
-#include "screens/display_geometry.h"
+#include "base/text.h"
+#include "core/display_geometry.h"
 
 #include <string_view>
 

@@ -1,7 +1,7 @@
 // Preferences and file associations, kept in the store of file classes.
 #pragma once
 
-#include "core/viewer_state.h"
+#include "state/viewer_state.h"
 
 #include <array>
 #include <string>

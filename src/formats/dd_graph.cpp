@@ -2,8 +2,8 @@
 
 #include "core/dispatch.h"
 #include "core/load_pipeline.h"
-#include "core/palette.h"
-#include "formats/cmp_depacker.h"
+#include "state/palette.h"
+#include "pixels/cmp_depacker.h"
 #include "screens/bload_loaders.h"
 #include "screens/copy_loaders.h"
 

@@ -1,7 +1,7 @@
 // Pictures of the paint program DD-Graph.
 #pragma once
 
-#include "core/viewer_state.h"
+#include "state/viewer_state.h"
 
 void loadDdGraphScreen(ViewerState &viewer);     // .GE5
 void loadDdGraphRectangle(ViewerState &viewer);  // .DAT

@@ -1,7 +1,7 @@
 // Dynamic Publisher pages: 512 x 704 pixels in black and white.
 #pragma once
 
-#include "core/viewer_state.h"
+#include "state/viewer_state.h"
 
 #include <cstdint>
 #include <span>

@@ -2,8 +2,8 @@
 
 #include "core/dispatch.h"
 #include "core/load_pipeline.h"
-#include "core/palette.h"
-#include "formats/symbos_bits.h"
+#include "state/palette.h"
+#include "pixels/symbos_bits.h"
 
 #include <algorithm>
 #include <array>

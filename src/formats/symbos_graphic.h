@@ -1,6 +1,6 @@
 // Graphics of the SymbOS desktop: tiles in rows.
 #pragma once
 
-#include "core/viewer_state.h"
+#include "state/viewer_state.h"
 
 void loadSymbosGraphic(ViewerState &viewer);

@@ -2,8 +2,8 @@
 
 #include "core/dispatch.h"
 #include "core/load_pipeline.h"
-#include "core/palette.h"
-#include "core/text.h"
+#include "state/palette.h"
+#include "base/text.h"
 #include "screens/bload_loaders.h"
 #include "screens/pattern_screen.h"
 

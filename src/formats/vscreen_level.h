@@ -1,7 +1,7 @@
 // Graphics of VSCREEN game levels: borders, tile sets, sprite sets.
 #pragma once
 
-#include "core/viewer_state.h"
+#include "state/viewer_state.h"
 
 #include <cstdint>
 

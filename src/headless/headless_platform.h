@@ -1,7 +1,7 @@
 // A stand-in for the window system: delivers scripted events, one in each event pass, and keeps a log of all calls.
 #pragma once
 
-#include "core/viewer_state.h"
+#include "state/viewer_state.h"
 
 #include <cstdint>
 #include <deque>

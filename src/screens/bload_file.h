@@ -1,7 +1,7 @@
 // The BLOAD file: a header of 7 bytes and a copy of video memory from address 0.
 #pragma once
 
-#include "core/viewer_state.h"
+#include "state/viewer_state.h"
 
 #include <cstdint>
 

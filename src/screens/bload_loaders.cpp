@@ -2,8 +2,8 @@
 
 #include "core/dispatch.h"
 #include "core/load_pipeline.h"
-#include "core/palette.h"
-#include "formats/packed_bload.h"
+#include "state/palette.h"
+#include "pixels/packed_bload.h"
 #include "screens/bload_file.h"
 #include "screens/byte_pixels.h"
 

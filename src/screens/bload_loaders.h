@@ -1,7 +1,7 @@
 // Loaders of video memory saved with BSAVE: the bitmap screens, and a walk that other kinds share.
 #pragma once
 
-#include "core/viewer_state.h"
+#include "state/viewer_state.h"
 
 #include <cstdint>
 #include <string_view>

@@ -1,6 +1,6 @@
 #include "screens/byte_pixels.h"
 
-#include "screens/pixel_kernels.h"
+#include "pixels/pixel_kernels.h"
 
 namespace {
 

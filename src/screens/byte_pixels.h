@@ -1,7 +1,7 @@
 // Renderer of one byte a pixel: Screens 8 and 10 to 12, and the V9990's byte modes.
 #pragma once
 
-#include "core/viewer_state.h"
+#include "state/viewer_state.h"
 
 #include <cstdint>
 

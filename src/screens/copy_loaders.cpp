@@ -2,7 +2,7 @@
 
 #include "core/dispatch.h"
 #include "core/load_pipeline.h"
-#include "core/palette.h"
+#include "state/palette.h"
 #include "screens/byte_pixels.h"
 
 // A rectangle, words little-endian and signed:

@@ -1,7 +1,7 @@
 // Loaders of rectangles saved with COPY, and a walk that other kinds share.
 #pragma once
 
-#include "core/viewer_state.h"
+#include "state/viewer_state.h"
 
 #include <cstdint>
 

@@ -1,11 +1,11 @@
 #include "screens/g9b_picture.h"
 
-#include "core/buffers.h"
+#include "base/buffers.h"
 #include "core/dispatch.h"
 #include "core/load_pipeline.h"
-#include "core/palette.h"
-#include "core/text.h"
-#include "formats/g9b_depacker.h"
+#include "state/palette.h"
+#include "base/text.h"
+#include "pixels/g9b_depacker.h"
 
 #include <algorithm>
 #include <string_view>

@@ -1,7 +1,7 @@
 // Pictures of the V9990.
 #pragma once
 
-#include "core/viewer_state.h"
+#include "state/viewer_state.h"
 
 void LoadG9bPicture(ViewerState &viewer);
 

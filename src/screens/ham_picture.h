@@ -1,7 +1,7 @@
 // HAM pictures: 512 pixels wide, 16 colours at a time, two of them changed after every line.
 #pragma once
 
-#include "core/viewer_state.h"
+#include "state/viewer_state.h"
 
 void LoadHamPicture(ViewerState &viewer);
 

@@ -1,7 +1,7 @@
 #include "screens/packed_pixels.h"
 
-#include "screens/packed_entries.h"
-#include "screens/pixel_kernels.h"
+#include "pixels/packed_entries.h"
+#include "pixels/pixel_kernels.h"
 
 #include <algorithm>
 #include <array>

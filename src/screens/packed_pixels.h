@@ -3,7 +3,7 @@
 // lies in its highest bits. Where `vram` does not hold the whole picture nothing is drawn.
 #pragma once
 
-#include "core/viewer_state.h"
+#include "state/viewer_state.h"
 
 // Lines of whole bytes, one after another from `vramPos` on, which ends behind the picture. Pixels of a last, partial
 // byte of a line are not stored and not drawn. A SymbOS graphic is drawn tile by tile, each line of a tile in whole

@@ -2,10 +2,10 @@
 
 #include "core/dispatch.h"
 #include "core/load_pipeline.h"
-#include "core/palette.h"
+#include "state/palette.h"
 #include "formats/vscreen_level.h"
 #include "screens/bload_file.h"
-#include "screens/pixel_kernels.h"
+#include "pixels/pixel_kernels.h"
 
 // Video memory, at the addresses that BASIC gives the tables:
 //   0x0000  6144  pattern generator: three thirds of 256 patterns, 8 bytes each, bit 7 leftmost

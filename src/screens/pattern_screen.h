@@ -1,7 +1,7 @@
 // Screens 2 and 4: 768 cells of 8 x 8 pixels, every pattern line with two colours.
 #pragma once
 
-#include "core/viewer_state.h"
+#include "state/viewer_state.h"
 
 #include <array>
 #include <cstddef>

@@ -1,9 +1,9 @@
 // The Windows program: makes the window, hands the command line to the viewer, runs the message loop.
 #include "core/commands.h"
-#include "core/viewer_state.h"
+#include "state/viewer_state.h"
 #include "shell/main_window.h"
 #include "shell/platform_windows.h"
-#include "shell/resource_counts.h"
+#include "base/resource_counts.h"
 #include "shell/window_controls.h"
 
 #include <windows.h>

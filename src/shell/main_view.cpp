@@ -1,7 +1,7 @@
 #include "shell/main_view.h"
 
 #include "shell/control_ids.h"
-#include "shell/resource_counts.h"
+#include "base/resource_counts.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,7 +1,7 @@
 // The picture area of the main window, and Picture1, the hidden picture that it is drawn from.
 #pragma once
 
-#include "core/window_model.h"
+#include "state/window_model.h"
 
 #include <windows.h>
 

@@ -1,7 +1,7 @@
 // The main window: the viewer's WindowModel as Windows shows it.
 #pragma once
 
-#include "core/viewer_state.h"
+#include "state/viewer_state.h"
 #include "shell/main_view.h"
 #include "shell/video_buttons.h"
 #include "shell/window_layout.h"

@@ -1,6 +1,6 @@
 #include "shell/open_file_dialog.h"
 
-#include "core/numbers.h"
+#include "base/numbers.h"
 #include "shell/system_library.h"
 #include "shell/themed_controls.h"
 

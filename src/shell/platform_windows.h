@@ -1,7 +1,7 @@
 // What the viewer asks of Windows.
 #pragma once
 
-#include "core/platform_ops.h"
+#include "state/platform_ops.h"
 #include "shell/main_window.h"
 
 // The table for that window, which must outlive every call.

@@ -1,7 +1,7 @@
 // The Preferences dialog.
 #pragma once
 
-#include "core/viewer_state.h"
+#include "state/viewer_state.h"
 
 #include <windows.h>
 

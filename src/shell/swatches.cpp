@@ -1,7 +1,7 @@
 #include "shell/swatches.h"
 
-#include "core/palette.h"
-#include "core/text.h"
+#include "state/palette.h"
+#include "base/text.h"
 #include "shell/control_ids.h"
 
 namespace {

@@ -1,6 +1,6 @@
 #include "shell/video_buttons.h"
 
-#include "core/palette.h"
+#include "state/palette.h"
 #include "shell/control_ids.h"
 
 #include <algorithm>

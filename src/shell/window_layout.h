@@ -1,7 +1,7 @@
 // Where the parts of the main window stand. Pure arithmetic, all in device pixels.
 #pragma once
 
-#include "core/window_model.h"
+#include "state/window_model.h"
 
 #include <windows.h>
 

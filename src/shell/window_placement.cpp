@@ -1,6 +1,6 @@
 #include "shell/window_placement.h"
 
-#include "shell/resource_counts.h"
+#include "base/resource_counts.h"
 
 #include <algorithm>
 

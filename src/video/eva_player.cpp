@@ -1,9 +1,9 @@
 #include "video/eva_player.h"
 
-#include "core/palette.h"
-#include "core/text.h"
+#include "state/palette.h"
+#include "base/text.h"
 #include "screens/byte_pixels.h"
-#include "screens/pixel_kernels.h"
+#include "pixels/pixel_kernels.h"
 #include "video/playback.h"
 #include "video/sound_track.h"
 #include "video/video_mode.h"

@@ -1,7 +1,7 @@
 // EVA videos: 128 x 106 pixels in YJK groups or Screen 8 bytes, 12 or 10 frames a second, with sound.
 #pragma once
 
-#include "core/viewer_state.h"
+#include "state/viewer_state.h"
 
 #include <span>
 

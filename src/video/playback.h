@@ -1,7 +1,7 @@
 // What the runs of both players share.
 #pragma once
 
-#include "core/viewer_state.h"
+#include "state/viewer_state.h"
 
 #include <string>
 

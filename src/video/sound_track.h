@@ -2,7 +2,7 @@
 // written ahead of what is heard.
 #pragma once
 
-#include "core/viewer_state.h"
+#include "state/viewer_state.h"
 
 #include <array>
 #include <cstdint>

@@ -1,8 +1,8 @@
 #include "video/vid_player.h"
 
-#include "core/palette.h"
-#include "formats/symbos_bits.h"
-#include "screens/pixel_kernels.h"
+#include "state/palette.h"
+#include "pixels/symbos_bits.h"
+#include "pixels/pixel_kernels.h"
 #include "video/playback.h"
 #include "video/video_mode.h"
 

@@ -1,7 +1,7 @@
 // SymbOS videos: frames of 4 or 16 colours, silent.
 #pragma once
 
-#include "core/viewer_state.h"
+#include "state/viewer_state.h"
 
 // Takes over the open file, which stays open until another one is opened, and its header, and shows frame 0. A header
 // that is not valid is refused with a message: false is returned, and `fileOpen` cleared.

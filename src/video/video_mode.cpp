@@ -1,10 +1,10 @@
 #include "video/video_mode.h"
 
-#include "core/buffers.h"
+#include "base/buffers.h"
 #include "core/commands.h"
 #include "core/dispatch.h"
 #include "core/load_pipeline.h"
-#include "screens/display_geometry.h"
+#include "core/display_geometry.h"
 #include "video/eva_player.h"
 #include "video/vid_player.h"
 

@@ -1,8 +1,8 @@
 // The main window while a video is open: Play and Stop, the frame scroll bar, a view of twice the frame's size.
 #pragma once
 
-#include "core/viewer_state.h"
-#include "core/video_players.h"
+#include "state/viewer_state.h"
+#include "state/video_players.h"
 
 #include <cstdint>
 #include <span>

@@ -3,7 +3,7 @@
 #include "core/bitmap_export.h"
 #include "core/dispatch.h"
 #include "encoders.h"
-#include "screens/display_geometry.h"
+#include "core/display_geometry.h"
 #include "support/scarce_memory.h"
 #include "support/temporary_folder.h"
 #include "support/test_viewer.h"

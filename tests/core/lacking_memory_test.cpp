@@ -1,7 +1,7 @@
 // Large pictures where memory is lacking.
 #include "core/bitmap_export.h"
 #include "core/colour_readout.h"
-#include "screens/palette_commands.h"
+#include "core/palette_commands.h"
 #include "screens/picture_bytes.h"
 #include "support/scarce_memory.h"
 #include "support/test_viewer.h"

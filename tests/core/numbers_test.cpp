@@ -1,6 +1,6 @@
-#include "core/numbers.h"
+#include "base/numbers.h"
 
-#include "core/text.h"
+#include "base/text.h"
 
 #include <gtest/gtest.h>
 

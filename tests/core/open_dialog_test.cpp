@@ -1,7 +1,7 @@
 #include "core/open_dialog.h"
 
 #include "core/file_kinds.h"
-#include "screens/palette_commands.h"
+#include "core/palette_commands.h"
 #include "support/bload_builder.h"
 #include "support/test_viewer.h"
 

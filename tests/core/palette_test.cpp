@@ -1,4 +1,4 @@
-#include "core/palette.h"
+#include "state/palette.h"
 
 #include "support/bload_builder.h"
 #include "support/test_viewer.h"

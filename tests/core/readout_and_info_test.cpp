@@ -1,6 +1,6 @@
 #include "core/colour_readout.h"
 #include "core/image_info.h"
-#include "screens/palette_commands.h"
+#include "core/palette_commands.h"
 #include "support/bload_builder.h"
 #include "support/test_viewer.h"
 

@@ -1,4 +1,4 @@
-#include "formats/cmp_depacker.h"
+#include "pixels/cmp_depacker.h"
 
 #include "screens/picture_bytes.h"
 

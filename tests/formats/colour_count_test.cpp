@@ -1,4 +1,4 @@
-#include "formats/colour_count.h"
+#include "core/colour_count.h"
 
 #include "support/test_viewer.h"
 

@@ -1,4 +1,4 @@
-#include "formats/g9b_depacker.h"
+#include "pixels/g9b_depacker.h"
 
 #include "formats/g9b_stream.h"
 

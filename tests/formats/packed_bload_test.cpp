@@ -1,4 +1,4 @@
-#include "formats/packed_bload.h"
+#include "pixels/packed_bload.h"
 
 #include <algorithm>
 #include <array>

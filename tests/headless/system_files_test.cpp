@@ -1,4 +1,4 @@
-#include "core/input_file.h"
+#include "state/input_file.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>

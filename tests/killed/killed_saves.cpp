@@ -1,6 +1,6 @@
 // A program that saves a file over and over is killed at any moment, time after time: the file is then the one before
 // or the one after, whole. Usage: killed_saves KILLS, or killed_saves --save FILE for what is killed.
-#include "core/file_ops.h"
+#include "base/file_ops.h"
 #include "support/temporary_folder.h"
 
 #include <algorithm>

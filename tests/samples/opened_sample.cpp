@@ -1,6 +1,6 @@
 #include "samples/opened_sample.h"
 
-#include "core/text.h"
+#include "base/text.h"
 
 const std::vector<samples::SamplePicture> &allSamples() {
   static const std::vector<samples::SamplePicture> pictures = samples::allSamplePictures();

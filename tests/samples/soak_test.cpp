@@ -9,7 +9,7 @@
 #include <cstdlib>
 
 #ifdef _WIN32
-#include "shell/resource_counts.h"
+#include "base/resource_counts.h"
 #endif
 
 namespace {

@@ -1,4 +1,4 @@
-#include "screens/display_geometry.h"
+#include "core/display_geometry.h"
 
 #include "support/bload_builder.h"
 #include "support/test_viewer.h"

@@ -1,4 +1,4 @@
-#include "screens/palette_commands.h"
+#include "core/palette_commands.h"
 
 #include "support/bload_builder.h"
 #include "support/test_viewer.h"

@@ -1,4 +1,4 @@
-#include "screens/pixel_kernels.h"
+#include "pixels/pixel_kernels.h"
 
 #include <gtest/gtest.h>
 

@@ -5,7 +5,7 @@
 #include "screens/ham_picture.h"
 #include "screens/packed_pixels.h"
 #include "screens/pattern_screen.h"
-#include "screens/render_dispatch.h"
+#include "core/render_dispatch.h"
 #include "support/bload_builder.h"
 #include "support/test_viewer.h"
 

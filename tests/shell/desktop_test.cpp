@@ -4,7 +4,7 @@
 #include "core/help_text.h"
 #include "core/image_info.h"
 #include "core/menus.h"
-#include "screens/palette_commands.h"
+#include "core/palette_commands.h"
 #include "shell/control_ids.h"
 #include "shell/kept_classes.h"
 #include "shell/shown_sample.h"

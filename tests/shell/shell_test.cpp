@@ -1,7 +1,7 @@
 // The window of Korilan.exe, held against the core over the headless platform.
 #include "core/bitmap_export.h"
 #include "core/commands.h"
-#include "formats/colour_count.h"
+#include "core/colour_count.h"
 #include "shell/control_ids.h"
 #include "shell/shown_sample.h"
 

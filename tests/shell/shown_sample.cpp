@@ -1,7 +1,7 @@
 #include "shell/shown_sample.h"
 
 #include "core/menus.h"
-#include "screens/display_geometry.h"
+#include "core/display_geometry.h"
 #include "shell/control_ids.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 // The files in memory on a disk that fails.
 #pragma once
 
-#include "core/file_ops.h"
+#include "base/file_ops.h"
 
 struct DiskFaults {
   int reads = 0; // openings, lengths and reads so far

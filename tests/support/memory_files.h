@@ -1,7 +1,7 @@
 // Files that exist only in memory, behind the viewer's own table of file functions.
 #pragma once
 
-#include "core/file_ops.h"
+#include "base/file_ops.h"
 
 #include <cstdint>
 #include <map>

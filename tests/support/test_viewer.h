@@ -2,7 +2,7 @@
 #pragma once
 
 #include "core/commands.h"
-#include "core/viewer_state.h"
+#include "state/viewer_state.h"
 #include "headless/headless_platform.h"
 #include "support/memory_files.h"
 

@@ -1,7 +1,7 @@
 // A viewer's state as one line of text, so that a failed comparison shows what differs.
 #pragma once
 
-#include "core/viewer_state.h"
+#include "state/viewer_state.h"
 
 #include <string>
 #include <string_view>

@@ -1,6 +1,6 @@
 #include "core/image_info.h"
 #include "samples/opened_sample.h"
-#include "screens/pixel_kernels.h"
+#include "pixels/pixel_kernels.h"
 #include "support/viewer_text.h"
 #include "video/eva_player.h"
 #include "video/video_files.h"

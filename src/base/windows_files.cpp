@@ -1,0 +1,198 @@
+// The file system of Windows. Only the W functions take paths of more than 260 characters.
+#include "base/file_ops.h"
+#include "base/resource_counts.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <atomic>
+#include <memory>
+
+namespace {
+
+constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
+// One call moves at most a DWORD of bytes.
+constexpr size_t kLargestTransfer = size_t{1} << 30;
+
+// UTF-8 as Windows writes it within. Bytes that are no UTF-8 name no file.
+std::wstring wide(const std::string &text) {
+  const int bytes = static_cast<int>(text.size());
+  const int wideLength = MultiByteToWideChar(CP_UTF8, 0, text.data(), bytes, nullptr, 0);
+  std::wstring wideText(static_cast<size_t>(wideLength), L'\0');
+  MultiByteToWideChar(CP_UTF8, 0, text.data(), bytes, wideText.data(), wideLength);
+  return wideText;
+}
+
+std::string narrow(const wchar_t *wideText) {
+  const int bytes = WideCharToMultiByte(CP_UTF8, 0, wideText, -1, nullptr, 0, nullptr, nullptr);
+  std::string text(static_cast<size_t>(bytes), '\0');
+  WideCharToMultiByte(CP_UTF8, 0, wideText, -1, text.data(), bytes, nullptr, nullptr);
+  text.resize(text.find('\0') == std::string::npos ? text.size() : text.find('\0'));
+  return text;
+}
+
+FileHandle openForReading(const char *path) {
+  const HANDLE file =
+      CreateFileW(wide(path).c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE) return nullptr;
+  if (GetFileType(file) != FILE_TYPE_DISK) {
+    CloseHandle(file);
+    return nullptr;
+  }
+  ++resourceCounts().files;
+  return file;
+}
+
+int64_t length(FileHandle file) {
+  LARGE_INTEGER size{};
+  return GetFileSizeEx(file, &size) ? size.QuadPart : 0;
+}
+
+size_t readAt(FileHandle file, int64_t offset, uint8_t *into, size_t count) {
+  size_t done = 0;
+  while (done < count) {
+    const auto position = static_cast<uint64_t>(offset) + done;
+    OVERLAPPED from{};
+    from.Offset = static_cast<DWORD>(position);
+    from.OffsetHigh = static_cast<DWORD>(position >> 32);
+    const auto wanted = static_cast<DWORD>(std::min(count - done, kLargestTransfer));
+    DWORD given = 0;
+    if (!ReadFile(file, into + done, wanted, &given, &from) || given == 0) break;
+    done += given;
+  }
+  return done;
+}
+
+void closeFile(FileHandle file) {
+  CloseHandle(file);
+  --resourceCounts().files;
+}
+
+std::vector<std::string> listFolder(const char *folder) {
+  std::vector<std::string> names;
+  WIN32_FIND_DATAW found{};
+  const HANDLE listing = FindFirstFileW(wide(std::string(folder) + "*").c_str(), &found);
+  if (listing == INVALID_HANDLE_VALUE) return names;
+  ++resourceCounts().files;
+  do {
+    if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) names.push_back(narrow(found.cFileName));
+  } while (FindNextFileW(listing, &found));
+  FindClose(listing);
+  --resourceCounts().files;
+  return names;
+}
+
+// The system's own words for an error number.
+std::string errorText(DWORD error) {
+  char buffer[512];
+  const DWORD size = FormatMessageA(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error, 0,
+                                    buffer, sizeof buffer, nullptr);
+  std::string text(buffer, size);
+  text.erase(text.find_last_not_of("\r\n") + 1);
+  return text.empty() ? "Error " + std::to_string(error) : text;
+}
+
+struct Output {
+  HANDLE file = INVALID_HANDLE_VALUE;
+  std::string target;
+  std::string temporary; // empty where the target is written in place
+};
+
+// Opens `path` for writing where it is a device or a pipe; INVALID_HANDLE_VALUE for files and where nothing is.
+HANDLE openDevice(const char *path) {
+  const HANDLE device =
+      CreateFileW(wide(path).c_str(), GENERIC_WRITE, kShareAll, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (device == INVALID_HANDLE_VALUE) return device;
+  if (GetFileType(device) == FILE_TYPE_DISK) {
+    CloseHandle(device);
+    return INVALID_HANDLE_VALUE;
+  }
+  return device;
+}
+
+// Makes a new file in the folder of `path` and stores its path in `temporaryPath`.
+HANDLE createTemporary(const std::string &path, std::string &temporaryPath) {
+  static std::atomic<unsigned> serial{0};
+  constexpr int kAttempts = 100;
+  const size_t folderEnd = path.find_last_of("\\/:");
+  const std::string folder = folderEnd == std::string::npos ? "" : path.substr(0, folderEnd + 1);
+  for (int attempt = 0; attempt < kAttempts; ++attempt) {
+    temporaryPath = folder + "~" + std::to_string(GetCurrentProcessId()) + "-" + std::to_string(serial++) + ".tmp";
+    const HANDLE file =
+        CreateFileW(wide(temporaryPath).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file != INVALID_HANDLE_VALUE || GetLastError() != ERROR_FILE_EXISTS) return file;
+  }
+  return INVALID_HANDLE_VALUE;
+}
+
+OutputHandle beginOutput(const char *path, std::string &failure) {
+  auto output = std::make_unique<Output>();
+  output->target = path;
+  output->file = openDevice(path);
+  if (output->file == INVALID_HANDLE_VALUE) output->file = createTemporary(path, output->temporary);
+  if (output->file != INVALID_HANDLE_VALUE) {
+    ++resourceCounts().files;
+    return output.release();
+  }
+  failure = errorText(GetLastError());
+  return nullptr;
+}
+
+std::string writeOutput(OutputHandle handle, std::span<const uint8_t> bytes) {
+  const Output &output = *static_cast<Output *>(handle);
+  while (!bytes.empty()) {
+    const auto wanted = static_cast<DWORD>(std::min(bytes.size(), kLargestTransfer));
+    DWORD written = 0;
+    if (!WriteFile(output.file, bytes.data(), wanted, &written, nullptr)) return errorText(GetLastError());
+    if (written == 0) return errorText(ERROR_WRITE_FAULT);
+    bytes = bytes.subspan(written);
+  }
+  return {};
+}
+
+std::string finishOutput(OutputHandle handle, bool keep) {
+  const std::unique_ptr<Output> output(static_cast<Output *>(handle));
+  DWORD error = CloseHandle(output->file) ? ERROR_SUCCESS : GetLastError();
+  --resourceCounts().files;
+  if (!output->temporary.empty()) {
+    const std::wstring temporary = wide(output->temporary);
+    const bool placed = keep && error == ERROR_SUCCESS;
+    if (placed && !MoveFileExW(temporary.c_str(), wide(output->target).c_str(), MOVEFILE_REPLACE_EXISTING)) {
+      error = GetLastError();
+    }
+    if (!placed || error != ERROR_SUCCESS) DeleteFileW(temporary.c_str());
+  }
+  return error == ERROR_SUCCESS ? std::string() : errorText(error);
+}
+
+} // namespace
+
+const FileOps &systemFiles() {
+  static constexpr FileOps kFiles = {
+      .openForReading = openForReading,
+      .length = length,
+      .readAt = readAt,
+      .close = closeFile,
+      .listFolder = listFolder,
+      .beginOutput = beginOutput,
+      .write = writeOutput,
+      .finishOutput = finishOutput,
+  };
+  return kFiles;
+}
+
+bool sameFile(const std::string &left, const std::string &right) {
+  const auto identify = [](const std::string &path, BY_HANDLE_FILE_INFORMATION &identity) {
+    // To ask what it is needs no rights to its bytes; folders open only as if for a backup.
+    const HANDLE file =
+        CreateFileW(wide(path).c_str(), 0, kShareAll, nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    if (file == INVALID_HANDLE_VALUE) return false;
+    const bool known = GetFileInformationByHandle(file, &identity);
+    CloseHandle(file);
+    return known;
+  };
+  BY_HANDLE_FILE_INFORMATION of[2]{};
+  return identify(left, of[0]) && identify(right, of[1]) && of[0].dwVolumeSerialNumber == of[1].dwVolumeSerialNumber &&
+         of[0].nFileIndexHigh == of[1].nFileIndexHigh && of[0].nFileIndexLow == of[1].nFileIndexLow;
+}

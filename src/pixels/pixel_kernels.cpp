@@ -1,0 +1,154 @@
+#include "pixels/pixel_kernels.h"
+
+#include "state/palette.h"
+#include "pixels/packed_entries.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+// A group of four bytes, as the V9958 reads them:
+//   byte 0   Y of pixel 0 (bits 7-3)   low bits of K (bits 2-0)
+//   byte 1   Y of pixel 1              high bits of K
+//   byte 2   Y of pixel 2              low bits of J
+//   byte 3   Y of pixel 3              high bits of J
+// J and K are numbers of 6 bits, -32 to 31. Red is Y + J, green Y + K, blue 5Y/4 - J/2 - K/4, each held within
+// 0 to 31 and shown as 8 times its value. Blue is kept exact to its quarters: 8 times blue is 10Y - 4J - 2K.
+
+namespace {
+
+constexpr int32_t kMostLevel = 31;
+constexpr int32_t kLevelStep = 8;
+
+constexpr int32_t signedChroma(uint8_t low, uint8_t high) {
+  const int32_t value = (low & 7) | (high & 7) << 3;
+  return value > kMostLevel ? value - 64 : value;
+}
+
+// One group's part of the colour sums; the pixel's own Y is added for each pixel.
+struct GroupColour {
+  int32_t red;        // J
+  int32_t second;     // K: green, in YUV blue
+  int32_t blueEighth; // -4J - 2K: eight times the third sum
+};
+
+constexpr GroupColour groupColour(const uint8_t *group) {
+  const int32_t k = signedChroma(group[0], group[1]);
+  const int32_t j = signedChroma(group[2], group[3]);
+  return {.red = j, .second = k, .blueEighth = -4 * j - 2 * k};
+}
+
+// 8-bit level of a 5-bit sum.
+constexpr uint32_t level(int32_t sum) { return static_cast<uint32_t>(std::clamp(sum, 0, kMostLevel) * kLevelStep); }
+
+// 8-bit level of a sum that is already eight times its value.
+constexpr uint32_t levelOfEighths(int32_t sum) {
+  return static_cast<uint32_t>(std::clamp(sum, 0, kMostLevel * kLevelStep));
+}
+
+struct YjkPixel {
+  uint32_t operator()(const GroupColour &group, uint8_t byte) const {
+    const int32_t y = byte >> 3;
+    return packColour(level(y + group.red), level(y + group.second), levelOfEighths(10 * y + group.blueEighth));
+  }
+};
+
+struct YuvPixel {
+  uint32_t operator()(const GroupColour &group, uint8_t byte) const {
+    const int32_t y = byte >> 3;
+    return packColour(level(y + group.red), levelOfEighths(10 * y + group.blueEighth), level(y + group.second));
+  }
+};
+
+struct YaePixel {
+  const uint32_t *palette;
+  uint32_t operator()(const GroupColour &group, uint8_t byte) const {
+    return (byte & 8) != 0 ? palette[byte >> 4] : YjkPixel{}(group, byte);
+  }
+};
+
+// The colours of every byte value: one look-up a byte instead of one a pixel.
+template <size_t kPixels>
+void drawPacked(const uint8_t *source, size_t bytes, const uint32_t *palette, uint32_t *target) {
+  constexpr size_t kWorthATable = 64; // bytes
+  if (bytes < kWorthATable) {
+    for (size_t n = 0; n < bytes; ++n) {
+      for (size_t i = 0; i < kPixels; ++i) *target++ = palette[entryOf<kPixels>(source[n], i)];
+    }
+    return;
+  }
+  std::array<std::array<uint32_t, kPixels>, 256> table;
+  for (size_t byte = 0; byte < table.size(); ++byte) {
+    for (size_t i = 0; i < kPixels; ++i) table[byte][i] = palette[entryOf<kPixels>(byte, i)];
+  }
+  for (size_t n = 0; n < bytes; ++n, target += kPixels) std::memcpy(target, table[source[n]].data(), sizeof table[0]);
+}
+
+void drawGrb332(const uint8_t *source, size_t bytes, const uint32_t *colours, uint32_t *target) {
+  for (size_t n = 0; n < bytes; ++n) target[n] = colours[source[n]];
+}
+
+template <typename Pixel> void drawGroups(const uint8_t *source, size_t groups, const Pixel &pixel, uint32_t *target) {
+  for (size_t g = 0; g < groups; ++g, source += kGroupPixels) {
+    const GroupColour group = groupColour(source);
+    for (size_t i = 0; i < kGroupPixels; ++i) *target++ = pixel(group, source[i]);
+  }
+}
+
+void drawYjk(const uint8_t *source, size_t groups, uint32_t *target) { drawGroups(source, groups, YjkPixel{}, target); }
+void drawYuv(const uint8_t *source, size_t groups, uint32_t *target) { drawGroups(source, groups, YuvPixel{}, target); }
+void drawYae(const uint8_t *source, size_t groups, const uint32_t *palette, uint32_t *target) {
+  drawGroups(source, groups, YaePixel{palette}, target);
+}
+
+void storeBytesOfWords(const uint32_t *words, size_t count, uint8_t *target) {
+  for (size_t n = 0; n < count; ++n) {
+    for (const int shift : {0, 8, 16}) *target++ = static_cast<uint8_t>(words[n] >> shift);
+  }
+}
+
+void drawCells(const PatternCell *cells, size_t count, const uint32_t *palette, uint32_t *target, size_t linePixels) {
+  for (size_t n = 0; n < count; ++n, target += kPatternSide) {
+    for (size_t line = 0; line < kPatternSide; ++line) {
+      const uint8_t colours = cells[n].colours[line];
+      const uint32_t twoColours[2] = {palette[colours & 0x0F], palette[colours >> 4]};
+      for (size_t k = 0; k < kPatternSide; ++k) {
+        target[line * linePixels + k] = twoColours[cells[n].bits[line] >> (kPatternSide - 1 - k) & 1];
+      }
+    }
+  }
+}
+
+} // namespace
+
+// Red and green end at 252, blue at 255: intended.
+constexpr std::array<uint32_t, 256> kGrb332Colours = []() {
+  std::array<uint32_t, 256> colours{};
+  for (uint32_t byte = 0; byte < colours.size(); ++byte) {
+    colours[byte] = packColour((byte & 0x1C) * 9, (byte & 0xE0) * 9 / 8, (byte & 0x03) * 85);
+  }
+  return colours;
+}();
+
+const PixelKernels &plainPixelKernels() {
+  static constexpr PixelKernels kKernels{.nibbles = drawPacked<2>,
+                                         .crumbs = drawPacked<4>,
+                                         .grb332 = drawGrb332,
+                                         .yjk = drawYjk,
+                                         .yuv = drawYuv,
+                                         .yae = drawYae,
+                                         .cells = drawCells,
+                                         .bytesOfWords = storeBytesOfWords,
+                                         .wholeYjk = nullptr};
+  return kKernels;
+}
+
+const PixelKernels &pixelKernels() {
+  static const PixelKernels &fastest = []() -> const PixelKernels & {
+    for (const PixelKernels *kernels : {widestPixelKernels(), widePixelKernels()}) {
+      if (kernels != nullptr) return *kernels;
+    }
+    return plainPixelKernels();
+  }();
+  return fastest;
+}
