@@ -1,6 +1,6 @@
 // Codecs of other formats at the pictures of the samples: what reading such a picture takes elsewhere.
 #include "bench_support.h"
-#include "core/bitmap_export.h"
+#include "pixels/bitmap.h"
 
 #include <benchmark/benchmark.h>
 
@@ -32,24 +32,23 @@
 namespace {
 
 using Bytes = std::vector<uint8_t>;
-using samples::SamplePicture;
 
-[[maybe_unused]] void countBytes(benchmark::State &state, const SamplePicture &picture) {
-  state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * picture.expected.size() * sizeof(uint32_t)));
+[[maybe_unused]] void countBytes(benchmark::State &state, const ShownPicture &picture) {
+  state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * picture.words.size() * sizeof(uint32_t)));
 }
 
 // The colours of a picture, each once, or nothing where there are more than 256.
-[[maybe_unused]] std::vector<uint32_t> coloursOf(const SamplePicture &picture) {
-  std::vector<uint32_t> colours = picture.expected;
+[[maybe_unused]] std::vector<uint32_t> coloursOf(const ShownPicture &picture) {
+  std::vector<uint32_t> colours = picture.words;
   std::sort(colours.begin(), colours.end());
   colours.erase(std::unique(colours.begin(), colours.end()), colours.end());
   if (colours.size() > 256) colours.clear();
   return colours;
 }
 
-[[maybe_unused]] Bytes indexed(const SamplePicture &picture, const std::vector<uint32_t> &colours) {
+[[maybe_unused]] Bytes indexed(const ShownPicture &picture, const std::vector<uint32_t> &colours) {
   Bytes entries;
-  for (const uint32_t word : picture.expected) {
+  for (const uint32_t word : picture.words) {
     entries.push_back(static_cast<uint8_t>(std::lower_bound(colours.begin(), colours.end(), word) - colours.begin()));
   }
   return entries;
@@ -57,7 +56,7 @@ using samples::SamplePicture;
 
 #ifdef KORILAN_PEER_SPNG
 // With a palette where the colours allow, as the picture would be kept.
-Bytes encodePng(const SamplePicture &picture) {
+Bytes encodePng(const ShownPicture &picture) {
   spng_ctx *context = spng_ctx_new(SPNG_CTX_ENCODER);
   spng_set_option(context, SPNG_ENCODE_TO_BUFFER, 1);
   spng_ihdr header{};
@@ -69,7 +68,7 @@ Bytes encodePng(const SamplePicture &picture) {
   spng_set_ihdr(context, &header);
   Bytes pixels;
   if (colours.empty()) {
-    for (const uint32_t word : picture.expected) {
+    for (const uint32_t word : picture.words) {
       for (const int shift : {16, 8, 0}) pixels.push_back(static_cast<uint8_t>(word >> shift));
     }
   } else {
@@ -93,9 +92,9 @@ Bytes encodePng(const SamplePicture &picture) {
   return file;
 }
 
-void readPngBySpng(benchmark::State &state, const SamplePicture *picture) {
+void readPngBySpng(benchmark::State &state, const ShownPicture *picture) {
   const Bytes file = encodePng(*picture);
-  Bytes pixels(picture->expected.size() * 4);
+  Bytes pixels(picture->words.size() * 4);
   for (auto step : state) {
     spng_ctx *context = spng_ctx_new(0);
     spng_set_png_buffer(context, file.data(), file.size());
@@ -107,7 +106,7 @@ void readPngBySpng(benchmark::State &state, const SamplePicture *picture) {
 #endif
 
 #ifdef KORILAN_PEER_STB
-void readByStb(benchmark::State &state, const SamplePicture &picture, const Bytes &file) {
+void readByStb(benchmark::State &state, const ShownPicture &picture, const Bytes &file) {
   for (auto step : state) {
     int width = 0;
     int height = 0;
@@ -119,12 +118,18 @@ void readByStb(benchmark::State &state, const SamplePicture &picture, const Byte
   countBytes(state, picture);
 }
 
-void readBmpByStb(benchmark::State &state, const SamplePicture *picture) {
-  readByStb(state, *picture, encodeBitmap(picture->expected, picture->width, picture->height));
+void readBmpByStb(benchmark::State &state, const ShownPicture *picture) {
+  Bytes file;
+  putBitmap({picture->words, picture->width, picture->height}, BitmapHeader::kFile,
+            [&file](std::span<const uint8_t> piece) {
+              file.insert(file.end(), piece.begin(), piece.end());
+              return std::string();
+            });
+  readByStb(state, *picture, file);
 }
 
 #ifdef KORILAN_PEER_SPNG
-void readPngByStb(benchmark::State &state, const SamplePicture *picture) {
+void readPngByStb(benchmark::State &state, const ShownPicture *picture) {
   readByStb(state, *picture, encodePng(*picture));
 }
 #endif
@@ -145,7 +150,7 @@ int takeGif(GifFileType *gif, GifByteType *bytes, int count) {
   return static_cast<int>(taken);
 }
 
-Bytes encodeGif(const SamplePicture &picture) {
+Bytes encodeGif(const ShownPicture &picture) {
   Bytes file;
   const std::vector<uint32_t> colours = coloursOf(picture);
   int error = 0;
@@ -165,9 +170,9 @@ Bytes encodeGif(const SamplePicture &picture) {
 }
 
 // Reads the entries and looks their colours up, as whoever shows the picture has to.
-void readGif(benchmark::State &state, const SamplePicture *picture) {
+void readGif(benchmark::State &state, const ShownPicture *picture) {
   const Bytes file = encodeGif(*picture);
-  std::vector<uint32_t> pixels(picture->expected.size());
+  std::vector<uint32_t> pixels(picture->words.size());
   for (auto step : state) {
     std::span<const uint8_t> rest(file);
     int error = 0;
@@ -191,8 +196,8 @@ void readGif(benchmark::State &state, const SamplePicture *picture) {
 
 #ifdef KORILAN_PEER_YUV
 // Three planes of full size into words: the work that YJK asks for, in its best-known form.
-void convertYuv(benchmark::State &state, const SamplePicture *picture) {
-  const size_t pixels = picture->expected.size();
+void convertYuv(benchmark::State &state, const ShownPicture *picture) {
+  const size_t pixels = picture->words.size();
   Bytes planes(3 * pixels);
   for (size_t i = 0; i < planes.size(); ++i) planes[i] = static_cast<uint8_t>(i * 37 >> 3);
   Bytes target(4 * pixels);
@@ -207,16 +212,16 @@ void convertYuv(benchmark::State &state, const SamplePicture *picture) {
 #endif
 
 [[maybe_unused]] void add(const char *peer, const char *name,
-                          void (*read)(benchmark::State &state, const SamplePicture *picture)) {
-  benchmark::RegisterBenchmark((std::string(peer) + "/" + name).c_str(), read, &sampleNamed(name));
+                          void (*read)(benchmark::State &state, const ShownPicture *picture)) {
+  benchmark::RegisterBenchmark((std::string(peer) + "/" + name).c_str(), read, &shownPictureOf(name));
 }
 
 } // namespace
 
 void addPeerBenchmarks() {
   for (const char *name :
-       {"REEF.SC5", "SPHERES.SC7", "SUNSET.SC8", "BEACON.SC6", "POSTCARD.SCA", "SUNFLOWR.SRC", "CASTLE.SC4",
-        "CHART.CMP", "NEWS.PCT", "ROCKET.SR5", "REEF.SR7", "BALLOONS.G9B", "REEF.G9B", "DESK.G9B", "MINT.G9B"}) {
+       {"COAST.SC5", "COAST.SC7", "COAST.SC8", "COAST.SC6", "COAST.SCA", "PLASMA.SRC", "COAST.SC4", "CHART.CMP",
+        "NEWS.PCT", "CHART.SR5", "DESK.SR7", "WHEELYUV.G9B", "COAST64.G9B", "DESK.G9B", "AMBER.G9B"}) {
 #ifdef KORILAN_PEER_SPNG
     add("png_spng", name, readPngBySpng);
 #endif
@@ -227,11 +232,11 @@ void addPeerBenchmarks() {
 #endif
 #endif
 #ifdef KORILAN_PEER_GIF
-    if (!coloursOf(sampleNamed(name)).empty()) add("gif", name, readGif);
+    if (!coloursOf(shownPictureOf(name)).empty()) add("gif", name, readGif);
 #endif
   }
 #ifdef KORILAN_PEER_YUV
-  for (const char *name : {"POSTCARD.SCA", "SUNFLOWR.SRC", "BOUNCE.EVA", "REEF.EV8", "CASTLE.VID", "MOON.VID"}) {
+  for (const char *name : {"COAST.SCA", "PLASMA.SRC", "SUNSET.EVA", "COAST.EV8", "COAST.VID", "PLASMA.VID"}) {
     add("yuv", name, convertYuv);
   }
 #endif

@@ -1,16 +1,15 @@
 // Pictures and frames: opened from memory, unpacked, written as bitmaps, counted, listed. Bytes per second are those of
 // the output. Names: what/sample, so that all figures of a sample stand together.
 #include "bench_support.h"
-#include "core/bitmap_export.h"
-#include "core/commands.h"
-#include "core/folder_navigation.h"
-#include "pixels/cmp_depacker.h"
 #include "core/colour_count.h"
+#include "core/folder_navigation.h"
+#include "core/video_commands.h"
+#include "pixels/bitmap.h"
+#include "pixels/bload_depacker.h"
+#include "pixels/cmp_depacker.h"
 #include "pixels/g9b_depacker.h"
-#include "pixels/packed_bload.h"
-#include "formats/publisher_page.h"
+#include "pixels/publisher_depacker.h"
 #include "support/memory_files.h"
-#include "video/video_mode.h"
 
 #include <benchmark/benchmark.h>
 
@@ -20,25 +19,24 @@ namespace {
 
 // One for each loader, and one more where a loader serves several depths.
 constexpr const char *kOpened[] = {
-    "REEF.SC5",    "SPHERES.SC7",  "SUNSET.SC8", "BEACON.SC6",  "POSTCARD.SCA", "SUNFLOWR.SRC", "CASTLE.SC4",
-    "TILES.SC4",   "FISH.GL5",     "KEEP.GL7",   "BALLOON.GL8", "LANDING.GLA",  "PLANET.STP",   "CITADEL.GE5",
-    "MARBLES.DAT", "CHART.CMP",    "NEWS.PCT",   "ROCKET.SR5",  "REEF.SR7",     "SKYLINE.SCR",  "FIGURES.TGS",
-    "CASTLE.HAM",  "BALLOONS.G9B", "REEF.G9B",   "DESK.G9B",    "MINT.G9B",     "SUNSET.G9B",   "CASTLE.SGX",
+    "COAST.SC5", "COAST.SC7",    "COAST.SC8",   "COAST.SC6", "COAST.SCA", "PLASMA.SRC",   "COAST.SC4",
+    "TILES.SC4", "WHEEL.GL5",    "COAST.GL7",   "COAST.GL8", "COAST.GLA", "COAST.STP",    "COAST.GE5",
+    "WHEEL.DAT", "CHART.CMP",    "NEWS.PCT",    "CHART.SR5", "DESK.SR7",  "COAST.SCR",    "FIGURES.TGS",
+    "COAST.HAM", "WHEELYUV.G9B", "COAST64.G9B", "DESK.G9B",  "AMBER.G9B", "COASTGRB.G9B", "SUNSET.SGX",
 };
 
-size_t frameBytes(const samples::SamplePicture &sample) {
-  return static_cast<size_t>(sample.width) * static_cast<size_t>(sample.height) * sizeof(uint32_t);
-}
+size_t frameBytes(const std::string &name) { return shownPictureOf(name).words.size() * sizeof(uint32_t); }
 
 void countBytes(benchmark::State &state, size_t bytesEach) {
   state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * bytesEach));
 }
 
 void openPicture(benchmark::State &state, const char *name) {
+  const ShownPicture &first = shownPictureOf(name);
   BenchViewer bench;
   const std::string path = bench.put(sampleNamed(name));
   for (auto step : state) bench.open(path);
-  if (bench.viewer.frameBits != sampleNamed(name).expected) state.SkipWithError("not the sample's picture");
+  if (bench.viewer.frameBits != first.words) state.SkipWithError("not what was shown first");
   countBytes(state, bench.viewer.frameBits.size() * sizeof(uint32_t));
 }
 
@@ -71,7 +69,7 @@ void showFrames(benchmark::State &state, const char *name) {
     frame = frame % (frames - 1) + 1;
     HScroll1_Change(bench.viewer, frame);
   }
-  countBytes(state, frameBytes(sampleNamed(name)));
+  countBytes(state, frameBytes(name));
 }
 
 std::span<const uint8_t> bodyOf(const char *name, size_t from) {
@@ -81,12 +79,12 @@ std::span<const uint8_t> bodyOf(const char *name, size_t from) {
 void unpackBload(benchmark::State &state) {
   std::vector<uint8_t> unpacked(0x10000);
   size_t bytes = 0;
-  for (auto step : state) bytes = depackBload(bodyOf("REEF.SR7", 7), unpacked, 0xFAA0);
+  for (auto step : state) bytes = depackBload(bodyOf("DESK.SR7", 7), unpacked, 0xFAA0);
   countBytes(state, bytes);
 }
 
 void unpackPage(benchmark::State &state) {
-  std::vector<uint8_t> unpacked(512 * 704 / 8 - 1);
+  std::vector<uint8_t> unpacked(kPublisherPageBytes - 1);
   size_t bytes = 0;
   for (auto step : state) bytes = depackPublisherPage(bodyOf("NEWS.PCT", 384), unpacked);
   countBytes(state, bytes);
@@ -104,7 +102,7 @@ void unpackCmp(benchmark::State &state) {
 }
 
 void unpackG9b(benchmark::State &state) {
-  const std::span<const uint8_t> packed = bodyOf("BALLOONS.G9B", 16 + 3 * sampleNamed("BALLOONS.G9B").bytes[7]);
+  const std::span<const uint8_t> packed = bodyOf("WHEELYUV.G9B", 16 + 3 * sampleNamed("WHEELYUV.G9B").bytes[7]);
   std::vector<uint8_t> unpacked(kVideoMemoryBytes);
   size_t bytes = 0;
   for (auto step : state) {
@@ -116,7 +114,7 @@ void unpackG9b(benchmark::State &state) {
 }
 
 void writeBitmap(benchmark::State &state) {
-  const samples::SamplePicture &sample = sampleNamed("SUNSET.SC8");
+  const ShownPicture &picture = shownPictureOf("COAST.SC8");
   size_t bytes = 0;
   const auto put = [&bytes](std::span<const uint8_t> piece) {
     bytes += piece.size();
@@ -125,15 +123,15 @@ void writeBitmap(benchmark::State &state) {
   };
   for (auto step : state) {
     bytes = 0;
-    putBitmap(sample.expected, sample.width, sample.height, put);
+    putBitmap({picture.words, picture.width, picture.height}, BitmapHeader::kFile, put);
   }
   countBytes(state, bytes);
 }
 
 void countColours(benchmark::State &state) {
-  const samples::SamplePicture &sample = sampleNamed("SUNFLOWR.SRC");
-  for (auto step : state) benchmark::DoNotOptimize(CountUniqueColours(sample.expected));
-  countBytes(state, frameBytes(sample));
+  const std::vector<uint32_t> &words = shownPictureOf("PLASMA.SRC").words;
+  for (auto step : state) benchmark::DoNotOptimize(CountUniqueColours(words));
+  countBytes(state, words.size() * sizeof(uint32_t));
 }
 
 // How cost grows: a 16-bit picture of so many pixels a side.
@@ -158,7 +156,7 @@ void openG9bOfSide(benchmark::State &state) {
 
 void listFolder(benchmark::State &state) {
   BenchViewer bench;
-  const std::string path = bench.put(sampleNamed("REEF.SC5"));
+  const std::string path = bench.put(sampleNamed("COAST.SC5"));
   bench.open(path);
   for (int64_t i = 1; i < state.range(0); ++i) memoryDisk()["file" + std::to_string(i) + ".SC8"] = {};
   for (auto step : state) rebuildFolderList(bench.viewer);
@@ -181,22 +179,22 @@ void openVideoOfFrames(benchmark::State &state) {
 
 void addPictureBenchmarks() {
   for (const char *name : kOpened) {
-    const size_t bytes = frameBytes(sampleNamed(name));
+    const size_t bytes = frameBytes(name);
     benchmark::RegisterBenchmark((std::string("open/") + name).c_str(), openPicture, name);
     benchmark::RegisterBenchmark((std::string("memset/") + name).c_str(), setMemory, bytes);
     benchmark::RegisterBenchmark((std::string("memcpy/") + name).c_str(), copyMemory, bytes);
   }
-  for (const char *name : {"BOUNCE.EVA", "REEF.EV8", "CASTLE.VID", "MOON.VID"}) {
-    const size_t bytes = frameBytes(sampleNamed(name));
+  for (const char *name : {"SUNSET.EVA", "COAST.EV8", "COAST.VID", "PLASMA.VID"}) {
+    const size_t bytes = frameBytes(name);
     benchmark::RegisterBenchmark((std::string("frame/") + name).c_str(), showFrames, name);
     benchmark::RegisterBenchmark((std::string("memset/") + name).c_str(), setMemory, bytes);
   }
-  benchmark::RegisterBenchmark("unpack/REEF.SR7", unpackBload);
+  benchmark::RegisterBenchmark("unpack/DESK.SR7", unpackBload);
   benchmark::RegisterBenchmark("unpack/NEWS.PCT", unpackPage);
   benchmark::RegisterBenchmark("unpack/CHART.CMP", unpackCmp);
-  benchmark::RegisterBenchmark("unpack/BALLOONS.G9B", unpackG9b);
-  benchmark::RegisterBenchmark("bitmap/SUNSET.SC8", writeBitmap);
-  benchmark::RegisterBenchmark("count/SUNFLOWR.SRC", countColours);
+  benchmark::RegisterBenchmark("unpack/WHEELYUV.G9B", unpackG9b);
+  benchmark::RegisterBenchmark("bitmap/COAST.SC8", writeBitmap);
+  benchmark::RegisterBenchmark("count/PLASMA.SRC", countColours);
   benchmark::RegisterBenchmark("grow/side", openG9bOfSide)->RangeMultiplier(4)->Range(8, 8000);
   benchmark::RegisterBenchmark("grow/folder", listFolder)->RangeMultiplier(10)->Range(10, 100'000);
   benchmark::RegisterBenchmark("grow/frames", openVideoOfFrames)->RangeMultiplier(10)->Range(1, 10'000);

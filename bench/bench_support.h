@@ -24,5 +24,15 @@ struct BenchViewer {
   void open(const std::string &path);
 };
 
+// What the viewer shows of a sample; of a video its first frame.
+struct ShownPicture {
+  std::vector<uint32_t> words; // 0x00RRGGBB, top row first
+  int32_t width = 0;
+  int32_t height = 0;
+};
+
+// Each sample is opened once for each program. Ends the program if the sample is refused.
+const ShownPicture &shownPictureOf(const std::string &name);
+
 void addPictureBenchmarks();
 void addPeerBenchmarks();

@@ -1,5 +1,5 @@
 // The run-length code of packed Screen 5 and 7 pictures.
-#include "pixels/packed_bload.h"
+#include "pixels/bload_depacker.h"
 
 #include <array>
 #include <cstdlib>

@@ -5,7 +5,7 @@
 #include "core/bitmap_export.h"
 #include "core/commands.h"
 #include "core/keys.h"
-#include "video/video_mode.h"
+#include "core/video_commands.h"
 
 #include <array>
 #include <cstdlib>
@@ -49,7 +49,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     fuzz.platform.events.pop_front();
     if (fuzz.platform.events.empty()) fuzz.platform.events.push_back({stop, ""});
     event.deliver(fuzz.viewer, event.argument);
-    if (videoPlaying(fuzz.viewer) || fuzz.viewer.runUnderWay) std::abort();
+    if (fuzz.viewer.activity != Activity::kIdle) std::abort();
   }
   menuClose_Click(fuzz.viewer);
   return 0;

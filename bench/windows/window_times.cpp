@@ -1,7 +1,7 @@
 // Times what a user waits for: from the start of the viewer to its first picture on the screen, beside a minimal
 // program that shows the same picture as a bitmap, and from PageDown to the next picture. Usage: window_times KORILAN
 // MINIMAL_WINDOW, in an empty folder
-#include "core/bitmap_export.h"
+#include "pixels/bitmap.h"
 
 #include <windows.h>
 
@@ -53,7 +53,12 @@ bool writePictures() {
     written = written && writeFile(pageName(page), screen);
   }
   const std::vector<uint32_t> pixels(size_t{kWidth} * kHeight, 0x00FC0000);
-  return written && writeFile("page.bmp", encodeBitmap(pixels, kWidth, kHeight));
+  std::vector<uint8_t> bitmap;
+  putBitmap({pixels, kWidth, kHeight}, BitmapHeader::kFile, [&bitmap](std::span<const uint8_t> piece) {
+    bitmap.insert(bitmap.end(), piece.begin(), piece.end());
+    return std::string();
+  });
+  return written && writeFile("page.bmp", bitmap);
 }
 
 struct Shown {

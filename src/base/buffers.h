@@ -1,36 +1,32 @@
-// Memory of the sizes that files ask for: video memory, pictures, frames, packed bodies, bitmaps.
+// Memory whose size comes from a file: video memory, pictures, frames, packed bodies.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <memory>
+#include <span>
 #include <vector>
 
-// Bytes that are zero where nothing was written. The system provides fresh ones only where they are touched, and
-// `used` says how far there is something to clear: a small file in a large memory costs no more than its own bytes.
+// Zero-initialised memory, written only through written(): clearing touches no more than that has handed out.
 class VideoMemory {
 public:
-  // Where memory is lacking the program ends.
+  // Ends the program if there is not enough memory.
   explicit VideoMemory(size_t size);
 
-  // Keeps what fits. Returns false, with all as it was, when memory is lacking.
+  // Keeps the bytes that fit. Returns false, with nothing changed, if there is not enough memory.
   bool resize(size_t size);
 
-  // Makes zeros of all from there on.
+  // The first `end` bytes, or all if there are fewer, to be written.
+  std::span<uint8_t> written(size_t end);
+
+  // Zeroes all bytes from `position` on.
   void clearFrom(size_t position);
 
-  // Bytes up to there were written.
-  void use(size_t end);
-
-  uint8_t *data() { return bytes.get(); }
   const uint8_t *data() const { return bytes.get(); }
   size_t size() const { return length; }
-  uint8_t *begin() { return data(); }
   const uint8_t *begin() const { return data(); }
-  uint8_t *end() { return data() + length; }
   const uint8_t *end() const { return data() + length; }
-  uint8_t &operator[](size_t position) { return bytes[position]; }
   const uint8_t &operator[](size_t position) const { return bytes[position]; }
 
 private:
@@ -40,14 +36,14 @@ private:
 
   std::unique_ptr<uint8_t[], Free> bytes;
   size_t length = 0;
-  size_t used = 0; // from here on all is zero
+  size_t used = 0; // all bytes from here on are zero
 };
 
-// Makes room for `count` items, so that the buffer can then be sized up to there. Returns false, with the buffer as it
-// was, when memory is lacking. All other memory is small; where that is lacking the program ends with a message.
-bool provideRoom(VideoMemory &memory, size_t size);
-bool provideRoom(std::vector<uint8_t> &buffer, size_t count);
-bool provideRoom(std::vector<uint32_t> &buffer, size_t count);
+// Reserves room for `count` items. Returns false, with the buffer unchanged, if there is not enough memory. All other
+// allocations are small: if one fails, the program ends with a message.
+bool reserve(VideoMemory &memory, size_t size);
+bool reserve(std::vector<uint8_t> &buffer, size_t count);
+bool reserve(std::vector<uint32_t> &buffer, size_t count);
 
-// Gives back what a far larger picture left.
-void releaseRoom(std::vector<uint32_t> &buffer);
+// Frees excess capacity that a far larger picture has left.
+void shrink(std::vector<uint32_t> &buffer);

@@ -1,55 +1,57 @@
-// The file system as a table, so that a test can stand in for a disk that fails.
+// The file system as a table, so that a test can simulate a failing disk.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <string>
 #include <vector>
 
-// An open file; only the table that opened it knows what the pointer means.
+// An open file; opaque outside of the table that opened it.
 using FileHandle = void *;
 
 // A file that is being written.
 using OutputHandle = void *;
 
 struct FileOps {
-  // Opens an ordinary file for reading; other programs may go on to read, rewrite, rename and delete it.
-  // `path` is UTF-8. Returns nullptr for what cannot be opened and for folders and devices.
+  // Opens a regular file for reading; other programs can still read, write, rename and delete it. `path` is UTF-8.
+  // Returns nullptr for a folder or device, and on failure.
   FileHandle (*openForReading)(const char *path);
 
-  // Present length in bytes; 0 when it cannot be told.
+  // Current length in bytes; 0 on failure.
   int64_t (*length)(FileHandle file);
 
-  // Reads up to `count` bytes at the 0-based `offset`; returns how many bytes the file gave.
+  // Reads up to `count` bytes at the 0-based `offset`; returns how many were read.
   size_t (*readAt)(FileHandle file, int64_t offset, uint8_t *into, size_t count);
 
   void (*close)(FileHandle file);
 
-  // Names of the ordinary files of a folder, in the order that the system lists them. `folder` is UTF-8 and ends in a
-  // separator; an empty one is the current folder.
+  // Names of the regular files in a folder, in the system's order. `folder` is UTF-8 and ends in a separator; if empty,
+  // it is the current folder.
   std::vector<std::string> (*listFolder)(const char *folder);
 
-  // Begins a new file beside `path` which finishOutput() puts in the place of `path`, so that a failure leaves the old
-  // file whole. What is no ordinary file (a device, a pipe) is written in place.
-  // Returns nullptr, and the system's own words in `failure`, when that fails.
+  // Creates a temporary file beside `path`, which finishOutput() renames to `path`: a failure leaves the old file
+  // whole. A device or pipe is written in place. Returns nullptr, with the system's message in `failure`, on failure.
   OutputHandle (*beginOutput)(const char *path, std::string &failure);
 
-  // Appends bytes. Returns an empty text, or the system's own words for what went wrong.
+  // Appends bytes. Returns the system's error message, empty on success.
   std::string (*write)(OutputHandle output, std::span<const uint8_t> bytes);
 
-  // Closes the file; where `keep` is set it takes its place, otherwise, and after a failure, it is removed.
-  // Returns an empty text, or the system's own words for what went wrong.
+  // Closes the file. If `keep` is set it replaces `path`; otherwise, and on failure, it is deleted.
+  // Returns the system's error message, empty on success.
   std::string (*finishOutput)(OutputHandle output, bool keep);
 };
 
-// Writes a whole file. Returns an empty text, or the system's own words for what went wrong; the old file is then
-// whole.
-std::string replaceFile(const FileOps &files, const std::string &path, std::span<const uint8_t> bytes);
+// Receives the next bytes of a file. Returns an error message, empty on success.
+using PutBytes = std::function<std::string(std::span<const uint8_t>)>;
 
-// The file system of this computer. Both are defined once for each system: headless/posix_files.cpp,
-// shell/windows_files.cpp.
+// Replaces a file by the bytes that `write` puts. Returns an error message, empty on success; a failure keeps `path`.
+std::string replaceFile(const FileOps &files, const std::string &path,
+                        const std::function<std::string(const PutBytes &put)> &write);
+
+// The file system of this computer; defined in posix_files.cpp and windows_files.cpp.
 const FileOps &systemFiles();
 
-// Whether both UTF-8 paths lead to one file or folder, by whatever way; false where either does not exist.
+// Whether both UTF-8 paths resolve to the same file or folder; false if either does not exist.
 bool sameFile(const std::string &left, const std::string &right);

@@ -1,6 +1,7 @@
-// Small number rules that every room shares.
+// Flags and rounding.
 #pragma once
 
+#include <cmath>
 #include <cstdint>
 
 // A 16-bit boolean of the viewer's records: true is -1, false is 0.
@@ -10,6 +11,5 @@ inline constexpr Flag16 kFalse = 0;
 
 constexpr Flag16 toFlag(bool value) { return value ? kTrue : kFalse; }
 
-// The nearest whole number; a value just between two goes to the even one (2.5 -> 2, 3.5 -> 4).
-// `value` must lie within the range of int32_t.
-int32_t roundHalfEven(double value);
+// The nearest whole number, halves to the even one: 2.5 -> 2, 3.5 -> 4. `value` must fit int32_t.
+inline int32_t roundHalfEven(double value) { return static_cast<int32_t>(std::nearbyint(value)); }

@@ -14,13 +14,13 @@
 
 namespace {
 
-// A descriptor as a pointer; one higher, so that descriptor 0 is no nullptr.
-// NOLINTNEXTLINE(performance-no-int-to-ptr): it points to nothing, so no optimisation is lost.
+// A descriptor as a pointer, plus one: descriptor 0 is not nullptr.
+// NOLINTNEXTLINE(performance-no-int-to-ptr): never dereferenced, so no optimisation is lost.
 FileHandle handleOf(int descriptor) { return reinterpret_cast<FileHandle>(static_cast<intptr_t>(descriptor) + 1); }
 int descriptorOf(FileHandle file) { return static_cast<int>(reinterpret_cast<intptr_t>(file) - 1); }
 
 FileHandle openForReading(const char *path) {
-  // Without O_NONBLOCK the opening of a pipe would wait for a writer.
+  // O_NONBLOCK: opening a pipe does not wait for a writer.
   const int descriptor = open(path, O_RDONLY | O_NONBLOCK | O_CLOEXEC);
   if (descriptor < 0) return nullptr;
   struct stat status {};
@@ -63,7 +63,7 @@ std::vector<std::string> listFolder(const char *folder) {
 
 std::string systemWords(int error) { return std::strerror(error); }
 
-// Follows a symbolic link to the file that it stands for, so that the link itself stays.
+// Resolves a symbolic link: the link stays and its target is replaced.
 std::string linkTarget(const char *path) {
   char *resolved = realpath(path, nullptr);
   if (resolved == nullptr) return path;
@@ -75,11 +75,11 @@ std::string linkTarget(const char *path) {
 struct Output {
   int descriptor = -1;
   std::string target;
-  std::string temporary; // empty where the target is written in place
+  std::string temporary; // empty if the target is written in place
 };
 
 OutputHandle beginOutput(const char *path, std::string &failure) {
-  static std::atomic<unsigned> temporaryCount{0}; // only makes names differ between threads
+  static std::atomic<unsigned> temporaryCount{0}; // keeps the names of threads apart
   auto output = std::make_unique<Output>();
   output->target = linkTarget(path);
   struct stat old {};
@@ -87,7 +87,7 @@ OutputHandle beginOutput(const char *path, std::string &failure) {
   if (exists && !S_ISREG(old.st_mode)) {
     output->descriptor = open(output->target.c_str(), O_WRONLY | O_CLOEXEC);
   } else {
-    // A short name of its own: the target's name may already be as long as names can be.
+    // Not derived from the target's name, which may have the maximum length.
     const std::string folder = output->target.substr(0, output->target.find_last_of('/') + 1);
     do {
       output->temporary =
@@ -100,7 +100,7 @@ OutputHandle beginOutput(const char *path, std::string &failure) {
     return nullptr;
   }
   const bool replaces = exists && !output->temporary.empty();
-  if (replaces) (void)!fchmod(output->descriptor, old.st_mode & 07777); // keeps the old file's rights where it can
+  if (replaces) (void)!fchmod(output->descriptor, old.st_mode & 07777); // keeps the old file's mode if possible
   return output.release();
 }
 

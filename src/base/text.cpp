@@ -4,7 +4,7 @@
 
 namespace {
 
-// In UTF-8 every byte of a character but its first reads 10xxxxxx.
+// UTF-8: all bytes of a character but the first are 10xxxxxx.
 bool startsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; }
 
 } // namespace
@@ -22,13 +22,7 @@ std::string_view lastCharacters(std::string_view text, size_t count) {
   return text.substr(start);
 }
 
-std::string withLastLetters(std::string_view path, std::string_view letters) {
-  constexpr size_t kExtensionLetters = 3;
-  path.remove_suffix(lastCharacters(path, kExtensionLetters).size());
-  return std::string(path) + std::string(letters);
-}
-
-std::string grouped(int64_t count) {
+std::string withThousandsSeparators(int64_t count) {
   constexpr size_t kGroupDigits = 3;
   std::string digits = std::to_string(count);
   for (size_t end = digits.size(); end > kGroupDigits + (count < 0 ? 1 : 0); end -= kGroupDigits) {

@@ -1,4 +1,4 @@
-// UTF-8 text counted in characters, as paths and names are.
+// UTF-8 text, measured in characters.
 #pragma once
 
 #include <cstddef>
@@ -9,17 +9,14 @@
 // Number of characters.
 size_t characterCount(std::string_view text);
 
-// The last `count` characters, or the whole text where it is shorter.
+// The last `count` characters, or all if there are fewer.
 std::string_view lastCharacters(std::string_view text, size_t count);
 
-// `path` with its last three characters, the letters of its extension, replaced by `letters`.
-std::string withLastLetters(std::string_view path, std::string_view letters);
+// 27143 as "27,143".
+std::string withThousandsSeparators(int64_t count);
 
-// A count as people read it: 27143 is "27,143".
-std::string grouped(int64_t count);
-
-// The colour 0x00RRGGBB as people write it: "#RRGGBB", in capital digits; higher bits do not count.
+// The colour 0x00RRGGBB as "#RRGGBB" in upper-case digits; the top byte is ignored.
 std::string colourCode(uint32_t colour);
 
-// A to Z for a to z; other characters stay.
+// Maps a-z to A-Z; other characters stay.
 std::string upperCased(std::string_view text);

@@ -1,6 +1,6 @@
-// The file system of Windows. Only the W functions take paths of more than 260 characters.
+// FileOps for Windows. Only the W functions accept paths of more than 260 characters.
 #include "base/file_ops.h"
-#include "base/resource_counts.h"
+#include "base/windows_text.h"
 
 #include <windows.h>
 
@@ -12,35 +12,17 @@ namespace {
 
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
-// One call moves at most a DWORD of bytes.
-constexpr size_t kLargestTransfer = size_t{1} << 30;
-
-// UTF-8 as Windows writes it within. Bytes that are no UTF-8 name no file.
-std::wstring wide(const std::string &text) {
-  const int bytes = static_cast<int>(text.size());
-  const int wideLength = MultiByteToWideChar(CP_UTF8, 0, text.data(), bytes, nullptr, 0);
-  std::wstring wideText(static_cast<size_t>(wideLength), L'\0');
-  MultiByteToWideChar(CP_UTF8, 0, text.data(), bytes, wideText.data(), wideLength);
-  return wideText;
-}
-
-std::string narrow(const wchar_t *wideText) {
-  const int bytes = WideCharToMultiByte(CP_UTF8, 0, wideText, -1, nullptr, 0, nullptr, nullptr);
-  std::string text(static_cast<size_t>(bytes), '\0');
-  WideCharToMultiByte(CP_UTF8, 0, wideText, -1, text.data(), bytes, nullptr, nullptr);
-  text.resize(text.find('\0') == std::string::npos ? text.size() : text.find('\0'));
-  return text;
-}
+// The byte count of a call is a DWORD.
+constexpr size_t kMaxTransfer = size_t{1} << 30;
 
 FileHandle openForReading(const char *path) {
-  const HANDLE file =
-      CreateFileW(wide(path).c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  const HANDLE file = CreateFileW(toUtf16(path).c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING,
+                                  FILE_ATTRIBUTE_NORMAL, nullptr);
   if (file == INVALID_HANDLE_VALUE) return nullptr;
   if (GetFileType(file) != FILE_TYPE_DISK) {
     CloseHandle(file);
     return nullptr;
   }
-  ++resourceCounts().files;
   return file;
 }
 
@@ -56,7 +38,7 @@ size_t readAt(FileHandle file, int64_t offset, uint8_t *into, size_t count) {
     OVERLAPPED from{};
     from.Offset = static_cast<DWORD>(position);
     from.OffsetHigh = static_cast<DWORD>(position >> 32);
-    const auto wanted = static_cast<DWORD>(std::min(count - done, kLargestTransfer));
+    const auto wanted = static_cast<DWORD>(std::min(count - done, kMaxTransfer));
     DWORD given = 0;
     if (!ReadFile(file, into + done, wanted, &given, &from) || given == 0) break;
     done += given;
@@ -64,26 +46,21 @@ size_t readAt(FileHandle file, int64_t offset, uint8_t *into, size_t count) {
   return done;
 }
 
-void closeFile(FileHandle file) {
-  CloseHandle(file);
-  --resourceCounts().files;
-}
+void closeFile(FileHandle file) { CloseHandle(file); }
 
 std::vector<std::string> listFolder(const char *folder) {
   std::vector<std::string> names;
   WIN32_FIND_DATAW found{};
-  const HANDLE listing = FindFirstFileW(wide(std::string(folder) + "*").c_str(), &found);
+  const HANDLE listing = FindFirstFileW(toUtf16(std::string(folder) + "*").c_str(), &found);
   if (listing == INVALID_HANDLE_VALUE) return names;
-  ++resourceCounts().files;
   do {
-    if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) names.push_back(narrow(found.cFileName));
+    if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) names.push_back(toUtf8(found.cFileName));
   } while (FindNextFileW(listing, &found));
   FindClose(listing);
-  --resourceCounts().files;
   return names;
 }
 
-// The system's own words for an error number.
+// The system's message for an error number.
 std::string errorText(DWORD error) {
   char buffer[512];
   const DWORD size = FormatMessageA(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error, 0,
@@ -96,13 +73,13 @@ std::string errorText(DWORD error) {
 struct Output {
   HANDLE file = INVALID_HANDLE_VALUE;
   std::string target;
-  std::string temporary; // empty where the target is written in place
+  std::string temporary; // empty if the target is written in place
 };
 
-// Opens `path` for writing where it is a device or a pipe; INVALID_HANDLE_VALUE for files and where nothing is.
+// Opens a device or pipe for writing; INVALID_HANDLE_VALUE for a regular file or a missing one.
 HANDLE openDevice(const char *path) {
-  const HANDLE device =
-      CreateFileW(wide(path).c_str(), GENERIC_WRITE, kShareAll, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  const HANDLE device = CreateFileW(toUtf16(path).c_str(), GENERIC_WRITE, kShareAll, nullptr, OPEN_EXISTING,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr);
   if (device == INVALID_HANDLE_VALUE) return device;
   if (GetFileType(device) == FILE_TYPE_DISK) {
     CloseHandle(device);
@@ -111,7 +88,7 @@ HANDLE openDevice(const char *path) {
   return device;
 }
 
-// Makes a new file in the folder of `path` and stores its path in `temporaryPath`.
+// Creates a file in the folder of `path` and stores its path in `temporaryPath`.
 HANDLE createTemporary(const std::string &path, std::string &temporaryPath) {
   static std::atomic<unsigned> serial{0};
   constexpr int kAttempts = 100;
@@ -119,8 +96,8 @@ HANDLE createTemporary(const std::string &path, std::string &temporaryPath) {
   const std::string folder = folderEnd == std::string::npos ? "" : path.substr(0, folderEnd + 1);
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
     temporaryPath = folder + "~" + std::to_string(GetCurrentProcessId()) + "-" + std::to_string(serial++) + ".tmp";
-    const HANDLE file =
-        CreateFileW(wide(temporaryPath).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+    const HANDLE file = CreateFileW(toUtf16(temporaryPath).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file != INVALID_HANDLE_VALUE || GetLastError() != ERROR_FILE_EXISTS) return file;
   }
   return INVALID_HANDLE_VALUE;
@@ -131,10 +108,7 @@ OutputHandle beginOutput(const char *path, std::string &failure) {
   output->target = path;
   output->file = openDevice(path);
   if (output->file == INVALID_HANDLE_VALUE) output->file = createTemporary(path, output->temporary);
-  if (output->file != INVALID_HANDLE_VALUE) {
-    ++resourceCounts().files;
-    return output.release();
-  }
+  if (output->file != INVALID_HANDLE_VALUE) return output.release();
   failure = errorText(GetLastError());
   return nullptr;
 }
@@ -142,7 +116,7 @@ OutputHandle beginOutput(const char *path, std::string &failure) {
 std::string writeOutput(OutputHandle handle, std::span<const uint8_t> bytes) {
   const Output &output = *static_cast<Output *>(handle);
   while (!bytes.empty()) {
-    const auto wanted = static_cast<DWORD>(std::min(bytes.size(), kLargestTransfer));
+    const auto wanted = static_cast<DWORD>(std::min(bytes.size(), kMaxTransfer));
     DWORD written = 0;
     if (!WriteFile(output.file, bytes.data(), wanted, &written, nullptr)) return errorText(GetLastError());
     if (written == 0) return errorText(ERROR_WRITE_FAULT);
@@ -154,11 +128,10 @@ std::string writeOutput(OutputHandle handle, std::span<const uint8_t> bytes) {
 std::string finishOutput(OutputHandle handle, bool keep) {
   const std::unique_ptr<Output> output(static_cast<Output *>(handle));
   DWORD error = CloseHandle(output->file) ? ERROR_SUCCESS : GetLastError();
-  --resourceCounts().files;
   if (!output->temporary.empty()) {
-    const std::wstring temporary = wide(output->temporary);
+    const std::wstring temporary = toUtf16(output->temporary);
     const bool placed = keep && error == ERROR_SUCCESS;
-    if (placed && !MoveFileExW(temporary.c_str(), wide(output->target).c_str(), MOVEFILE_REPLACE_EXISTING)) {
+    if (placed && !MoveFileExW(temporary.c_str(), toUtf16(output->target).c_str(), MOVEFILE_REPLACE_EXISTING)) {
       error = GetLastError();
     }
     if (!placed || error != ERROR_SUCCESS) DeleteFileW(temporary.c_str());
@@ -184,9 +157,9 @@ const FileOps &systemFiles() {
 
 bool sameFile(const std::string &left, const std::string &right) {
   const auto identify = [](const std::string &path, BY_HANDLE_FILE_INFORMATION &identity) {
-    // To ask what it is needs no rights to its bytes; folders open only as if for a backup.
+    // No access rights needed to query; FILE_FLAG_BACKUP_SEMANTICS opens folders too.
     const HANDLE file =
-        CreateFileW(wide(path).c_str(), 0, kShareAll, nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+        CreateFileW(toUtf16(path).c_str(), 0, kShareAll, nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
     if (file == INVALID_HANDLE_VALUE) return false;
     const bool known = GetFileInformationByHandle(file, &identity);
     CloseHandle(file);

@@ -24,19 +24,19 @@ const char *const kCliHelp =
 
 namespace {
 
-constexpr unsigned kMostJobs = 256;
+constexpr unsigned kMaxJobs = 256;
 
 bool endsIn(std::string_view text, std::string_view ending) {
   return text.size() >= ending.size() && text.substr(text.size() - ending.size()) == ending;
 }
 
-// A whole number with nothing behind it.
-template <typename Number> bool takeNumber(const std::string &text, Number least, Number most, Number &number) {
+// Parses a whole number from min to max, without trailing characters.
+template <typename Number> bool takeNumber(const std::string &text, Number min, Number max, Number &number) {
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  return error == std::errc() && end == text.data() + text.size() && number >= least && number <= most;
+  return error == std::errc() && end == text.data() + text.size() && number >= min && number <= max;
 }
 
-// Each option takes its value, or nothing, into the request and returns what is wrong.
+// Each stores its option's value in the request and returns an error message, empty if the value is valid.
 std::string takeOut(const std::string &value, CliRequest &request) {
   request.outPath = value;
   return value.empty() ? "-o needs a file name" : "";
@@ -53,8 +53,8 @@ std::string takeFormat(const std::string &value, CliRequest &request) {
 }
 
 std::string takeJobs(const std::string &value, CliRequest &request) {
-  if (takeNumber(value, 1U, kMostJobs, request.jobs)) return "";
-  return "--jobs takes a number from 1 to " + std::to_string(kMostJobs) + ", not '" + value + "'";
+  if (takeNumber(value, 1U, kMaxJobs, request.jobs)) return "";
+  return "--jobs takes a number from 1 to " + std::to_string(kMaxJobs) + ", not '" + value + "'";
 }
 
 std::string takeFrame(const std::string &value, CliRequest &request) {
@@ -62,37 +62,23 @@ std::string takeFrame(const std::string &value, CliRequest &request) {
   return "--frame takes a number from 0 on, not '" + value + "'";
 }
 
-std::string takeAllFrames(const std::string &, CliRequest &request) {
-  request.allFrames = true;
-  return "";
-}
-
-std::string takeShown(const std::string &, CliRequest &request) {
-  request.shown = true;
-  return "";
-}
-
-std::string takeJson(const std::string &, CliRequest &request) {
-  request.json = true;
-  return "";
-}
-
+// An option takes a value, or sets a flag.
 struct Option {
   const char *name;
-  bool takesValue;
-  std::string_view commands; // that have it, by first letter
+  std::string_view commands; // first letters of its commands
   std::string (*take)(const std::string &value, CliRequest &request);
+  bool CliRequest::*flag = nullptr;
 };
 
 constexpr std::array<Option, 8> kOptions{{
-    {"-o", true, "cvs", takeOut},
-    {"-d", true, "c", takeDirectory},
-    {"--format", true, "c", takeFormat},
-    {"--frame", true, "ic", takeFrame},
-    {"--all-frames", false, "c", takeAllFrames},
-    {"--shown", false, "c", takeShown},
-    {"--jobs", true, "c", takeJobs},
-    {"--json", false, "i", takeJson},
+    {"-o", "cvs", takeOut},
+    {"-d", "c", takeDirectory},
+    {"--format", "c", takeFormat},
+    {"--frame", "ic", takeFrame},
+    {"--jobs", "c", takeJobs},
+    {"--all-frames", "c", nullptr, &CliRequest::allFrames},
+    {"--shown", "c", nullptr, &CliRequest::shown},
+    {"--json", "i", nullptr, &CliRequest::json},
 }};
 
 struct Command {
@@ -107,7 +93,7 @@ constexpr std::array<Command, 4> kCommands{{
     {"sound", CliCommand::kSound},
 }};
 
-// Asked for anywhere in front of "--", help outranks all else.
+// Help before "--" overrides all other arguments.
 bool wantsHelp(std::span<const std::string> arguments) {
   const auto options =
       arguments.first(static_cast<size_t>(std::find(arguments.begin(), arguments.end(), "--") - arguments.begin()));
@@ -138,9 +124,11 @@ std::string parseOptions(std::span<const std::string> arguments, CliRequest &req
     }
     const Option *option = findOption(argument, arguments[0][0]);
     if (option == nullptr) return "unknown option '" + argument + "'";
-    if (option->takesValue && i + 1 == arguments.size()) return argument + " needs a value";
-    if (std::string wrong = option->take(option->takesValue ? arguments[++i] : "", request); !wrong.empty()) {
-      return wrong;
+    if (option->flag != nullptr) {
+      request.*option->flag = true;
+    } else {
+      if (i + 1 == arguments.size()) return argument + " needs a value";
+      if (std::string wrong = option->take(arguments[++i], request); !wrong.empty()) return wrong;
     }
     given.push_back(option->name);
   }

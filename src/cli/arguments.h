@@ -13,17 +13,16 @@ struct CliRequest {
   bool json = false;
   bool shown = false;
   ImageFormat format = ImageFormat::kBmp;
-  std::string outPath;      // -o; "-" is standard output
-  std::string outDirectory; // -d
-  int frame = 0;            // of a video
-  bool allFrames = false;   // of a video, each to a file of its own
-  unsigned jobs = 0;        // 0: as many as the computer has cores
-  std::vector<std::string> files;
+  std::string outPath = {};      // -o; "-" is standard output
+  std::string outDirectory = {}; // -d
+  int frame = 0;                 // of a video
+  bool allFrames = false;        // of a video, each to a file of its own
+  unsigned jobs = 0;             // 0: as many as the computer has cores
+  std::vector<std::string> files = {};
 };
 
-// Reads the arguments behind the program's name into `request`. Returns an empty text, or one line that says what is
-// wrong with them.
+// Parses the arguments after the program's name into `request`. Returns a one-line error message, empty if valid.
 std::string parseArguments(std::span<const std::string> arguments, CliRequest &request);
 
-// What `korilan-cli --help` prints.
+// The output of `korilan-cli --help`.
 extern const char *const kCliHelp;

@@ -1,13 +1,14 @@
 #include "cli/convert.h"
 
+#include "base/buffers.h"
+#include "base/paths.h"
+#include "base/text.h"
 #include "cli/interrupt.h"
 #include "cli/opened_file.h"
 #include "cli/output.h"
 #include "cli/progress.h"
 #include "core/bitmap_export.h"
-#include "core/dispatch.h"
-#include "base/text.h"
-#include "core/display_geometry.h"
+#include "pixels/stretching.h"
 
 #include <algorithm>
 #include <atomic>
@@ -17,7 +18,7 @@
 
 namespace {
 
-// Files of the request that would all take the same name, in the order given: their pictures go to one file.
+// Input files whose output name would be the same, in the order given; one thread converts them.
 using NameGroup = std::vector<std::string>;
 
 struct Conversion {
@@ -28,19 +29,20 @@ struct Conversion {
   Progress progress = {};
 };
 
-std::string putPpm(std::span<const uint32_t> frameBits, int32_t width, int32_t height, const PutBytes &put) {
-  constexpr size_t kPiecePixels = size_t{1} << 13;
-  const std::string header = "P6\n" + std::to_string(width) + " " + std::to_string(height) + "\n255\n";
+std::string putPpm(const PixelView &picture, const PutBytes &put) {
+  constexpr size_t kChunkPixels = size_t{1} << 13;
+  const std::string header = "P6\n" + std::to_string(picture.width) + " " + std::to_string(picture.height) + "\n255\n";
   std::vector<uint8_t> piece(header.begin(), header.end());
   std::string failure = put(piece);
-  while (!frameBits.empty() && failure.empty()) {
-    const auto pixels = frameBits.first(std::min(kPiecePixels, frameBits.size()));
+  std::span<const uint32_t> words = picture.words;
+  while (!words.empty() && failure.empty()) {
+    const auto pixels = words.first(std::min(kChunkPixels, words.size()));
     piece.clear();
     for (const uint32_t word : pixels) {
       for (const int shift : {16, 8, 0}) piece.push_back(static_cast<uint8_t>(word >> shift));
     }
     failure = put(piece);
-    frameBits = frameBits.subspan(pixels.size());
+    words = words.subspan(pixels.size());
   }
   return failure;
 }
@@ -57,10 +59,10 @@ std::vector<NameGroup> groupByName(const CliRequest &request) {
   std::vector<NameGroup> groups;
   std::map<std::string, size_t> groupOf; // path without its extension -> group
   for (const std::string &path : request.files) {
-    const size_t nameStart = request.outDirectory.empty() ? 0 : path.find_last_of(kFolderSeparators) + 1;
+    const size_t nameStart = request.outDirectory.empty() ? 0 : folderLength(path);
     std::string name = withLastLetters(path.substr(nameStart), "");
 #ifdef _WIN32
-    name = upperCased(name); // names that differ only in case are one
+    name = upperCased(name); // names are not case-sensitive
 #endif
     const auto [entry, isNew] = groupOf.emplace(name, groups.size());
     if (isNew) groups.emplace_back();
@@ -69,11 +71,10 @@ std::vector<NameGroup> groupByName(const CliRequest &request) {
   return groups;
 }
 
-// Path that a picture was written to -> file that it is from.
+// Output path -> input file.
 using TakenNames = std::map<std::string, std::string>;
 
-// Writes the picture shown now, unless another file's picture already stands under its name. Returns what went wrong,
-// or an empty text.
+// Writes the shown picture, unless another file's picture has its name. Returns an error message, empty on success.
 std::string writePicture(const ViewerState &viewer, const CliRequest &request, TakenNames &taken) {
   const std::string &path = viewer.filePath;
   const std::string target = outputPath(viewer, request);
@@ -81,20 +82,19 @@ std::string writePicture(const ViewerState &viewer, const CliRequest &request, T
   if (holder != path) return path + ": its picture would replace that of " + holder;
   if (target != kStandardOutput && sameFile(target, path)) return path + ": its picture would replace the file itself";
   std::vector<uint32_t> stretched;
-  std::span<const uint32_t> pixels = viewer.frameBits;
-  int32_t width = viewer.frameWidth;
-  int32_t height = viewer.frameHeight;
+  PixelView picture = shownPicture(viewer);
   if (request.shown) {
-    width = viewer.window.stretch.targetWidth;
-    height = viewer.window.stretch.targetHeight;
-    pixels = stretched = stretchedPicture(viewer);
-    if (pixels.empty() && width > 0 && height > 0) return path + ": there is not enough memory";
+    const Stretch &stretch = viewer.window.stretch;
+    if (!stretchPicture(picture, stretch.targetWidth, stretch.targetHeight, stretched)) {
+      return path + ": there is not enough memory";
+    }
+    picture = {stretched, stretch.targetWidth, stretch.targetHeight};
   }
   CliOutput output;
   if (std::string failure = beginCliOutput(output, target); !failure.empty()) return failure;
-  const auto putAs = request.format == ImageFormat::kPpm ? putPpm : putBitmap;
   const auto put = [&output](std::span<const uint8_t> bytes) { return writeCliOutput(output, bytes); };
-  return finishCliOutput(output, putAs(pixels, width, height, put));
+  return finishCliOutput(output, request.format == ImageFormat::kPpm ? putPpm(picture, put)
+                                                                     : putBitmap(picture, BitmapHeader::kFile, put));
 }
 
 std::string convertFile(OpenedFile &opened, const CliRequest &request, const std::string &path, TakenNames &taken) {
@@ -102,7 +102,7 @@ std::string convertFile(OpenedFile &opened, const CliRequest &request, const std
   const ViewerState &viewer = opened.viewer;
   if (viewer.pictureShown != kTrue) return refusal(viewer);
   const int32_t first = request.allFrames ? 0 : request.frame;
-  const int32_t behind = request.allFrames ? videoFrames(viewer) : first + 1;
+  const int32_t behind = request.allFrames ? framesOf(viewer) : first + 1;
   std::string failure;
   for (int32_t frame = first; frame < behind && failure.empty(); ++frame) {
     failure = showFrame(opened, frame) ? writePicture(viewer, request, taken)
@@ -112,7 +112,7 @@ std::string convertFile(OpenedFile &opened, const CliRequest &request, const std
 }
 
 void convertUntilDone(Conversion &conversion) {
-  const auto opened = std::make_unique<OpenedFile>(); // its memory serves for one file after another
+  const auto opened = std::make_unique<OpenedFile>(); // its memory is reused for each file
   for (size_t i = conversion.next++; i < conversion.groups.size(); i = conversion.next++) {
     TakenNames taken;
     for (const std::string &path : conversion.groups[i]) {
@@ -130,11 +130,8 @@ void convertUntilDone(Conversion &conversion) {
 bool convertFiles(const CliRequest &request) {
   Conversion conversion{.request = request, .groups = groupByName(request)};
   beginProgress(conversion.progress, request.files.size());
-  size_t threadCount = conversion.groups.size();
-  if (threadCount > 1) { // to ask for the cores takes time, too
-    const size_t cores = request.jobs != 0 ? request.jobs : std::max(1U, std::thread::hardware_concurrency());
-    threadCount = std::min(cores, threadCount);
-  }
+  const size_t cores = request.jobs != 0 ? request.jobs : std::max(1U, std::thread::hardware_concurrency());
+  const size_t threadCount = std::min(cores, conversion.groups.size());
   std::vector<std::thread> helpers;
   for (size_t i = 1; i < threadCount; ++i) helpers.emplace_back([&conversion] { convertUntilDone(conversion); });
   convertUntilDone(conversion);

@@ -1,8 +1,7 @@
-// Pictures to files of today.
+// Conversion of pictures to BMP and PPM.
 #pragma once
 
 #include "cli/arguments.h"
 
-// Converts all files of the request, on several cores; refusals and failures go to standard error.
-// Returns false when some file was not converted.
+// Converts all files of the request, on several cores. Prints errors to standard error. Returns false if a file failed.
 bool convertFiles(const CliRequest &request);

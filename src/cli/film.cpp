@@ -3,6 +3,7 @@
 #include "cli/opened_file.h"
 #include "cli/output.h"
 #include "video/eva_player.h"
+#include "video/playback.h"
 #include "video/sound_track.h"
 
 #include <algorithm>
@@ -22,7 +23,7 @@ std::array<uint8_t, 3> yCbCr(uint32_t colour) {
 
 namespace {
 
-// Y, U and V planes behind the frame's own header.
+// A frame header, then the Y, U and V planes.
 void encodeFrame(const ViewerState &viewer, std::vector<uint8_t> &frame) {
   constexpr std::string_view kFrameHeader = "FRAME\n";
   const std::span<const uint32_t> pixels = viewer.frameBits;
@@ -30,7 +31,7 @@ void encodeFrame(const ViewerState &viewer, std::vector<uint8_t> &frame) {
   uint8_t *const luma = std::copy(kFrameHeader.begin(), kFrameHeader.end(), frame.data());
   uint8_t *const blue = luma + pixels.size();
   uint8_t *const red = blue + pixels.size();
-  for (size_t i = 0; i < pixels.size(); ++i) { // many at once where the compiler can
+  for (size_t i = 0; i < pixels.size(); ++i) { // written to be vectorised
     const auto parts = yCbCr(pixels[i]);
     luma[i] = parts[0];
     blue[i] = parts[1];
@@ -38,7 +39,7 @@ void encodeFrame(const ViewerState &viewer, std::vector<uint8_t> &frame) {
   }
 }
 
-// A film may go on for long, so an interrupt is looked for before each part of it.
+// Checks for an interrupt before each part: a film may be long.
 std::string writePart(const CliOutput &output, std::span<const uint8_t> bytes) {
   const std::string stop = stopLine(output);
   return stop.empty() ? writeCliOutput(output, bytes) : stop;
@@ -47,11 +48,11 @@ std::string writePart(const CliOutput &output, std::span<const uint8_t> bytes) {
 std::string writeFrames(OpenedFile &file, const CliOutput &output) {
   const ViewerState &viewer = file.viewer;
   const std::string header = "YUV4MPEG2 W" + std::to_string(viewer.frameWidth) + " H" +
-                             std::to_string(viewer.frameHeight) + " F" + std::to_string(videoRate(viewer)) +
+                             std::to_string(viewer.frameHeight) + " F" + std::to_string(playbackRate(viewer)) +
                              ":1 Ip A1:1 C444\n";
   std::vector<uint8_t> bytes(header.begin(), header.end());
   std::string failure = writeCliOutput(output, bytes);
-  for (int32_t frame = 0; frame < videoFrames(viewer) && failure.empty(); ++frame) {
+  for (int32_t frame = 0; frame < framesOf(viewer) && failure.empty(); ++frame) {
     showFrame(file, frame);
     encodeFrame(viewer, bytes);
     failure = writePart(output, bytes);
@@ -65,23 +66,24 @@ std::string writeSamples(OpenedFile &file, const CliOutput &output) {
   const uint64_t sampleBytes = static_cast<uint64_t>(viewer.evaPlayer.frameCount) * format.samplesPerFrame;
   if (sampleBytes > std::numeric_limits<uint32_t>::max() - kWaveHeaderBytes) return "too long for a WAVE file";
   std::string failure = writeCliOutput(output, waveHeader(format, static_cast<uint32_t>(sampleBytes)));
-  EvaPlayer &eva = viewer.evaPlayer;
-  for (eva.currentFrame = 0; eva.currentFrame < eva.frameCount && failure.empty(); ++eva.currentFrame) {
-    readEvaFrame(viewer);
-    failure = writePart(output, soundSlot(viewer, eva.currentFrame));
+  EvaFrame video;
+  int32_t &frame = viewer.run.currentFrame;
+  for (frame = 0; frame < viewer.evaPlayer.frameCount && failure.empty(); ++frame) {
+    readEvaFrame(viewer, video);
+    failure = writePart(output, soundSlot(viewer, frame));
   }
   constexpr std::array<uint8_t, 1> kPadding{};
   const bool odd = sampleBytes % 2 != 0;
   return odd && failure.empty() ? writeCliOutput(output, kPadding) : failure;
 }
 
-// Why nothing can be written, or an empty text.
+// Why nothing can be written; empty if it can.
 std::string refusalOf(const ViewerState &viewer, CliCommand command) {
   if (std::string failure = refusal(viewer); !failure.empty()) return failure;
   const std::string &path = viewer.filePath;
-  if (!videoOpen(viewer)) return path + ": is no video";
-  if (videoFrames(viewer) <= 0 || viewer.frameBits.empty()) return path + ": holds no frames";
-  return command == CliCommand::kSound && viewer.evaPlayer.fileOpen != kTrue ? path + ": holds no sound" : "";
+  if (viewer.player == nullptr) return path + ": is no video";
+  if (framesOf(viewer) <= 0 || viewer.frameBits.empty()) return path + ": holds no frames";
+  return command == CliCommand::kSound && !viewer.player->hasSound ? path + ": holds no sound" : "";
 }
 
 bool writeFilm(const CliRequest &request, std::string (*write)(OpenedFile &file, const CliOutput &output)) {
@@ -93,7 +95,7 @@ bool writeFilm(const CliRequest &request, std::string (*write)(OpenedFile &file,
   CliOutput output;
   if (failure.empty()) failure = beginCliOutput(output, request.outPath);
   if (failure.empty()) failure = finishCliOutput(output, write(*file, output));
-  if (!failure.empty()) complain(failure);
+  if (!failure.empty()) printError(failure);
   return failure.empty();
 }
 

@@ -1,4 +1,4 @@
-// Whole videos and their sound for encoders of today. Both stream: memory does not grow with the length of the video.
+// Whole videos and their sound for encoders. Both stream: memory does not grow with the length of the video.
 #pragma once
 
 #include "cli/arguments.h"
@@ -6,12 +6,11 @@
 #include <array>
 #include <cstdint>
 
-// Luma and two chroma parts of a colour word 0x00RRGGBB by ITU-R BT.601, 16 to 235 and 16 to 240.
+// Y, Cb and Cr of a colour word 0x00RRGGBB by ITU-R BT.601, 16 to 235 and 16 to 240.
 std::array<uint8_t, 3> yCbCr(uint32_t colour);
 
-// Writes all frames as YUV4MPEG2 with full chroma. Returns false, with a line on standard error, when that fails.
+// Writes all frames as YUV4MPEG2, 4:4:4. Returns false, with a line on standard error, on failure.
 bool writeVideo(const CliRequest &request);
 
-// Writes the sound of all frames, in their order, as a WAVE file. Returns false, with a line on standard error, when
-// that fails.
+// Writes the sound of all frames as a WAVE file. Returns false, with a line on standard error, on failure.
 bool writeSound(const CliRequest &request);

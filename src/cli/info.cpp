@@ -1,13 +1,13 @@
 #include "cli/info.h"
 
-#include "cli/opened_file.h"
 #include "core/colour_count.h"
+#include "video/playback.h"
 
 #include <string_view>
 
 namespace {
 
-// Bytes of the UTF-8 character at the start of `text`, or 0 where there is none.
+// Length of the UTF-8 character at the start of `text`; 0 if it is invalid.
 size_t characterLength(std::string_view text) {
   const auto byteAt = [text](size_t i) { return static_cast<unsigned char>(text[i]); };
   const unsigned char lead = byteAt(0);
@@ -44,7 +44,7 @@ std::string quoted(std::string_view text) {
   return json + '"';
 }
 
-// A JSON object that grows member by member.
+// A JSON object, built member by member.
 struct JsonLine {
   std::string text = "{";
 
@@ -59,22 +59,20 @@ std::string truth(bool value) { return value ? "true" : "false"; }
 std::string size(int32_t width, int32_t height) { return "[" + number(width) + "," + number(height) + "]"; }
 
 std::string paletteWords(const ViewerState &viewer) {
-  constexpr size_t kMost = 64;
-  constexpr size_t kUsual = 16;
-  const size_t count = viewer.colourCount == kMost ? kMost : kUsual;
+  constexpr size_t kMaxEntries = 64;
+  constexpr size_t kUsualEntries = 16;
+  const size_t count = viewer.colourCount == kMaxEntries ? kMaxEntries : kUsualEntries;
   std::string words = "[";
   for (size_t i = 0; i < count; ++i) words += (i == 0 ? "" : ",") + number(viewer.palette[i]);
   return words + "]";
 }
 
 void addVideoMembers(JsonLine &line, const ViewerState &viewer) {
-  const EvaPlayer &eva = viewer.evaPlayer;
-  const VidPlayer &vid = viewer.vidPlayer;
-  const bool isEva = eva.fileOpen == kTrue;
-  line.member("frameCount", number(isEva ? eva.frameCount : vid.frameCount));
-  line.member("framesPerSecond", number(isEva ? eva.framesPerSecond : vid.framesPerSecond));
-  line.member("isRgb", truth(isEva && eva.isRgb == kTrue));
-  line.member("currentFrame", number(isEva ? eva.currentFrame : vid.currentFrame));
+  const VideoPlayer &player = *viewer.player;
+  line.member("frameCount", number(player.frames(viewer)));
+  line.member("framesPerSecond", number(player.rate(viewer)));
+  line.member("isRgb", truth(player.hasSound && viewer.evaPlayer.isRgb == kTrue));
+  line.member("currentFrame", number(viewer.run.currentFrame));
   line.member("statusLine", quoted(viewer.window.Label4));
 }
 
@@ -82,7 +80,6 @@ void addVideoMembers(JsonLine &line, const ViewerState &viewer) {
 
 std::string infoJson(const ViewerState &viewer) {
   const WindowModel &window = viewer.window;
-  const std::string error = errorLine(viewer);
   JsonLine line;
   line.member("fileExtension", quoted(viewer.fileExtension));
   line.member("typeDescription", quoted(viewer.typeDescription));
@@ -105,17 +102,19 @@ std::string infoJson(const ViewerState &viewer) {
   line.member("mainView", size(window.mainViewWidth, window.mainViewHeight));
   line.member("target", size(window.stretch.targetWidth, window.stretch.targetHeight));
   line.member("colourCountShown", number(viewer.pictureShown == kTrue ? shownColourCount(viewer) : 0));
-  line.member("error", error.empty() ? "null" : quoted(error));
+  line.member("error", viewer.loadError.empty() ? "null" : quoted(viewer.loadError));
   line.member("shown", truth(viewer.pictureShown == kTrue));
-  if (videoOpen(viewer)) addVideoMembers(line, viewer);
+  if (viewer.player != nullptr) addVideoMembers(line, viewer);
   return line.text + "}";
 }
 
 std::string infoText(const ViewerState &viewer) {
   const WindowModel &window = viewer.window;
-  const std::string video = videoOpen(viewer) ? ", " + std::to_string(videoFrames(viewer)) + " frames, " +
-                                                    std::to_string(videoRate(viewer)) + " a second"
-                                              : "";
+  std::string video;
+  if (viewer.player != nullptr) {
+    video = ", " + std::to_string(viewer.player->frames(viewer)) + " frames, " + std::to_string(playbackRate(viewer)) +
+            " a second";
+  }
   return viewer.filePath + ": " + viewer.typeDescription + ", " + window.Label1 + ", " + window.Label2 + ", " +
          window.Label3 + ", shown " + std::to_string(window.stretch.targetWidth) + "x" +
          std::to_string(window.stretch.targetHeight) + video;

@@ -1,12 +1,12 @@
-// What the window would show, as text.
+// The window's content as text.
 #pragma once
 
 #include "state/viewer_state.h"
 
 #include <string>
 
-// One line of JSON, without a line break. Texts that are not UTF-8 get U+FFFD for each byte that is not.
+// A JSON object in one line, without a line break. Each byte that is not UTF-8 becomes U+FFFD.
 std::string infoJson(const ViewerState &viewer);
 
-// One line for people, without a line break.
+// A readable line, without a line break.
 std::string infoText(const ViewerState &viewer);

@@ -6,7 +6,7 @@
 namespace {
 
 std::atomic<bool> noted{false};
-static_assert(std::atomic<bool>::is_always_lock_free); // so that a signal may set it
+static_assert(std::atomic<bool>::is_always_lock_free); // a signal handler sets it
 
 void note(int signal) {
   noted = true;
@@ -17,7 +17,7 @@ void note(int signal) {
 
 void watchForInterrupt() {
   for (const int signal : {SIGINT, SIGTERM}) {
-    // Whoever started the program may have had it ignore the signal.
+    // Keeps a signal ignored if the parent process has set it so.
     if (std::signal(signal, note) == SIG_IGN) (void)std::signal(signal, SIG_IGN);
   }
 }

@@ -1,9 +1,9 @@
-// Ctrl+C: what is being written ends, and nothing half written stays.
+// Ctrl+C: stops writing, and leaves no incomplete file.
 #pragma once
 
-inline constexpr int kInterruptedStatus = 130; // as shells give a program that Ctrl+C has ended
+inline constexpr int kInterruptedStatus = 130; // 128 + SIGINT, as in shells
 
-// From now on Ctrl+C is noted; a second one ends the program at once.
+// Installs the handler: the first Ctrl+C sets interrupted(), a second one ends the program.
 void watchForInterrupt();
 
 bool interrupted();

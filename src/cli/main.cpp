@@ -1,4 +1,5 @@
 // korilan-cli: the viewer without a window.
+#include "base/paths.h"
 #include "cli/arguments.h"
 #include "cli/convert.h"
 #include "cli/film.h"
@@ -38,12 +39,12 @@ bool printInfo(const CliRequest &request) {
       continue;
     }
     allShown = false;
-    complain(failure);
+    printError(failure);
   }
   return allShown;
 }
 
-// The program is written without exceptions: only what the library throws when memory is lacking can end here.
+// The program throws nothing itself: only the library's bad_alloc ends here.
 [[noreturn]] void endForLackOfMemory() {
   (void)std::fputs("korilan-cli: there is not enough memory\n", stderr);
   std::_Exit(kSomeNotShown);
@@ -54,17 +55,15 @@ bool printInfo(const CliRequest &request) {
 int main(int argumentCount, char **argumentTexts) {
   std::set_terminate(endForLackOfMemory);
 #ifdef _WIN32
-  _setmode(_fileno(stdout), _O_BINARY); // bitmaps to standard output, and the same line ends everywhere
+  _setmode(_fileno(stdout), _O_BINARY); // for bitmaps, and the same line ends on all systems
 #endif
   const std::vector<std::string> arguments(argumentTexts + std::min(argumentCount, 1), argumentTexts + argumentCount);
   CliRequest request;
   if (const std::string wrong = parseArguments(arguments, request); !wrong.empty()) {
-    complain("korilan-cli: " + wrong);
+    printError("korilan-cli: " + wrong);
     return kWrongUsage;
   }
-#ifdef _WIN32
-  for (std::string &path : request.files) std::replace(path.begin(), path.end(), '/', '\\');
-#endif
+  for (std::string &path : request.files) path = systemPath(std::move(path));
   watchForInterrupt();
   bool allShown = true;
   switch (request.command) {
@@ -75,7 +74,7 @@ int main(int argumentCount, char **argumentTexts) {
   case CliCommand::kSound: allShown = writeSound(request); break;
   }
   if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
-    complain("korilan-cli: standard output could not be written");
+    printError("korilan-cli: standard output could not be written");
     allShown = false;
   }
   if (interrupted()) return kInterruptedStatus;

@@ -35,6 +35,6 @@ std::string finishCliOutput(const CliOutput &output, const std::string &failure)
   return failure.empty() ? endFailure : failure;
 }
 
-void complain(const std::string &line) {
-  (void)std::fputs((line + "\n").c_str(), stderr); // nobody is left to hear of a failure
+void printError(const std::string &line) {
+  (void)std::fputs((line + "\n").c_str(), stderr); // a failure cannot be reported
 }

@@ -1,4 +1,4 @@
-// Where the program writes: files, which are replaced only once they are complete, and standard output.
+// Output to standard output, or to files, which are replaced only when complete.
 #pragma once
 
 #include "base/file_ops.h"
@@ -14,15 +14,15 @@ struct CliOutput {
   OutputHandle handle = nullptr; // nullptr for standard output
 };
 
-// Each returns an empty text, or what went wrong; to begin goes wrong too once the program was interrupted.
+// Each returns an error message, empty on success. After an interrupt beginCliOutput() fails.
 std::string beginCliOutput(CliOutput &output, const std::string &path);
 std::string writeCliOutput(const CliOutput &output, std::span<const uint8_t> bytes);
 
-// What is said of an output that the program was interrupted at; an empty text until then.
+// The message for an interrupted output; empty if not interrupted.
 std::string stopLine(const CliOutput &output);
 
-// Keeps what was written when `failure`, which is returned where it is not empty, says nothing.
+// Completes the output if `failure` is empty, otherwise discards it. Returns `failure`, or the error of completing.
 std::string finishCliOutput(const CliOutput &output, const std::string &failure);
 
 // A line on standard error.
-void complain(const std::string &line);
+void printError(const std::string &line);

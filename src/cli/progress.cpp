@@ -1,8 +1,8 @@
 #include "cli/progress.h"
 
-#include "cli/output.h"
-#include "core/dispatch.h"
+#include "base/paths.h"
 #include "base/text.h"
+#include "cli/output.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -25,7 +25,7 @@ bool isTerminal() {
 #endif
 }
 
-// Over what stands there: blanks serve every terminal.
+// Overwrites the line, padded with blanks instead of control codes.
 void writeLine(Progress &progress, const std::string &line) {
   const size_t letters = characterCount(line);
   const std::string blanks(progress.width - std::min(progress.width, letters), ' ');
@@ -43,7 +43,7 @@ void clearLine(Progress &progress) {
 
 std::string progressLine(size_t number, size_t files, const std::string &path) {
   std::string line = "[" + std::to_string(number) + "/" + std::to_string(files) + "] ";
-  const std::string_view name = std::string_view(path).substr(path.find_last_of(kFolderSeparators) + 1);
+  const std::string_view name = fileNameOf(path);
   line += lastCharacters(name, kLineLetters - std::min(line.size(), kLineLetters));
   return line;
 }
@@ -59,12 +59,12 @@ void showProgress(Progress &progress, const std::string &path) {
   writeLine(progress, progressLine(progress.done + 1, progress.files, path));
 }
 
-void countProgress(Progress &progress, const std::string &complaint) {
+void countProgress(Progress &progress, const std::string &failure) {
   const std::scoped_lock lock(progress.mutex);
   ++progress.done;
-  if (complaint.empty()) return;
+  if (failure.empty()) return;
   if (progress.shown) clearLine(progress);
-  complain(complaint);
+  printError(failure);
 }
 
 void endProgress(Progress &progress) {

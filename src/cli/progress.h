@@ -1,5 +1,4 @@
-// How far a conversion is, in one line of the terminal that is written anew for each file. Where standard error is no
-// terminal nothing is shown.
+// Progress of a conversion: one line, rewritten for each file. Shown only if standard error is a terminal.
 #pragma once
 
 #include <cstddef>
@@ -7,10 +6,10 @@
 #include <string>
 
 struct Progress {
-  size_t files = 0; // in all
+  size_t files = 0; // total
   size_t done = 0;
   bool shown = false;
-  size_t width = 0; // letters that stand in the line
+  size_t width = 0; // characters now in the line
   std::mutex mutex; // several jobs report
 };
 
@@ -19,11 +18,11 @@ void beginProgress(Progress &progress, size_t files);
 // A file is about to be read.
 void showProgress(Progress &progress, const std::string &path);
 
-// It is done. `complaint` goes to a line of its own where it is not empty.
-void countProgress(Progress &progress, const std::string &complaint);
+// The file is done. `failure`, if not empty, is printed on its own line.
+void countProgress(Progress &progress, const std::string &failure);
 
 // Clears the line.
 void endProgress(Progress &progress);
 
-// "[12/100] name.SC5", the name cut to what fits a line of 79 letters.
+// "[12/100] name.SC5", the name cut to fit 79 characters.
 std::string progressLine(size_t number, size_t files, const std::string &path);

@@ -1,7 +1,6 @@
 #include "core/colour_count.h"
 
-#include "core/file_kinds.h"
-#include "screens/pattern_screen.h"
+#include "state/platform_calls.h"
 
 #include <algorithm>
 #include <string>
@@ -12,9 +11,6 @@ namespace {
 constexpr int kColourBits = 24;
 constexpr size_t kColours = size_t{1} << kColourBits;
 constexpr int32_t kPatternColours = 16;
-
-constexpr const char *kVideoWithBorder = ".VID"; // its frames stand in one colour more: intended
-constexpr const char *kManyPalettes = ".HAM";    // a palette for each line: no limit by depth
 
 } // namespace
 
@@ -34,18 +30,19 @@ int32_t CountUniqueColours(std::span<const uint32_t> frameBits) {
 }
 
 int32_t shownColourCount(const ViewerState &viewer) {
+  const KindTraits &traits = viewer.pictureKind->traits;
+  const int bits = viewer.picture.bitsPerPixel;
   int32_t count = CountUniqueColours(viewer.frameBits);
-  if (viewer.fileExtension == kVideoWithBorder) --count;
-  if (viewer.fileExtension == kManyPalettes) return count;
-  if (viewer.bitsPerPixel >= 2) return std::min(count, int32_t{1} << std::min<int>(viewer.bitsPerPixel, kColourBits));
-  const FileKind *kind = findFileKind(viewer.fileExtension);
-  if (kind != nullptr && kind->load == loadPatternScreen) return std::min(count, kPatternColours);
+  if (traits.countsBorder) --count;
+  if (traits.linePalettes) return count; // no limit by depth
+  if (bits >= 2) return std::min(count, int32_t{1} << std::min(bits, kColourBits));
+  if (traits.patternCells) return std::min(count, kPatternColours);
   return count == 3 ? 2 : count;
 }
 
 void menuCountColors_Click(ViewerState &viewer) {
   const int32_t count = shownColourCount(viewer);
   const std::string number = (count < 0 ? "" : " ") + std::to_string(count);
-  viewer.platform.showMessage(viewer.platform.context, "Image Color Count",
-                              "The amount of unique colors in this image is" + number + ".", MessageIcon::kInformation);
+  showMessage(viewer, "Image Color Count", "The amount of unique colors in this image is" + number + ".",
+              MessageIcon::kInformation);
 }

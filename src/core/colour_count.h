@@ -6,12 +6,12 @@
 #include <cstdint>
 #include <span>
 
-// Distinct 24-bit colours among words 0x00RRGGBB; 0 when there are none.
+// Number of distinct 24-bit colours in words 0x00RRGGBB.
 int32_t CountUniqueColours(std::span<const uint32_t> frameBits);
 
-// The count as the user is told it: at most what the depth allows, and without the colours that
-// the display of some kinds adds to the file's own: intended.
+// The count shown to the user: at most what the depth allows, without colours that the view of some kinds adds:
+// intended, the user asks about the file.
 int32_t shownColourCount(const ViewerState &viewer);
 
-// "Count Colors": tells the user the count in a message.
+// "Count Colors": shows the count in a message.
 void menuCountColors_Click(ViewerState &viewer);

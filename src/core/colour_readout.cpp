@@ -1,15 +1,15 @@
 #include "core/colour_readout.h"
 
 #include "base/text.h"
-#include "core/render_dispatch.h"
+#include "core/rendering.h"
 
 #include <optional>
 
 namespace {
 
-// The palette entry that the pixel was drawn with. Two entries may have one colour, so the picture itself cannot tell.
+// The palette entry of the pixel. Its colour alone does not identify it: two entries may have the same colour.
 std::optional<uint32_t> entryAt(ViewerState &viewer, size_t pixel) {
-  if (viewer.hasPalette != kTrue) return std::nullopt; // a video's frames do not even stand in video memory
+  if (viewer.picture.hasPalette != kTrue) return std::nullopt;
   if (viewer.entryBitsSerial != viewer.window.pictureSerial) {
     viewer.entryBits = renderEntries(viewer);
     viewer.entryBitsSerial = viewer.window.pictureSerial;
@@ -17,7 +17,7 @@ std::optional<uint32_t> entryAt(ViewerState &viewer, size_t pixel) {
   if (pixel >= viewer.entryBits.size()) return std::nullopt;
   const uint32_t word = viewer.entryBits[pixel];
   const uint32_t entry = word & ~kEntryMark;
-  // After a file that failed, video memory may no longer be that of the picture.
+  // After a failed load `vram` may no longer be the picture's.
   const bool known = (word & kEntryMark) != 0 && viewer.palette[entry] == viewer.frameBits[pixel];
   return known ? std::optional(entry) : std::nullopt;
 }
@@ -26,18 +26,14 @@ std::optional<uint32_t> entryAt(ViewerState &viewer, size_t pixel) {
 
 void moveMouse(ViewerState &viewer, int32_t x, int32_t y) {
   const Stretch &stretch = viewer.window.stretch;
-  if (viewer.loadUnderWay || viewer.pictureShown != kTrue || x < 0 || y < 0 || x >= stretch.targetWidth ||
-      y >= stretch.targetHeight) {
-    leaveMouse(viewer);
-    return;
+  if (viewer.activity == Activity::kLoading || viewer.pictureShown != kTrue || x < 0 || y < 0 ||
+      x >= stretch.targetWidth || y >= stretch.targetHeight) {
+    return leaveMouse(viewer);
   }
   const int64_t column = int64_t{x} * stretch.sourceWidth / stretch.targetWidth;
   const int64_t line = int64_t{y} * stretch.sourceHeight / stretch.targetHeight;
   const auto pixel = static_cast<size_t>(line * viewer.frameWidth + column);
-  if (pixel >= viewer.frameBits.size()) { // in the midst of a change of the picture
-    leaveMouse(viewer);
-    return;
-  }
+  if (pixel >= viewer.frameBits.size()) return leaveMouse(viewer); // the picture is being replaced
   const uint32_t colour = viewer.frameBits[pixel];
 
   std::string text = std::to_string(column) + ", " + std::to_string(line) + "   ";

@@ -1,18 +1,29 @@
 #include "core/commands.h"
 
-#include "core/bitmap_export.h"
-#include "core/dispatch.h"
-#include "core/load_pipeline.h"
-#include "core/preferences.h"
 #include "base/text.h"
 #include "core/display_geometry.h"
+#include "core/opening.h"
+#include "core/preferences.h"
+#include "state/labels.h"
 #include "video/sound_track.h"
 
-#include <span>
+#include <utility>
+
+namespace {
+
+// During an activity, stores the command as a request or drops it, and returns true.
+bool deferred(ViewerState &viewer, const Request &request) {
+  if (viewer.activity == Activity::kIdle) return false;
+  const bool endsLoad = request.kind == Request::kExit;
+  if (viewer.activity == Activity::kPlaying || endsLoad) requestAfterwards(viewer, request);
+  return true;
+}
+
+} // namespace
 
 std::optional<std::string> pathFromCommandLine(std::string_view commandLine) {
   constexpr std::string_view kSeveralQuotedPaths = "\" \"";
-  constexpr size_t kFirstForeignColon = 6; // 1-based; a colon from here on is that of a second drive letter
+  constexpr size_t kFirstForeignColon = 6; // 1-based; a colon from here on follows a second drive letter
 
   if (commandLine.empty()) return std::nullopt;
   if (commandLine.find(kSeveralQuotedPaths) != std::string_view::npos) return std::nullopt;
@@ -26,45 +37,36 @@ std::optional<std::string> pathFromCommandLine(std::string_view commandLine) {
 }
 
 void startViewer(ViewerState &viewer, std::string_view commandLine) {
-  viewer.window.mainViewWidth = kEmptyViewWidth;
-  viewer.window.mainViewHeight = kEmptyViewHeight;
-  viewer.zoomMode = 1;
   viewer.window.menuZoom.checked = true;
   loadPreferences(viewer);
-  ApplyDisplayGeometry(viewer);
   resetViewer(viewer);
   if (const auto path = pathFromCommandLine(commandLine)) openPath(viewer, *path);
 }
 
-void openPath(ViewerState &viewer, const std::string &path) {
-  if (viewer.loadUnderWay) return;
-  if (viewer.runUnderWay) {
-    if (characterCount(path) < kShortestPath) return;
-    stopPlayback(viewer);
-    viewer.pathRequested = path;
-    return;
+void endActivity(ViewerState &viewer) {
+  viewer.activity = Activity::kIdle;
+  const Request request = std::exchange(viewer.request, {});
+  switch (request.kind) {
+  case Request::kExit: menuExit_Click(viewer); break;
+  case Request::kClose: menuClose_Click(viewer); break;
+  case Request::kOpen: openPath(viewer, request.path); break;
+  default: break;
   }
-  viewer.loadUnderWay = true;
-  viewer.filePath = path;
-  openCurrentPath(viewer);
-  endLoad(viewer);
 }
 
-void endLoad(ViewerState &viewer) {
-  viewer.loadUnderWay = false;
-  if (viewer.exitRequested) menuExit_Click(viewer);
+void openPath(ViewerState &viewer, const std::string &path) {
+  if (viewer.activity == Activity::kPlaying && characterCount(path) < kMinPathLength) return;
+  if (deferred(viewer, {Request::kOpen, path})) return;
+  viewer.activity = Activity::kLoading;
+  viewer.filePath = path;
+  openCurrentPath(viewer);
+  endActivity(viewer);
 }
 
 void menuReload_Click(ViewerState &viewer) { openPath(viewer, openedPath(viewer)); }
 
 void menuClose_Click(ViewerState &viewer) {
-  if (viewer.loadUnderWay) return;
-  if (viewer.runUnderWay) {
-    stopPlayback(viewer);
-    viewer.closeRequested = true;
-    viewer.pathRequested.clear();
-    return;
-  }
+  if (deferred(viewer, {Request::kClose})) return;
   resetViewer(viewer);
   showPictureInfo(viewer);
 }
@@ -81,20 +83,8 @@ void menuDoubleHeight_Click(ViewerState &viewer) {
   ApplyDisplayGeometry(viewer);
 }
 
-void menuCopyClipboard_Click(ViewerState &viewer) {
-  const auto file = encodeBitmap(viewer.frameBits, viewer.frameWidth, viewer.frameHeight);
-  const auto bitmapV5 = encodeBitmapV5(viewer.frameBits, viewer.frameWidth, viewer.frameHeight);
-  const bool encoded = !file.empty() && !bitmapV5.empty();
-  const auto bitmap = std::span(file).subspan(encoded ? kBitmapFileHeaderBytes : 0);
-  if (encoded && viewer.platform.copyToClipboard(viewer.platform.context, bitmap, bitmapV5)) return;
-  viewer.platform.showMessage(viewer.platform.context, "Korilan",
-                              "Could not copy: the clipboard is in use, or memory is lacking.", MessageIcon::kWarning);
-}
-
 void menuExit_Click(ViewerState &viewer) {
-  viewer.exitRequested = viewer.loadUnderWay || viewer.runUnderWay;
-  stopPlayback(viewer);
-  if (viewer.exitRequested) return;
+  if (deferred(viewer, {Request::kExit})) return;
   stopSound(viewer);
   closeInputFile(viewer.inputFile);
   viewer.platform.exitProgram(viewer.platform.context);

@@ -1,4 +1,4 @@
-// Commands of the main window. One that would load or close is ignored while a load is under way.
+// Commands of the main window. Open and Close are ignored during a load, and deferred to the end of a video's run.
 #pragma once
 
 #include "state/viewer_state.h"
@@ -7,20 +7,19 @@
 #include <string>
 #include <string_view>
 
-// Window load: sizes, the reset, then the path of the command line. `commandLine` is all that follows the program's
-// name.
+// Loads the preferences, sets up the empty window, then opens the path in `commandLine`, which excludes the program.
 void startViewer(ViewerState &viewer, std::string_view commandLine);
 
-// The one path that `commandLine` holds, or nothing where it is empty or holds several paths.
+// The path in `commandLine`; nullopt if it is empty or has several paths.
 std::optional<std::string> pathFromCommandLine(std::string_view commandLine);
 
-// Ends what began with setting `loadUnderWay`, and then exits where that was asked for meanwhile.
-void endLoad(ViewerState &viewer);
+// Ends the activity, then runs the command requested during it.
+void endActivity(ViewerState &viewer);
 
 // Opens `path` as the Open command, a drop or the command line does.
 void openPath(ViewerState &viewer, const std::string &path);
 
-// Opens the current file again, as it is on the disk now.
+// Opens the current file again.
 void menuReload_Click(ViewerState &viewer);
 
 void menuClose_Click(ViewerState &viewer);
@@ -31,8 +30,5 @@ void menuZoom_Click(ViewerState &viewer);
 // Shows each line of the picture twice, or once.
 void menuDoubleHeight_Click(ViewerState &viewer);
 
-// Puts the picture at its own size onto the clipboard as a bitmap. A failure is shown in a message.
-void menuCopyClipboard_Click(ViewerState &viewer);
-
-// Closes the files and ends the program, after the load or the run of a video where one is under way.
+// Closes the files and ends the program.
 void menuExit_Click(ViewerState &viewer);

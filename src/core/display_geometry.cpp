@@ -1,6 +1,5 @@
 #include "core/display_geometry.h"
 
-#include "base/buffers.h"
 #include "base/numbers.h"
 #include "state/palette.h"
 
@@ -8,18 +7,17 @@
 
 namespace {
 
-constexpr int32_t kZoomLimit = 256; // wider or higher pictures are never zoomed
-constexpr int32_t kLeastAreaWidth = 256;
-constexpr int32_t kLeastAreaHeight = 192;
+constexpr int32_t kZoomLimit = 256; // maximum side of a zoomed picture
+constexpr int32_t kMinAreaWidth = 256;
+constexpr int32_t kMinAreaHeight = 192;
 
-// Pages of a desktop publishing program are shown reduced in both directions: intended.
-constexpr const char *kReducedExtension = ".PCT";
+// Divisor of both sides of a reduced view: intended, a printed page fits the screen.
 constexpr double kReduction = 2.2;
 
 } // namespace
 
 void ApplyDisplayGeometry(ViewerState &viewer) {
-  if (viewer.pictureShown != kTrue || videoOpen(viewer)) return;
+  if (viewer.pictureShown != kTrue || viewer.player != nullptr) return;
   WindowModel &window = viewer.window;
   const int32_t width = viewer.frameWidth;
   const int32_t height = viewer.frameHeight;
@@ -34,33 +32,19 @@ void ApplyDisplayGeometry(ViewerState &viewer) {
     areaHeight *= 2;
   }
   if (window.menuDoubleHeight.checked) areaHeight *= 2;
-  if (viewer.fileExtension == kReducedExtension) {
+  if (viewer.pictureKind->traits.reducedView) {
     areaWidth = roundHalfEven(areaWidth / kReduction);
     areaHeight = roundHalfEven(areaHeight / kReduction);
   }
   window.stretch = {.sourceWidth = width, .sourceHeight = height, .targetWidth = areaWidth, .targetHeight = areaHeight};
 
-  window.mainViewWidth = std::max(areaWidth, kLeastAreaWidth) + kFrameAround;
-  window.mainViewHeight = std::max(areaHeight, kLeastAreaHeight) + kFrameAround;
+  window.mainViewWidth = std::max(areaWidth, kMinAreaWidth) + kViewBorders;
+  window.mainViewHeight = std::max(areaHeight, kMinAreaHeight) + kViewBorders;
   ++window.pictureSerial;
-  window.readout = {}; // of the picture before
+  window.readout = {}; // the old one is of the last picture
 
-  window.menuSavePal.enabled = viewer.hasPalette == kTrue;
+  const PictureSettings &picture = viewer.picture;
+  window.menuSavePal.enabled = picture.hasPalette == kTrue;
   window.menuLoadPal.enabled = hasShortPalette(viewer);
-  window.menuRestPal.enabled = viewer.hasPalette == kTrue && viewer.storedPaletteCount == viewer.colourCount;
-}
-
-std::vector<uint32_t> stretchedPicture(const ViewerState &viewer) {
-  const Stretch &stretch = viewer.window.stretch;
-  std::vector<uint32_t> shown;
-  if (viewer.pictureShown != kTrue) return shown;
-  const size_t pixels = static_cast<size_t>(stretch.targetWidth) * static_cast<size_t>(stretch.targetHeight);
-  if (!provideRoom(shown, pixels)) return shown;
-  for (int64_t y = 0; y < stretch.targetHeight; ++y) {
-    const int64_t line = y * stretch.sourceHeight / stretch.targetHeight * stretch.sourceWidth;
-    for (int64_t x = 0; x < stretch.targetWidth; ++x) {
-      shown.push_back(viewer.frameBits[static_cast<size_t>(line + x * stretch.sourceWidth / stretch.targetWidth)]);
-    }
-  }
-  return shown;
+  window.menuRestPal.enabled = picture.hasPalette == kTrue && viewer.storedPaletteCount == picture.colourCount;
 }

@@ -8,72 +8,87 @@
 #include "screens/copy_loaders.h"
 #include "screens/g9b_picture.h"
 #include "screens/ham_picture.h"
-#include "screens/pattern_screen.h"
-#include "video/video_mode.h"
+#include "video/eva_player.h"
+#include "video/vid_player.h"
 
 #include <algorithm>
-#include <cstring>
+
+namespace {
+
+constexpr KindTraits kPatternCells = {.patternCells = true};
+
+// A tile set has the extension of a pattern screen, none of its own.
+constexpr FileKind kTileSet = {"", "VSCREEN TileSet file", loadTileSet, kPatternCells};
+
+bool loadAsTileSet(ViewerState &viewer) {
+  takeKind(viewer, kTileSet);
+  return loadTileSet(viewer);
+}
+
+bool loadScreen2File(ViewerState &viewer) { return holdsTileSet(viewer) ? loadAsTileSet(viewer) : loadScreen2(viewer); }
+bool loadScreen4File(ViewerState &viewer) { return holdsTileSet(viewer) ? loadAsTileSet(viewer) : loadScreen4(viewer); }
+
+} // namespace
 
 // clang-format off
 constexpr std::array<FileKind, kFileKindCount> kFileKinds{{
-    // extension, type description,   loader,                linear bits per pixel
-    {".GE5", "DD-Graph BLOAD file",    loadDdGraphScreen,     0},
-    {".DAT", "DD-Graph COPY file",     loadDdGraphRectangle,  0},
-    {".CMP", "DD-Graph .CMP file",     loadDdGraphCompressed, 0},
-    {".PCT", "Dynamic Publisher file", loadPublisherPage,     0},
-    {".STP", "Dynamic Publisher file", loadStamp,             2},
-    {".PIC", "Designer Plus file",     loadScreen8,           0},
-    {".SC2", "Screen 2 BLOAD file",    loadPatternScreen,     0},
-    {".SR2", "Screen 2 BLOAD file",    loadPatternScreen,     0},
-    {".SC4", "Screen 4 BLOAD file",    loadPatternScreen,     0},
-    {".SR4", "Screen 4 BLOAD file",    loadPatternScreen,     0},
-    {".SC5", "Screen 5 BLOAD file",    loadScreen5,           0},
-    {".SR5", "Screen 5 BLOAD file",    loadScreen5,           0},
-    {".GL5", "Screen 5 COPY file ",    loadScreen5Copy,       4},
-    {".SCR", "VSCREEN Border file",    loadBorder,            0},
-    {".TGS", "VSCREEN Sprite file",    loadSpriteSet,         0},
-    {".SC6", "Screen 6 BLOAD file",    loadScreen6,           0},
-    {".SR6", "Screen 6 BLOAD file",    loadScreen6,           0},
-    {".GL6", "Screen 6 COPY file ",    loadScreen6Copy,       2},
-    {".SC7", "Screen 7 BLOAD file",    loadScreen7,           0},
-    {".SR7", "Screen 7 BLOAD file",    loadScreen7,           0},
-    {".GL7", "Screen 7 COPY file ",    loadScreen7Copy,       4},
-    {".SC8", "Screen 8 BLOAD file",    loadScreen8,           0},
-    {".SR8", "Screen 8 BLOAD file",    loadScreen8,           0},
-    {".GE8", "Screen 8 BLOAD file",    loadScreen8,           0},
-    {".GL8", "Screen 8 COPY file ",    loadScreen8Copy,       0},
-    {".SCA", "Screen10 BLOAD file",    loadScreen10,          0},
-    {".SRA", "Screen10 BLOAD file",    loadScreen10,          0},
-    {".S10", "Screen10 BLOAD file",    loadScreen10,          0},
-    {".GLA", "Screen10 COPY file ",    loadScreen10Copy,      0},
-    {".SCB", "Screen11 BLOAD file",    loadScreen10,          0},
-    {".SRB", "Screen11 BLOAD file",    loadScreen10,          0},
-    {".S11", "Screen11 BLOAD file",    loadScreen10,          0},
-    {".GLB", "Screen11 COPY file ",    loadScreen10Copy,      0},
-    {".SCC", "Screen12 BLOAD file",    loadScreen12,          0},
-    {".SRC", "Screen12 BLOAD file",    loadScreen12,          0},
-    {".S12", "Screen12 BLOAD file",    loadScreen12,          0},
-    {".GLC", "Screen12 COPY file ",    loadScreen12Copy,      0},
-    {".HAM", "Screen 7 HAM file",      LoadHamPicture,        0},
-    {".G9B", "Team Bomba G9B file",    LoadG9bPicture,        0},
-    {".SGX", "SymbOS graphic file",    loadSymbosGraphic,     0},
-    {".VID", "SymbOS video file",      openVidVideo,          0},
-    {".EVA", "EVA YJK video file",     openEvaVideo,          0},
-    {".EV8", "EVA RGB video file",     openEvaVideo,          0},
+    // extension, type description,  loader,                traits
+    {".GE5", "DD-Graph BLOAD file",     loadDdGraphScreen,     {}},
+    {".DAT", "DD-Graph COPY file",      loadDdGraphRectangle,  {}},
+    {".CMP", "DD-Graph .CMP file",      loadDdGraphCompressed, {}},
+    {".PCT", "Dynamic Publisher file",  loadPublisherPage,     {.reducedView = true}},
+    {".STP", "Dynamic Publisher file",  loadStamp,             {.runOnBits = 2}},
+    {".PIC", "Designer Plus file",      loadScreen8,           {}},
+    {".SC2", "Screen 2 BLOAD file",     loadScreen2File,       kPatternCells},
+    {".SR2", "Screen 2 BLOAD file",     loadScreen2File,       kPatternCells},
+    {".SC4", "Screen 4 BLOAD file",     loadScreen4File,       kPatternCells},
+    {".SR4", "Screen 4 BLOAD file",     loadScreen4File,       kPatternCells},
+    {".SC5", "Screen 5 BLOAD file",     loadScreen5,           {}},
+    {".SR5", "Screen 5 BLOAD file",     loadPackedScreen5,     {}},
+    {".GL5", "Screen 5 COPY file ",     loadScreen5Copy,       {.runOnBits = 4}},
+    {".SCR", "VSCREEN Border file",     loadBorder,            {}},
+    {".TGS", "VSCREEN Sprite file",     loadSpriteSet,         {}},
+    {".SC6", "Screen 6 BLOAD file",     loadScreen6,           {}},
+    {".SR6", "Screen 6 BLOAD file",     loadScreen6,           {}},
+    {".GL6", "Screen 6 COPY file ",     loadScreen6Copy,       {.runOnBits = 2}},
+    {".SC7", "Screen 7 BLOAD file",     loadScreen7,           {}},
+    {".SR7", "Screen 7 BLOAD file",     loadPackedScreen7,     {}},
+    {".GL7", "Screen 7 COPY file ",     loadScreen7Copy,       {.runOnBits = 4}},
+    {".SC8", "Screen 8 BLOAD file",     loadScreen8,           {}},
+    {".SR8", "Screen 8 BLOAD file",     loadScreen8,           {}},
+    {".GE8", "Screen 8 BLOAD file",     loadScreen8,           {}},
+    {".GL8", "Screen 8 COPY file ",     loadScreen8Copy,       {}},
+    {".SCA", "Screen10 BLOAD file",     loadScreen10,          {}},
+    {".SRA", "Screen10 BLOAD file",     loadScreen10,          {}},
+    {".S10", "Screen10 BLOAD file",     loadScreen10,          {}},
+    {".GLA", "Screen10 COPY file ",     loadScreen10Copy,      {}},
+    {".SCB", "Screen11 BLOAD file",     loadScreen10,          {}},
+    {".SRB", "Screen11 BLOAD file",     loadScreen10,          {}},
+    {".S11", "Screen11 BLOAD file",     loadScreen10,          {}},
+    {".GLB", "Screen11 COPY file ",     loadScreen10Copy,      {}},
+    {".SCC", "Screen12 BLOAD file",     loadScreen12,          {}},
+    {".SRC", "Screen12 BLOAD file",     loadScreen12,          {}},
+    {".S12", "Screen12 BLOAD file",     loadScreen12,          {}},
+    {".GLC", "Screen12 COPY file ",     loadScreen12Copy,      {}},
+    {".HAM", "Screen 7 HAM file",       LoadHamPicture,        {.linePalettes = true, .details = hamDetails}},
+    {".G9B", "Team Bomba G9B file",     LoadG9bPicture,        {.details = g9bDetails}},
+    {".SGX", "SymbOS graphic file",     loadSymbosGraphic,     {.tiles = true}},
+    {".VID", "SymbOS video file",       loadVid,               {.countsBorder = true, .player = &kVidPlayer}},
+    {".EVA", "EVA YJK video file",      loadEva,               {.player = &kEvaPlayer}},
+    {".EV8", "EVA RGB video file",      loadEva,               {.player = &kEvaPlayer}},
 }};
 // clang-format on
 
 // A row missing at the end of the table would be empty.
 static_assert(kFileKinds.back().extension != nullptr);
 
-static_assert(std::all_of(kFileKinds.begin(), kFileKinds.end(), [](const FileKind &kind) {
-  return std::string_view(kind.extension).size() == kExtensionLength;
-}));
-
 const FileKind *findFileKind(std::string_view extension) {
-  if (extension.size() != kExtensionLength) return nullptr;
-  const auto row = std::find_if(kFileKinds.begin(), kFileKinds.end(), [extension](const FileKind &kind) {
-    return std::memcmp(kind.extension, extension.data(), kExtensionLength) == 0; // of a known length: one comparison
-  });
+  const auto row = std::find_if(kFileKinds.begin(), kFileKinds.end(),
+                                [extension](const FileKind &kind) { return extension == kind.extension; });
   return row != kFileKinds.end() ? &*row : nullptr;
+}
+
+void takeKind(ViewerState &viewer, const FileKind &kind) {
+  viewer.kind = &kind;
+  viewer.typeDescription = kind.typeDescription;
 }

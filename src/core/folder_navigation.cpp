@@ -1,9 +1,9 @@
 #include "core/folder_navigation.h"
 
-#include "core/commands.h"
-#include "core/dispatch.h"
-#include "core/file_kinds.h"
+#include "base/paths.h"
 #include "base/text.h"
+#include "core/commands.h"
+#include "core/opening.h"
 
 #include <algorithm>
 #include <limits>
@@ -11,20 +11,21 @@
 
 namespace {
 
-// A file is listed when its last four letters occur anywhere in here, so that "5 .G" is listed too: intended.
+// A file is listed if its last four characters occur anywhere in this text, so "5 .G" is listed too: intended, one
+// search covers the whole list.
 constexpr std::string_view kSupportedExtensions =
     ".GE5 .GE8 .DAT .CMP .PCT .STP .PIC .SC2 .SR2 .SC4 .SR4 .SC5 .SR5 .SC6 .SR6 .SC7 .SR7 .SC8 .SR8 .SCA .SRA .S10 "
     ".SCB .SRB .S11 .SCC .SRC .S12 .GL5 .GL6 .GL7 .GL8 .GLA .GLB .GLC .HAM .G9B .SCR .TGS .SGX .VID .EVA .EV8";
 
-// As many files as a 16-bit number counts.
-constexpr size_t kMostFiles = std::numeric_limits<int16_t>::max();
+// folderFileCount has 16 bits.
+constexpr size_t kMaxFiles = std::numeric_limits<int16_t>::max();
 
 bool supported(const std::string &name) {
   return kSupportedExtensions.find(upperCased(lastCharacters(name, kExtensionLength))) != std::string_view::npos;
 }
 
-// Whether `path` without its end `name` is a folder. Once a file of an unknown kind was named, the caption, and so the
-// length of `name`, may be those of another file.
+// Whether `path` without `name` at its end is a folder. After a file of an unknown kind, the caption, and so the length
+// of `name`, may be another file's.
 bool isFileName(std::string_view path, std::string_view name) {
   path.remove_suffix(name.size());
   const bool folder = path.empty() || kFolderSeparators.find(path.back()) != std::string_view::npos;
@@ -34,7 +35,7 @@ bool isFileName(std::string_view path, std::string_view name) {
 using Step = int (*)(int index, int count);
 
 void openStep(ViewerState &viewer, Step step) {
-  if (viewer.filePath.empty() || videoPlaying(viewer) || viewer.loadUnderWay) return;
+  if (viewer.filePath.empty() || videoPlaying(viewer) || viewer.activity == Activity::kLoading) return;
   rebuildFolderList(viewer);
   viewer.vidPlayer.headerReady = kFalse;
   if (viewer.folderFileCount == 0) return;
@@ -57,7 +58,7 @@ void rebuildFolderList(ViewerState &viewer) {
 
   viewer.folderFiles = viewer.platform.files->listFolder(viewer.folderPrefix.c_str());
   std::erase_if(viewer.folderFiles, [](const std::string &file) { return !supported(file); });
-  if (viewer.folderFiles.size() > kMostFiles) viewer.folderFiles.resize(kMostFiles);
+  if (viewer.folderFiles.size() > kMaxFiles) viewer.folderFiles.resize(kMaxFiles);
   viewer.folderFileCount = static_cast<int16_t>(viewer.folderFiles.size());
   const auto current = std::find(viewer.folderFiles.begin(), viewer.folderFiles.end(), name);
   if (current != viewer.folderFiles.end()) {

@@ -1,5 +1,5 @@
-// Paging through the files of the current file's folder. None of the four does anything before a file was named or
-// while a video plays.
+// Paging through the files of the current file's folder. The four commands do nothing before a file was named, and
+// while a file loads or a video plays.
 #pragma once
 
 #include "state/viewer_state.h"
@@ -9,6 +9,6 @@ void openPreviousFile(ViewerState &viewer);
 void openFirstFile(ViewerState &viewer);
 void openLastFile(ViewerState &viewer);
 
-// Lists the files that can be opened beside the current one, in the order that the system gives them, and finds the
-// current one among them; `folderIndex` is 1 where it is not there. Without an open file the old list stays.
+// Lists the supported files in the current file's folder, in the system's order. `folderIndex` is the current file's
+// position, or 1 if it is not listed. Without an open file the old list stays.
 void rebuildFolderList(ViewerState &viewer);

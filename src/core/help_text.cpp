@@ -2,8 +2,8 @@
 
 #include "core/file_kinds.h"
 #include "core/menus.h"
-#include "base/text.h"
 #include "core/version.h"
+#include "state/platform_calls.h"
 
 #include <array>
 
@@ -16,26 +16,26 @@ struct HelpLine {
 
 constexpr std::array<HelpLine, 10> kFurtherKeys{{
     {"Page Down", "Next picture of the folder"},
-    {"Page Up", "Picture before"},
+    {"Page Up", "Previous picture of the folder"},
     {"Home", "First picture of the folder"},
     {"End", "Last picture of the folder"},
-    {"Esc", "Exit, where Preferences allow it"},
-    {"Space", "Play a video, or stop it"},
-    {", and .", "One frame back, one frame on"},
-    {"Arrow keys", "Scroll a picture that is larger than the screen"},
+    {"Esc", "Exit, if Preferences allow it"},
+    {"Space", "Play or stop a video"},
+    {", and .", "Previous frame, next frame"},
+    {"Arrow keys", "Scroll a picture larger than the screen"},
     {"F10 or Alt", "Menus"},
     {"Tab", "Next control of the window"},
 }};
 
 constexpr std::array<const char *, 8> kTips{
     "Drop a file onto the picture to open it.",
-    "Save as Bitmap writes beside the file, under its name and .bmp, at the size of the MSX picture.",
-    "Pictures of 512 x 212 dots are shown in their true shape, twice as high; Preferences can turn that off.",
-    "Preferences can let the letter keys work without Ctrl.",
-    "Point at the picture to see place, color number and color under the mouse.",
-    "Load Palette takes .PL4 to .PL7 and .PAL files; Store and Restore Palette carry colors from one picture to "
+    "Save as Bitmap writes a .bmp file of the same name beside the file, at the size of the MSX picture.",
+    "Pictures of 512 x 212 pixels are shown at twice their height, their true shape; Preferences can turn that off.",
+    "Preferences can enable letter keys without Ctrl.",
+    "Point at the picture to see position, color number and color under the mouse.",
+    "Load Palette reads .PL4 to .PL7 and .PAL files; Store and Restore Palette copy colors from one picture to "
     "another.",
-    "A picture that looks wrong may have been saved without its palette: try Load Palette.",
+    "If a picture has wrong colors, it may have been saved without its palette: try Load Palette.",
     "A sprite set (.TGS) needs the .TCS file of the same name beside it.",
 };
 
@@ -66,12 +66,10 @@ std::string helpText() {
   return text;
 }
 
-void menuHelp_Click(ViewerState &viewer) {
-  viewer.platform.showText(viewer.platform.context, "Korilan Help", helpText());
-}
+void menuHelp_Click(ViewerState &viewer) { showText(viewer, "Korilan Help", helpText()); }
 
 void menuAbout_Click(ViewerState &viewer) {
-  viewer.platform.showMessage(viewer.platform.context, "About Korilan",
-                              "Korilan " KORILAN_VERSION "\n\nShows pictures and videos of MSX home computers.",
-                              MessageIcon::kInformation);
+  showMessage(viewer, "About Korilan",
+              "Korilan " KORILAN_VERSION "\n\nShows pictures and videos of MSX home computers.",
+              MessageIcon::kInformation);
 }

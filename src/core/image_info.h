@@ -1,12 +1,12 @@
-// What is known of the current file, for people.
+// The text of Image Info.
 #pragma once
 
 #include "state/viewer_state.h"
 
 #include <string>
 
-// Lines of a name, a tab and a value.
+// Facts about the current file: lines of name, tab, value.
 std::string imageInfo(const ViewerState &viewer);
 
-// "Image Info": shows them.
+// "Image Info": shows the text.
 void menuImageInfo_Click(ViewerState &viewer);

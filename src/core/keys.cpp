@@ -1,16 +1,15 @@
 #include "core/keys.h"
 
+#include "base/key_codes.h"
 #include "core/commands.h"
 #include "core/folder_navigation.h"
 #include "core/menus.h"
-#include "video/video_mode.h"
+#include "core/video_commands.h"
 
 #include <array>
 #include <span>
 
 namespace {
-
-constexpr int kEscape = 27;
 
 struct CommandKey {
   int code;
@@ -18,19 +17,19 @@ struct CommandKey {
 };
 
 constexpr std::array<CommandKey, 4> kPagingKeys{{
-    {33, openPreviousFile}, // PageUp
-    {34, openNextFile},     // PageDown
-    {36, openFirstFile},    // Home
-    {35, openLastFile},     // End
+    {key_code::kPageUp, openPreviousFile},
+    {key_code::kPageDown, openNextFile},
+    {key_code::kHome, openFirstFile},
+    {key_code::kEnd, openLastFile},
 }};
 
 constexpr std::array<CommandKey, 3> kVideoKeys{{
-    {32, togglePlayback},   // Space
-    {188, showFrameBefore}, // comma
-    {190, showNextFrame},   // period
+    {key_code::kSpace, togglePlayback},
+    {key_code::kComma, showFrameBefore},
+    {key_code::kPeriod, showNextFrame},
 }};
 
-// Runs the command of the key where the table has one.
+// Runs the key's command. Returns false if the table has none.
 bool runKey(ViewerState &viewer, std::span<const CommandKey> table, int code) {
   for (const CommandKey &row : table) {
     if (row.code != code) continue;
@@ -40,7 +39,7 @@ bool runKey(ViewerState &viewer, std::span<const CommandKey> table, int code) {
   return false;
 }
 
-// Whether the key, as it is pressed, is the row's shortcut.
+// Whether the key press is the row's shortcut.
 bool isShortcut(const ViewerState &viewer, const MenuRow &row, KeyPress key) {
   if (row.shortcut.code != key.code || key.alt) return false;
   const ShortcutUse use = row.shortcut.use;
@@ -50,13 +49,14 @@ bool isShortcut(const ViewerState &viewer, const MenuRow &row, KeyPress key) {
 
 } // namespace
 
+// Paging keys first, then Esc, then the keys of an open video, then the shortcuts of the menus.
 bool pressKey(ViewerState &viewer, KeyPress key) {
   if (runKey(viewer, kPagingKeys, key.code)) return true;
-  if (key.code == kEscape && viewer.preferences.Check3 == kTrue) {
+  if (key.code == key_code::kEscape && viewer.preferences.Check3 == kTrue) {
     menuExit_Click(viewer);
     return true;
   }
-  if (videoOpen(viewer) && !key.ctrl && !key.alt && runKey(viewer, kVideoKeys, key.code)) return true;
+  if (viewer.player != nullptr && !key.ctrl && !key.alt && runKey(viewer, kVideoKeys, key.code)) return true;
   for (size_t index = 0; index < kMenuRows.size(); ++index) {
     if (!isShortcut(viewer, kMenuRows[index], key)) continue;
     runMenuRow(viewer, index);

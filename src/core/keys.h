@@ -1,4 +1,4 @@
-// The keyboard of the main window, which sees each key before its controls.
+// Keys of the main window, handled before its controls.
 #pragma once
 
 #include "state/viewer_state.h"
@@ -9,6 +9,5 @@ struct KeyPress {
   bool alt = false;
 };
 
-// Runs what the key stands for, as far as that can be done now. Returns false where it stands for nothing; then it is
-// for the controls.
+// Runs the key's command if it is enabled. False: no command, pass the key to the focused control.
 bool pressKey(ViewerState &viewer, KeyPress key);

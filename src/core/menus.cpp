@@ -1,42 +1,40 @@
 #include "core/menus.h"
 
+#include "base/key_codes.h"
 #include "core/bitmap_export.h"
+#include "core/colour_count.h"
 #include "core/commands.h"
 #include "core/help_text.h"
 #include "core/image_info.h"
 #include "core/open_dialog.h"
-#include "core/colour_count.h"
 #include "core/palette_commands.h"
 
 #include <string_view>
 
 namespace {
 
-constexpr int kF1 = 112;
-constexpr int kF5 = 116;
-
 constexpr Shortcut key(int code) { return {ShortcutUse::kKeyAlone, code}; }
 constexpr Shortcut ctrl(char letter) { return {ShortcutUse::kWithCtrl, letter}; }
 constexpr Shortcut letter(char letter) { return {ShortcutUse::kWithCtrlOrAlone, letter}; }
 
-void showPreferences(ViewerState &viewer) { viewer.platform.showPreferences(viewer.platform.context); }
+void menuPreferences_Click(ViewerState &viewer) { viewer.platform.showPreferences(viewer.platform.context); }
 
 } // namespace
 
 // clang-format off
 constexpr std::array<MenuRow, kMenuRowCount> kMenuRows{{
     {"&File",    "&Open",              &WindowModel::menuOpen,          menuOpen_Click,          letter('O')},
-    {"&File",    "&Reload",            &WindowModel::menuReload,        menuReload_Click,        key(kF5)},
+    {"&File",    "&Reload",            &WindowModel::menuReload,        menuReload_Click,        key(key_code::kF5)},
     {"&File",    "&Close",             &WindowModel::menuClose,         menuClose_Click,         ctrl('W')},
     {"&File",    nullptr,              nullptr,                         nullptr,                 {}},
     {"&File",    "&Save as Bitmap",    &WindowModel::menuSaveBMP,       menuSaveBMP_Click,       letter('S')},
     {"&File",    "Cop&y to Clipboard", &WindowModel::menuCopyClipboard, menuCopyClipboard_Click, letter('C')},
     {"&File",    nullptr,              nullptr,                         nullptr,                 {}},
-    {"&File",    "&Preferences",       &WindowModel::menuPreferences,   showPreferences,         ctrl('E')},
+    {"&File",    "&Preferences",       &WindowModel::menuPreferences,   menuPreferences_Click,   ctrl('E')},
     {"&File",    nullptr,              nullptr,                         nullptr,                 {}},
     {"&File",    "E&xit",              &WindowModel::menuExit,          menuExit_Click,          ctrl('Q')},
     {kViewMenu,  "&Zoom",              &WindowModel::menuZoom,          menuZoom_Click,          letter('Z')},
-    // two blanks, intended
+    // two spaces: intended, scripts find the item by its text
     {kViewMenu,  "1:2 &Aspect  Ratio", &WindowModel::menuDoubleHeight,  menuDoubleHeight_Click,  letter('A')},
     {kViewMenu,  "&Image Info",        &WindowModel::menuImageInfo,     menuImageInfo_Click,     letter('I')},
     {kViewMenu,  "&Count Colors",      &WindowModel::menuCountColors,   menuCountColors_Click,   ctrl('N')},
@@ -45,7 +43,7 @@ constexpr std::array<MenuRow, kMenuRowCount> kMenuRows{{
     {"&Palette", "&Load Palette",      &WindowModel::menuLoadPal,       menuLoadPal_Click,       ctrl('L')},
     {"&Palette", "&Store Palette",     &WindowModel::menuSavePal,       menuSavePal_Click,       letter('T')},
     {"&Palette", "&Restore Palette",   &WindowModel::menuRestPal,       menuRestPal_Click,       letter('R')},
-    {"&Help",    "&Help",              &WindowModel::menuHelp,          menuHelp_Click,          key(kF1)},
+    {"&Help",    "&Help",              &WindowModel::menuHelp,          menuHelp_Click,          key(key_code::kF1)},
     {"&Help",    "&About",             &WindowModel::menuAbout,         menuAbout_Click,         {}},
 }};
 // clang-format on
@@ -53,7 +51,7 @@ constexpr std::array<MenuRow, kMenuRowCount> kMenuRows{{
 std::string shortcutText(const MenuRow &row) {
   const auto [use, code] = row.shortcut;
   if (use == ShortcutUse::kNone) return "";
-  if (use == ShortcutUse::kKeyAlone) return "F" + std::to_string(code - kF1 + 1);
+  if (use == ShortcutUse::kKeyAlone) return "F" + std::to_string(code - key_code::kF1 + 1);
   return std::string("Ctrl+") + static_cast<char>(code);
 }
 
@@ -71,6 +69,6 @@ bool menuRowEnabled(const WindowModel &window, const MenuRow &row) {
 void runMenuRow(ViewerState &viewer, size_t index) {
   if (index >= kMenuRows.size() || !menuRowEnabled(viewer.window, kMenuRows[index])) return;
   const MenuCommand command = kMenuRows[index].command;
-  if (viewer.loadUnderWay && command != menuExit_Click) return;
+  if (viewer.activity == Activity::kLoading && command != menuExit_Click) return;
   command(viewer);
 }

@@ -1,4 +1,4 @@
-// The menus of the main window and the keys of their commands.
+// The menus of the main window and their shortcuts.
 #pragma once
 
 #include "state/viewer_state.h"
@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <string>
 
-// The one menu that is enabled and disabled as a whole, by menuView.
+// The menu that menuView enables as a whole.
 inline constexpr const char *kViewMenu = "&View";
 
 using MenuCommand = void (*)(ViewerState &viewer);
@@ -16,17 +16,17 @@ enum class ShortcutUse {
   kNone,
   kKeyAlone,
   kWithCtrl,
-  kWithCtrlOrAlone, // alone only where the preference for it is ticked
+  kWithCtrlOrAlone, // alone only if the preference is checked
 };
 
 struct Shortcut {
   ShortcutUse use = ShortcutUse::kNone;
-  int code = 0; // virtual-key code; that of a letter is its capital
+  int code = 0; // virtual-key code
 };
 
 struct MenuRow {
   const char *menu;            // caption of the menu that holds the item
-  const char *caption;         // nullptr: a line between groups; "&" stands before the access key
+  const char *caption;         // nullptr: a separator; "&" precedes the access key
   MenuItem WindowModel::*item; // what enables and checks it
   MenuCommand command;
   Shortcut shortcut;
@@ -34,18 +34,17 @@ struct MenuRow {
 
 inline constexpr size_t kMenuRowCount = 21;
 
-// In the order shown. Rows of one menu stand together.
+// In the order shown; the rows of a menu are adjacent.
 extern const std::array<MenuRow, kMenuRowCount> kMenuRows;
 
-// The shortcut as people write it, "Ctrl+O"; empty where the row has none.
+// The shortcut as shown in menus, "Ctrl+O"; empty if the row has none.
 std::string shortcutText(const MenuRow &row);
 
 // A caption without the marks of its access keys.
 std::string plainCaption(const char *caption);
 
-// Whether the user can choose the row now: its item is enabled, and so is the menu that holds it.
+// Whether the row's item and its menu are enabled.
 bool menuRowEnabled(const WindowModel &window, const MenuRow &row);
 
-// Runs the command of the row with that index; an index that is out of range or cannot be chosen now does nothing.
-// While a load is under way only Exit does something.
+// Runs the command of the row. Does nothing if the index is out of range or the row disabled; a load allows only Exit.
 void runMenuRow(ViewerState &viewer, size_t index);

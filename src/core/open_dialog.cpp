@@ -22,7 +22,7 @@ constexpr std::array<FileFilter, kPictureFilterCount> kPictureFilters{{
     {"Screen 7 BLOAD files (*.SC7;*.SR7)",        "*.SC7;*.SR7"},
     {"Screen 8 BLOAD files (*.SC8;*.SR8)",        "*.SC8;*.SR8"},
     {"Screen10 BLOAD files (*.SCA;*.SRA;*.S10)",  "*.SCA;*.SRA;*.S10"},
-    {"Screen11 BLOAD files (*.SCB;*.SRB;*.S12)",  "*.SCB;*.SRB;*.S11"}, // .S12 against .S11: intended
+    {"Screen11 BLOAD files (*.SCB;*.SRB;*.S12)",  "*.SCB;*.SRB;*.S11"}, // .S12: intended, the pattern is right
     {"Screen12 BLOAD files (*.SCC;*.SRC;*.S12)",  "*.SCC;*.SRC;*.S12"},
     {"Screen 5 COPY files (*.GL5)",               "*.GL5"},
     {"Screen 6 COPY files (*.GL6)",               "*.GL6"},
@@ -58,14 +58,18 @@ std::string filterList(std::span<const FileFilter> filters) {
   return list + '\0';
 }
 
-} // namespace
-
-std::string askOpenFileName(const ViewerState &viewer, const std::string &initialDirectory) {
-  const std::string filter = viewer.paletteDialog == kTrue ? filterList(kPaletteFilters) : filterList(kPictureFilters);
-  return viewer.platform.askOpenFileName(viewer.platform.context, filter, initialDirectory);
+// Returns the path of the chosen file; empty if cancelled.
+std::string askFileName(const ViewerState &viewer, std::span<const FileFilter> filters) {
+  return viewer.platform.askOpenFileName(viewer.platform.context, filterList(filters), viewer.folderPath);
 }
 
+} // namespace
+
+std::string askPictureName(const ViewerState &viewer) { return askFileName(viewer, kPictureFilters); }
+
+std::string askPaletteName(const ViewerState &viewer) { return askFileName(viewer, kPaletteFilters); }
+
 void menuOpen_Click(ViewerState &viewer) {
-  const std::string path = askOpenFileName(viewer, viewer.folderPath);
+  const std::string path = askPictureName(viewer);
   if (!path.empty()) openPath(viewer, path);
 }

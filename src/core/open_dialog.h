@@ -1,4 +1,4 @@
-// The open-file dialog: what it offers.
+// The open-file dialog and its filters.
 #pragma once
 
 #include "state/viewer_state.h"
@@ -16,9 +16,9 @@ inline constexpr size_t kPictureFilterCount = 28;
 // Pictures and videos; the kinds are also listed in the help.
 extern const std::array<FileFilter, kPictureFilterCount> kPictureFilters;
 
-// Asks for a palette file where `paletteDialog` is set, for a picture or video otherwise. Returns its path, or an empty
-// text.
-std::string askOpenFileName(const ViewerState &viewer, const std::string &initialDirectory);
+// Ask for a picture or video, or for a palette file. Return its path; empty if cancelled.
+std::string askPictureName(const ViewerState &viewer);
+std::string askPaletteName(const ViewerState &viewer);
 
 // Asks for a picture or video and opens it.
 void menuOpen_Click(ViewerState &viewer);

@@ -1,18 +1,18 @@
-// Commands on the palette of the shown picture. Each does nothing where the picture does not allow it.
+// Commands on the palette of the shown picture. Each does nothing if the picture does not allow it.
 #pragma once
 
 #include "state/viewer_state.h"
 
-// Load Palette: asks for a palette file, takes its first `colourCount` entries and draws the picture anew. A file of
-// less than 32 bytes changes nothing; an entry that is no colour gives the standard colours, without drawing: intended.
-// Layout of an entry: core/palette.h.
+// Load Palette: asks for a palette file, reads its first `colourCount` entries and redraws the picture. A file of less
+// than 32 bytes changes nothing. An invalid entry gives the standard colours without redrawing: intended, the picture
+// keeps its right colours. Layout of an entry: state/palette.h.
 void menuLoadPal_Click(ViewerState &viewer);
 
-// Store Palette: keeps the colours until the next Store, also while other pictures are shown.
+// Store Palette: stores the colours until the next Store, across pictures.
 void menuSavePal_Click(ViewerState &viewer);
 
-// Restore Palette: draws the picture in the stored colours, where it has as many as were stored.
+// Restore Palette: redraws the picture in the stored colours, if their number is the picture's.
 void menuRestPal_Click(ViewerState &viewer);
 
-// View Palette: shows or hides the swatches, a colour each.
+// View Palette: shows or hides the swatches.
 void menuViewPal_Click(ViewerState &viewer);

@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "core/display_geometry.h"
+#include "state/platform_calls.h"
 
 #include <string_view>
 
@@ -17,28 +18,17 @@ namespace {
 const std::string kClass = "Korilan";
 constexpr const char *kClassText = "MSX Graphics File";
 
-// The path is not put in quotes: intended.
+// The path is not quoted: intended, other programs read the key in this form.
 constexpr const char *kCommandArguments = ".exe %1";
 constexpr const char *kIcon = ".exe,0";
 
 constexpr const char *kChecked = "1";
 constexpr const char *kUnchecked = "0";
 
-// .DAT, .CMP and .SRC: names that files of many other programs have too.
-constexpr std::array<size_t, 3> kLeftToOthers = {1, 2, 22};
-
-std::string setting(const ViewerState &viewer, const std::string &key) {
-  return viewer.platform.readSetting(viewer.platform.context, key);
-}
-
-void write(const ViewerState &viewer, const std::string &key, const std::string &value) {
-  viewer.platform.writeSetting(viewer.platform.context, key, value);
-}
-
 // Folder and name of the running program, without ".exe".
 std::string programStem(const ViewerState &viewer) {
   constexpr std::string_view kProgramExtension = ".EXE";
-  std::string path = viewer.platform.programPath(viewer.platform.context);
+  std::string path = programPath(viewer);
   if (upperCased(lastCharacters(path, kProgramExtension.size())) == kProgramExtension) {
     path.resize(path.size() - kProgramExtension.size());
   }
@@ -46,37 +36,39 @@ std::string programStem(const ViewerState &viewer) {
 }
 
 void writeAssociations(const ViewerState &viewer, const Preferences &form) {
-  constexpr size_t kExtensionLetters = 3;
   for (size_t i = 0; i < kAssociationCount; ++i) {
-    const std::string key = "." + std::string(lastCharacters(kAssociatedExtensions[i], kExtensionLetters));
     if (form.Check1[i] == kTrue) {
-      write(viewer, key, kClass);
+      writeSetting(viewer, kAssociations[i].extension, kClass);
     } else {
-      viewer.platform.deleteSetting(viewer.platform.context, key);
+      deleteSetting(viewer, kAssociations[i].extension);
     }
   }
 }
 
-// Without the associations, which are many keys and of no concern to the window.
+// Without the associations, which take many reads and do not affect the window.
 Preferences storedGeneralPreferences(const ViewerState &viewer) {
   Preferences form;
   for (const GeneralPreference &row : kGeneralPreferences) {
-    form.*row.box = toFlag(setting(viewer, kClass + "\\" + row.key) == kChecked);
+    form.*row.box = toFlag(readSetting(viewer, kClass + "\\" + row.key) == kChecked);
   }
   return form;
 }
 
-// The preferences act at once.
-void takeOver(ViewerState &viewer, const Preferences &form) {
+// Applies the preferences at once.
+void apply(ViewerState &viewer, const Preferences &form) {
   viewer.preferences = form;
   viewer.window.alwaysCentred = form.Check2 == kTrue;
 }
 
 } // namespace
 
-constexpr std::array<const char *, kAssociationCount> kAssociatedExtensions{
-    ".GE5", ".DAT", ".CMP", ".SC2", ".SR2", ".SC4", ".SR4", ".SC5", ".SR5", ".SC6", ".SR6", ".SC7", ".SR7",
-    ".SC8", ".SR8", ".SCA", ".SRA", ".S10", ".SCB", ".SRB", ".S11", ".SCC", ".SRC", ".S12", ".G9B"};
+// clang-format off
+constexpr std::array<Association, kAssociationCount> kAssociations{{
+    {".GE5"}, {".DAT", true}, {".CMP", true}, {".SC2"}, {".SR2"}, {".SC4"}, {".SR4"}, {".SC5"}, {".SR5"},
+    {".SC6"}, {".SR6"}, {".SC7"}, {".SR7"}, {".SC8"}, {".SR8"}, {".SCA"}, {".SRA"}, {".S10"},
+    {".SCB"}, {".SRB"}, {".S11"}, {".SCC"}, {".SRC", true}, {".S12"}, {".G9B"},
+}};
+// clang-format on
 
 constexpr std::array<GeneralPreference, kGeneralPreferenceCount> kGeneralPreferences{{
     {"&Always center window", "AutoCenter", &Preferences::Check2},
@@ -88,34 +80,33 @@ constexpr std::array<GeneralPreference, kGeneralPreferenceCount> kGeneralPrefere
 Preferences storedPreferences(const ViewerState &viewer) {
   Preferences form = storedGeneralPreferences(viewer);
   for (size_t i = 0; i < kAssociationCount; ++i) {
-    form.Check1[i] = toFlag(setting(viewer, kAssociatedExtensions[i]) == kClass);
+    form.Check1[i] = toFlag(readSetting(viewer, kAssociations[i].extension) == kClass);
   }
   return form;
 }
 
-void loadPreferences(ViewerState &viewer) { takeOver(viewer, storedGeneralPreferences(viewer)); }
+void loadPreferences(ViewerState &viewer) { apply(viewer, storedGeneralPreferences(viewer)); }
 
 void checkAllAssociations(Preferences &form) { form.Check1.fill(kTrue); }
 
 void uncheckAllAssociations(Preferences &form) { form.Check1.fill(kFalse); }
 
 void defaultAssociations(Preferences &form) {
-  checkAllAssociations(form);
-  for (const size_t index : kLeftToOthers) form.Check1[index] = kFalse;
+  for (size_t i = 0; i < kAssociationCount; ++i) form.Check1[i] = toFlag(!kAssociations[i].usedByOthers);
 }
 
 void menuSavePreferences_Click(ViewerState &viewer, const Preferences &form) {
   const std::string program = programStem(viewer);
-  write(viewer, kClass, kClassText);
-  write(viewer, kClass + "\\shell\\open\\command", program + kCommandArguments);
-  write(viewer, kClass + "\\DefaultIcon", program + kIcon);
+  writeSetting(viewer, kClass, kClassText);
+  writeSetting(viewer, kClass + "\\shell\\open\\command", program + kCommandArguments);
+  writeSetting(viewer, kClass + "\\DefaultIcon", program + kIcon);
   for (const GeneralPreference &row : kGeneralPreferences) {
-    write(viewer, kClass + "\\" + row.key, form.*row.box == kTrue ? kChecked : kUnchecked);
+    writeSetting(viewer, kClass + "\\" + row.key, form.*row.box == kTrue ? kChecked : kUnchecked);
   }
-  viewer.platform.notifyAssociations(viewer.platform.context);
+  notifyAssociations(viewer);
   writeAssociations(viewer, form);
-  viewer.platform.notifyAssociations(viewer.platform.context);
+  notifyAssociations(viewer);
 
-  takeOver(viewer, form);
+  apply(viewer, form);
   ApplyDisplayGeometry(viewer);
 }

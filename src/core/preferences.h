@@ -4,13 +4,17 @@
 #include "state/viewer_state.h"
 
 #include <array>
-#include <string>
 
-// In the order of the check boxes, each with its dot.
-extern const std::array<const char *, kAssociationCount> kAssociatedExtensions;
+struct Association {
+  const char *extension;     // with its dot
+  bool usedByOthers = false; // other programs use the extension too
+};
+
+// In the order of the check boxes.
+extern const std::array<Association, kAssociationCount> kAssociations;
 
 struct GeneralPreference {
-  const char *caption; // of the check box; "&" stands before the access key
+  const char *caption; // of the check box; "&" precedes the access key
   const char *key;     // of the setting
   Flag16 Preferences::*box;
 };
@@ -20,18 +24,17 @@ inline constexpr size_t kGeneralPreferenceCount = 4;
 // In the order of the dialog.
 extern const std::array<GeneralPreference, kGeneralPreferenceCount> kGeneralPreferences;
 
-// What the dialog starts from: each box as the settings have it.
+// The stored state of each check box of the dialog.
 Preferences storedPreferences(const ViewerState &viewer);
 
-// Takes over the four general preferences as the settings have them.
+// Applies the four stored general preferences.
 void loadPreferences(ViewerState &viewer);
 
-// "Check All", "UnCheck All" and "Default" of the associations; by default the extensions that other programs use too
-// are left alone.
+// "Check All", "UnCheck All" and "Default" of the associations; Default leaves out extensions that other programs use.
 void checkAllAssociations(Preferences &form);
 void uncheckAllAssociations(Preferences &form);
 void defaultAssociations(Preferences &form);
 
-// Writes the form to the settings and makes it the viewer's preferences at once. The key of each extension that is not
-// checked is deleted, whatever program it belonged to: intended.
+// Writes the form to the settings and applies it. Deletes the key of each unchecked extension, even another program's:
+// intended, "unchecked" means "opened by no program".
 void menuSavePreferences_Click(ViewerState &viewer, const Preferences &form);

@@ -1,11 +1,12 @@
 #include "formats/dd_graph.h"
 
-#include "core/dispatch.h"
-#include "core/load_pipeline.h"
-#include "state/palette.h"
 #include "pixels/cmp_depacker.h"
 #include "screens/bload_loaders.h"
 #include "screens/copy_loaders.h"
+#include "state/labels.h"
+#include "state/palette.h"
+#include "state/platform_calls.h"
+#include "state/video_memory.h"
 
 #include <algorithm>
 #include <memory>
@@ -13,18 +14,17 @@
 namespace {
 
 // Always a whole page with its palette.
-constexpr BloadSettings kScreen = {.endLowest = 0x769F,
-                                   .endHighest = 0x769F,
+constexpr BloadSettings kScreen = {.minEnd = 0x769F,
+                                   .maxEnd = 0x769F,
                                    .bitsPerPixel = 4,
                                    .colourMode = 0,
                                    .imageWidth = 256,
                                    .imageHeight = 212,
                                    .colourCount = 16,
                                    .palette = BloadPalette::kInFile,
-                                   .paletteAddress = 0x7680,
-                                   .packedExtension = {}};
+                                   .paletteAddress = 0x7680};
 
-constexpr CopySettings kRectangle = {.mostWidth = 256,
+constexpr CopySettings kRectangle = {.maxWidth = 256,
                                      .bitsPerPixel = 4,
                                      .colourMode = 0,
                                      .colourCount = 16,
@@ -33,47 +33,40 @@ constexpr CopySettings kRectangle = {.mostWidth = 256,
                                      .keepsVram = false,
                                      .refused = false};
 
-// A compressed picture begins with the bytes of a line, the number of lines, and the number of lines without a
-// difference to the line above.
+// A compressed picture begins with bytes per line, number of lines, and number of direct lines.
 constexpr int32_t kBytesPerLinePos = 1;
 constexpr int32_t kLinesPos = 2;
-constexpr uint8_t kMostBytesPerLine = 128;
-constexpr uint8_t kMostLines = 212;
+constexpr uint8_t kMaxBytesPerLine = 128;
+constexpr uint8_t kMaxLines = 212;
 
 } // namespace
 
-void loadDdGraphScreen(ViewerState &viewer) { loadBload(viewer, kScreen); }
+bool loadDdGraphScreen(ViewerState &viewer) { return loadBload(viewer, kScreen); }
 
-void loadDdGraphRectangle(ViewerState &viewer) { loadCopy(viewer, kRectangle); }
+bool loadDdGraphRectangle(ViewerState &viewer) { return loadCopy(viewer, kRectangle); }
 
-void loadDdGraphCompressed(ViewerState &viewer) {
-  if (!openFileForReading(viewer)) return;
+bool loadDdGraphCompressed(ViewerState &viewer) {
   const uint8_t bytesPerLine = readByte(viewer.inputFile, kBytesPerLinePos);
   const uint8_t lines = readByte(viewer.inputFile, kLinesPos);
-  if (bytesPerLine > kMostBytesPerLine || lines > kMostLines) {
-    reportNotValid(viewer);
-    return;
-  }
-  viewer.bitsPerPixel = 4;
-  viewer.colourCount = 16;
-  viewer.colourMode = 0;
-  viewer.hasPalette = kTrue;
-  viewer.imageWidth = 2 * bytesPerLine;
-  viewer.imageHeight = lines;
-  viewer.isPacked = kTrue;
+  if (bytesPerLine > kMaxBytesPerLine || lines > kMaxLines) return reportNotValid(viewer);
+  describePicture(viewer, {.bitsPerPixel = 4,
+                           .colourCount = 16,
+                           .hasPalette = kTrue,
+                           .isPacked = kTrue,
+                           .imageWidth = 2 * bytesPerLine,
+                           .imageHeight = lines});
   setDefaultPalette(viewer);
   showPictureInfo(viewer);
   clearVram(viewer);
   loadPackedData(viewer, 1);
 
-  const auto depacker = std::make_unique_for_overwrite<CmpDepacker>();
+  const std::unique_ptr<CmpDepacker> depacker(new CmpDepacker);
   startCmpDepacker(*depacker, viewer.packedData);
   for (bool more = true; more;) {
     more = depackCmpLine(*depacker);
-    // One pass stands for those of the line's bytes too: a line takes less than a microsecond.
-    viewer.platform.runPendingEvents(viewer.platform.context);
+    runPendingEvents(viewer); // once per line: a line takes under a microsecond
   }
-  std::copy(depacker->memory.begin() + kCmpOutput, depacker->memory.end(), viewer.vram.begin());
-  viewer.vram.use(kCmpMemoryBytes - kCmpOutput);
-  renderAndShow(viewer);
+  const std::span<const uint8_t> picture = std::span(depacker->memory).subspan(kCmpOutput);
+  std::copy(picture.begin(), picture.end(), viewer.vram.written(picture.size()).begin());
+  return true;
 }

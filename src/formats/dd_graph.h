@@ -1,8 +1,8 @@
-// Pictures of the paint program DD-Graph.
+// Pictures of the paint program DD-Graph. The loaders answer as FileKind::load.
 #pragma once
 
 #include "state/viewer_state.h"
 
-void loadDdGraphScreen(ViewerState &viewer);     // .GE5
-void loadDdGraphRectangle(ViewerState &viewer);  // .DAT
-void loadDdGraphCompressed(ViewerState &viewer); // .CMP
+bool loadDdGraphScreen(ViewerState &viewer);     // .GE5
+bool loadDdGraphRectangle(ViewerState &viewer);  // .DAT
+bool loadDdGraphCompressed(ViewerState &viewer); // .CMP

@@ -3,14 +3,9 @@
 
 #include "state/viewer_state.h"
 
-#include <cstdint>
-#include <span>
+// Answers as FileKind::load.
+bool loadPublisherPage(ViewerState &viewer);
 
-void loadPublisherPage(ViewerState &viewer);
-
-// Draws a page of `vram` into the first 512 x 704 words of `frameBits`, whatever the picture's size (intended); words
-// beyond the end of `frameBits` are dropped. A set bit is black.
+// Draws a page of `vram` into the first 512 x 704 words of `frameBits`, at any picture size: intended, all pages have
+// that size. Pixels beyond the end of `frameBits` are dropped, words behind the page are black. A set bit is black.
 void renderPublisherPage(ViewerState &viewer);
-
-// Unpacks a page. Stops at the end of either buffer; returns how many bytes were written.
-size_t depackPublisherPage(std::span<const uint8_t> packed, std::span<uint8_t> unpacked);

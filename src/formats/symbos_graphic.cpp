@@ -1,22 +1,22 @@
 #include "formats/symbos_graphic.h"
 
-#include "core/dispatch.h"
-#include "core/load_pipeline.h"
-#include "state/palette.h"
+#include "pixels/pixel_kernels.h"
 #include "pixels/symbos_bits.h"
+#include "state/labels.h"
+#include "state/palette.h"
+#include "state/video_memory.h"
 
 #include <algorithm>
 #include <array>
 #include <limits>
 
-// A file is a list of records, each a header and a tile's pixels. A control of 0 ends the file, 255 starts a new row of
-// tiles, another value is a tile. The variant shows in the first two bytes of the file, which belong to the first
-// record:
-//   0 to 63   4 colours   3-byte records  pixel bits in the order of another computer, sorted after loading
-//   64 0      4 colours   3-byte records
-//   64 5      16 colours  8-byte records
-// 3 bytes: control and bytes per line in one, width in pixels, height in lines.
-// 8 bytes: control, 1 byte not used, then words: bytes per line, width in pixels, height in lines (signed).
+// A file is a list of records, each a header and a tile's pixels. Control 0 ends the file, 255 starts a new row of
+// tiles, any other value is a tile. The first two bytes of the first record are the variant:
+//   0 to 63   4 colours   3-byte headers  pixel bits in the order of another computer, reordered after loading
+//   64 0      4 colours   3-byte headers
+//   64 5      16 colours  8-byte headers
+// 3 bytes: control = bytes per line, width in pixels, height in lines.
+// 8 bytes: control, 1 unused, then words: bytes per line, width in pixels, height in lines (signed).
 
 namespace {
 
@@ -62,8 +62,8 @@ SymbosRecord readRecord(const InputFile &file, int64_t position, const SymbosVar
   return {.control = bytes[0], .bytesPerLine = word(2), .width = word(4), .height = static_cast<int16_t>(word(6))};
 }
 
-// A place that lies outside every picture is as good as any other such place.
-int32_t heldIn32Bits(int64_t place) {
+// Saturates: beyond 32 bits every position is off the picture.
+int32_t clampTo32Bits(int64_t place) {
   return static_cast<int32_t>(
       std::clamp<int64_t>(place, std::numeric_limits<int32_t>::min(), std::numeric_limits<int32_t>::max()));
 }
@@ -73,23 +73,25 @@ struct SymbosSize {
   int64_t height = 0;
 };
 
-// Goes through the records and calls `takeTile` with each tile's record, the position of its pixels and its place.
+// Calls `takeTile` with each tile's record, the position of its pixels, x and y. Returns the size of the graphic.
 // The end of the file counts as an end record.
 template <typename TakeTile>
 SymbosSize walkRecords(const InputFile &file, const SymbosVariant &variant, TakeTile &&takeTile) {
   SymbosSize size;
   int64_t x = 0;
   int64_t y = 0;
-  // No file that the machine can hold is longer than its memory; the bound keeps an endless list of rows from hanging.
+  // Bounds the loop: a huge file of empty rows would hang the viewer, and real ones are shorter than the memory.
   const int64_t end = std::min<int64_t>(inputFileLength(file), static_cast<int64_t>(2 * kVideoMemoryBytes));
   const auto headerBytes = static_cast<int64_t>(variant.headerBytes);
   for (int64_t position = 1; position + headerBytes - 1 <= end;) {
     const SymbosRecord record = readRecord(file, position, variant);
     position += headerBytes;
-    if (x == 0) size.height += record.height; // before the control is looked at, so end records count too: intended
+    if (x == 0) size.height += record.height; // an end record counts too: intended, existing files rely on it
     if (record.control == kEndControl) break;
     if (record.control == kNewRowControl) {
-      y += size.height; // all rows so far, not only the last: from the third row on tiles stand too low. Intended.
+      // The height of all rows so far, so tiles from the third row on lie too low: intended, existing graphics of more
+      // than two rows are laid out for it.
+      y += size.height;
       x = 0;
       size.width = 0;
       continue;
@@ -102,11 +104,7 @@ SymbosSize walkRecords(const InputFile &file, const SymbosVariant &variant, Take
   return size;
 }
 
-SymbosSize measure(const InputFile &file, const SymbosVariant &variant) {
-  return walkRecords(file, variant, [](const SymbosRecord &, int64_t, int64_t, int64_t) {});
-}
-
-// Fills the tile table and `vram`; pixels for which `vram` has no room are dropped.
+// Fills the tile table and `vram`; pixels beyond the end of `vram` are dropped.
 void readTiles(ViewerState &viewer, const SymbosVariant &variant) {
   int64_t tileCount = 0;
   size_t filled = 0;
@@ -114,50 +112,65 @@ void readTiles(ViewerState &viewer, const SymbosVariant &variant) {
   walkRecords(viewer.inputFile, variant, [&](const SymbosRecord &record, int64_t position, int64_t x, int64_t y) {
     viewer.symbosTiles[static_cast<size_t>(tileCount) % viewer.symbosTiles.size()] = {
         .bytesPerLine = static_cast<uint8_t>(record.bytesPerLine),
-        .width = static_cast<uint8_t>(record.width),
         .height = record.height,
-        .x = heldIn32Bits(x),
-        .y = heldIn32Bits(y)};
+        .x = clampTo32Bits(x),
+        .y = clampTo32Bits(y)};
     ++tileCount;
     const int64_t tileBytes = std::max<int64_t>(0, int64_t{record.bytesPerLine} * record.height);
     const auto room = static_cast<int64_t>(viewer.vram.size() - filled);
     const auto taken = static_cast<size_t>(std::min(tileBytes, room));
-    readBytes(viewer.inputFile, position, std::span(viewer.vram).subspan(filled, taken));
+    readBytes(viewer.inputFile, position, viewer.vram.written(filled + taken).subspan(filled));
     filled += taken;
-    viewer.vram.use(filled);
   });
-  // Counted in a byte, less one.
+  // The count minus one is a byte.
   constexpr int64_t kCountRange = 256;
   viewer.symbosTileCount = tileCount == 0 ? 0 : static_cast<int32_t>((tileCount - 1) % kCountRange + 1);
 }
 
-void reportNotSymbos(ViewerState &viewer) { viewer.window.Label4 = "*** Error: Not a valid SGX file!"; }
+bool reportNotSymbos(ViewerState &viewer) { return reportError(viewer, "*** Error: Not a valid SGX file!"); }
+
+template <size_t kPixels> void drawTiles(ViewerState &viewer) {
+  const auto frameSize = static_cast<int64_t>(viewer.frameBits.size());
+  auto source = static_cast<size_t>(viewer.vramPos);
+  for (int32_t i = 0; i < viewer.symbosTileCount; ++i) {
+    const SymbosTile &tile = viewer.symbosTiles[static_cast<size_t>(i)];
+    for (int64_t row = 0; row < tile.height; ++row, source += tile.bytesPerLine) {
+      if (tile.bytesPerLine > viewer.vram.size() - source) return;
+      int64_t target = (tile.y + row) * viewer.imageWidth + tile.x;
+      for (size_t pixel = 0; pixel < tile.bytesPerLine * kPixels; ++pixel, ++target) {
+        const size_t entry = entryOf<kPixels>(viewer.vram[source + pixel / kPixels], pixel % kPixels);
+        if (target >= 0 && target < frameSize) viewer.frameBits[static_cast<size_t>(target)] = viewer.palette[entry];
+      }
+    }
+  }
+  viewer.vramPos = static_cast<int32_t>(source);
+}
 
 } // namespace
 
-void loadSymbosGraphic(ViewerState &viewer) {
-  if (!openFileForReading(viewer)) return;
+bool loadSymbosGraphic(ViewerState &viewer) {
   const SymbosVariant *variant = findVariant(viewer.inputFile);
-  if (variant == nullptr) {
-    reportNotSymbos(viewer);
-    return;
-  }
-  const SymbosSize size = measure(viewer.inputFile, *variant);
-  if (!pictureFits(size.width, size.height)) {
-    reportNotSymbos(viewer);
-    return;
-  }
+  if (variant == nullptr) return reportNotSymbos(viewer);
+  const auto onlyMeasure = [](const SymbosRecord &, int64_t, int64_t, int64_t) {};
+  const SymbosSize size = walkRecords(viewer.inputFile, *variant, onlyMeasure);
+  if (!pictureFits(size.width, size.height)) return reportNotSymbos(viewer);
   viewer.window.Label4 = "Loading...";
   readTiles(viewer, *variant);
-  viewer.bitsPerPixel = variant->bitsPerPixel;
-  viewer.colourCount = variant->colourCount;
-  viewer.colourMode = 0;
-  viewer.isPacked = kFalse;
-  viewer.hasPalette = kTrue;
-  setSymbosPalette(viewer);
-  viewer.imageWidth = heldIn32Bits(size.width);
-  viewer.imageHeight = heldIn32Bits(size.height);
-  if (variant->foreignBitOrder) pairPictureBits(viewer.vram, viewer.imageWidth, viewer.imageHeight);
+  describePicture(viewer, {.bitsPerPixel = variant->bitsPerPixel,
+                           .colourCount = variant->colourCount,
+                           .hasPalette = kTrue,
+                           .imageWidth = clampTo32Bits(size.width),
+                           .imageHeight = clampTo32Bits(size.height)});
+  std::copy(kSymbosPalette.begin(), kSymbosPalette.end(), viewer.palette.begin());
+  if (variant->foreignBitOrder) {
+    pairPictureBits(viewer.vram.written(viewer.vram.size()), viewer.imageWidth, viewer.imageHeight);
+  }
   showPictureInfo(viewer);
-  renderAndShow(viewer);
+  return true;
+}
+
+void renderSymbosTiles(ViewerState &viewer) {
+  blacken(viewer);
+  if (viewer.imageWidth < 0 || viewer.imageHeight < 0) return;
+  viewer.bitsPerPixel == 2 ? drawTiles<4>(viewer) : drawTiles<2>(viewer);
 }

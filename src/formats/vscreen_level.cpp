@@ -1,11 +1,12 @@
 #include "formats/vscreen_level.h"
 
-#include "core/dispatch.h"
-#include "core/load_pipeline.h"
-#include "state/palette.h"
+#include "base/paths.h"
 #include "base/text.h"
 #include "screens/bload_loaders.h"
 #include "screens/pattern_screen.h"
+#include "state/labels.h"
+#include "state/palette.h"
+#include "state/video_memory.h"
 
 #include <algorithm>
 #include <array>
@@ -19,6 +20,7 @@
 
 namespace {
 
+constexpr int64_t kTileSetBytes = 4128;
 constexpr int32_t kTileSetWidth = 256;
 constexpr int32_t kTileSetHeight = 64;
 constexpr int32_t kTilesPos = 33;
@@ -29,24 +31,23 @@ constexpr int32_t kSpriteSetWidth = 256;
 constexpr int32_t kSpriteSetHeight = 48;
 constexpr int64_t kSpriteSetBytes = 2944;
 using SpriteColours = std::array<uint8_t, 1472>;
-constexpr size_t kSpriteColours = 3072; // where the colours go in `vram`; the two cells in between stay empty
+constexpr size_t kSpriteColours = 3072; // address of the colours in `vram`; the two cells before it stay empty
 constexpr size_t kSpriteCells = 48;
 constexpr size_t kSpriteSize = 16;
 constexpr size_t kSpriteBytes = 64;
 constexpr size_t kLayerBytes = 32;
 
-constexpr BloadSettings kBorder = {.endLowest = 0x1400,
-                                   .endHighest = 0x1400,
+constexpr BloadSettings kBorder = {.minEnd = 0x1400,
+                                   .maxEnd = 0x1400,
                                    .bitsPerPixel = 4,
-                                   .colourMode = kKeptMode,
+                                   .colourMode = kKept,
                                    .imageWidth = 256,
                                    .imageHeight = 40,
                                    .colourCount = 16,
                                    .palette = BloadPalette::kStandard,
-                                   .paletteAddress = 0,
-                                   .packedExtension = {}};
+                                   .paletteAddress = 0};
 
-// Opens the colour file of the current sprite set: its name with "tcs", or where names tell case apart any case of it.
+// Opens the colour file of the sprite set: its name with "tcs", in any case.
 bool openSpriteColours(const ViewerState &viewer, InputFile &file) {
   const FileOps &files = *viewer.platform.files;
   const std::string path = withLastLetters(viewer.filePath, "tcs");
@@ -68,56 +69,47 @@ bool readSpriteColours(const ViewerState &viewer, SpriteColours &colours) {
 
 } // namespace
 
-void loadTileSet(ViewerState &viewer) {
-  viewer.typeDescription = "VSCREEN TileSet file";
-  viewer.bitsPerPixel = 1;
-  viewer.colourMode = 0;
-  viewer.colourCount = 16;
-  viewer.imageWidth = kTileSetWidth;
-  viewer.imageHeight = kTileSetHeight;
-  viewer.isPacked = kFalse;
-  viewer.hasPalette = kTrue;
-  viewer.spriteMode = kTrue;
+bool holdsTileSet(const ViewerState &viewer) {
+  return inputFileLength(viewer.inputFile) == kTileSetBytes && !isPlainBload(viewer);
+}
+
+bool loadTileSet(ViewerState &viewer) {
+  describePicture(viewer, {.bitsPerPixel = 1,
+                           .colourCount = 16,
+                           .hasPalette = kTrue,
+                           .spriteMode = kTrue,
+                           .imageWidth = kTileSetWidth,
+                           .imageHeight = kTileSetHeight});
   viewer.paletteFilePos = 1;
   readFilePalette(viewer);
   showPictureInfo(viewer);
   loadVram(viewer, kTilesPos);
-  renderAndShow(viewer);
+  return true;
 }
 
-void loadBorder(ViewerState &viewer) { loadBload(viewer, kBorder); }
+bool loadBorder(ViewerState &viewer) { return loadBload(viewer, kBorder); }
 
-void loadSpriteSet(ViewerState &viewer) {
-  if (!openFileForReading(viewer)) return;
-  if (inputFileLength(viewer.inputFile) != kSpriteSetBytes) {
-    reportNotValid(viewer);
-    return;
-  }
+bool loadSpriteSet(ViewerState &viewer) {
+  if (inputFileLength(viewer.inputFile) != kSpriteSetBytes) return reportNotValid(viewer);
   SpriteColours colours{};
-  if (!readSpriteColours(viewer, colours)) {
-    viewer.window.Label4 = "*** Error: Could not find corresponding .TCS file!";
-    return;
-  }
-  viewer.bitsPerPixel = 3;
-  viewer.colourCount = 16;
-  viewer.imageWidth = kSpriteSetWidth;
-  viewer.imageHeight = kSpriteSetHeight;
-  viewer.isPacked = kFalse;
-  viewer.hasPalette = kTrue;
+  if (!readSpriteColours(viewer, colours))
+    return reportError(viewer, "*** Error: Could not find corresponding .TCS file!");
+  describePicture(viewer, {.bitsPerPixel = 3,
+                           .colourMode = kKept,
+                           .colourCount = 16,
+                           .hasPalette = kTrue,
+                           .imageWidth = kSpriteSetWidth,
+                           .imageHeight = kSpriteSetHeight});
   setDefaultPalette(viewer);
   showPictureInfo(viewer);
   loadVram(viewer, 1);
-  std::copy(colours.begin(), colours.end(), viewer.vram.begin() + kSpriteColours);
-  viewer.vram.use(kSpriteColours + colours.size());
-  renderAndShow(viewer);
-}
-
-bool tileSetFills(const ViewerState &viewer) {
-  return viewer.frameWidth == kTileSetWidth && viewer.frameHeight == kTileSetHeight;
+  const auto target = viewer.vram.written(kSpriteColours + colours.size()).subspan(kSpriteColours);
+  std::copy(colours.begin(), colours.end(), target.begin());
+  return true;
 }
 
 void renderTileSet(ViewerState &viewer) {
-  if (!tileSetFills(viewer)) return;
+  if (viewer.frameWidth != kTileSetWidth || viewer.frameHeight != kTileSetHeight) return blacken(viewer);
   for (size_t row = 0; row < kTiles / kCellsPerRow; ++row) {
     std::array<size_t, kCellsPerRow> tiles;
     std::iota(tiles.begin(), tiles.end(), row * kCellsPerRow);
@@ -126,7 +118,7 @@ void renderTileSet(ViewerState &viewer) {
 }
 
 void renderSpriteSet(ViewerState &viewer) {
-  if (viewer.frameWidth != kSpriteSetWidth || viewer.frameHeight != kSpriteSetHeight) return;
+  if (viewer.frameWidth != kSpriteSetWidth || viewer.frameHeight != kSpriteSetHeight) return blacken(viewer);
   const uint8_t *vram = viewer.vram.data();
   for (size_t cell = 0; cell < kSpriteCells; ++cell) {
     const size_t column = cell * kSpriteSize % kSpriteSetWidth;
@@ -141,7 +133,7 @@ void renderSpriteSet(ViewerState &viewer) {
         const size_t shift = kSpriteSize - 1 - x;
         const int firstColour = (first >> shift & 1) != 0 ? colours[0] & 0x0F : 0;
         const int secondColour = (second >> shift & 1) != 0 ? colours[16] & 0x0F : 0;
-        // Where both layers have a pixel the video processor shows the two colour numbers combined.
+        // The V9938 ORs the colour numbers of the two layers.
         target[x] = viewer.palette[static_cast<size_t>(firstColour | secondColour)];
       }
     }

@@ -7,7 +7,7 @@ namespace {
 
 HeadlessPlatform &platformOf(void *context) { return *static_cast<HeadlessPlatform *>(context); }
 
-// Depackers make hundreds of event passes, videos show as many frames: one line stands for all in a row.
+// Logs equal consecutive lines once: a load makes hundreds of event passes, a video shows hundreds of frames.
 void logOnce(HeadlessPlatform &headless, std::string_view line) {
   if (!headless.keepsLog) return;
   if (headless.log.empty() || headless.log.back() != line) headless.log.emplace_back(line);
@@ -20,7 +20,6 @@ void log(void *context, std::string line) {
 
 void runPendingEvents(void *context) {
   HeadlessPlatform &headless = platformOf(context);
-  if (!headless.keepsLog && headless.events.empty()) return;
   logOnce(headless, "runPendingEvents");
   if (headless.events.empty()) return;
   const HeadlessEvent event = std::move(headless.events.front());
@@ -30,16 +29,14 @@ void runPendingEvents(void *context) {
 
 uint32_t tickCount(void *context) { return platformOf(context).ticks; }
 
-// An event that waits arrives after a millisecond.
+// A pending event arrives after a millisecond.
 void waitForEvents(void *context, uint32_t milliseconds) {
   HeadlessPlatform &headless = platformOf(context);
   headless.ticks += headless.events.empty() ? milliseconds : 1;
 }
 
 void presentPicture(void *context, std::span<const uint32_t>, int32_t width, int32_t height) {
-  HeadlessPlatform &headless = platformOf(context);
-  if (!headless.keepsLog) return;
-  logOnce(headless, "presentPicture " + std::to_string(width) + "x" + std::to_string(height));
+  logOnce(platformOf(context), "presentPicture " + std::to_string(width) + "x" + std::to_string(height));
 }
 
 bool copyToClipboard(void *context, std::span<const uint8_t> bitmap, std::span<const uint8_t> bitmapV5) {
@@ -65,7 +62,6 @@ void showMessage(void *context, const std::string &title, const std::string &tex
                      : icon == MessageIcon::kWarning   ? "showMessage (!) "
                                                        : "showMessage ";
   log(context, kind + title + ": " + text);
-  platformOf(context).lastMessage = text;
 }
 
 void showText(void *context, const std::string &title, const std::string &text) {

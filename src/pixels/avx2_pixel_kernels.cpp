@@ -1,21 +1,19 @@
-#include "base/processor.h"
 #include "pixels/pixel_kernels.h"
 
 #include <algorithm>
 #include <array>
 
-// 32 pixels at a time: each channel is made as 32 bytes, and the bytes are then interleaved to words. A shuffle of
-// bytes looks up 16 entries at once.
+// 32 pixels at a time: each channel is computed as 32 bytes, then interleaved to words. A byte shuffle is a look-up.
 //
-// Interleaving works in each half of a register by itself. So that words come out in their order, blocks are kept by
-// fours: pixels 0-3, 8-11, 16-19 and 24-27 in the low half, 4-7, 12-15, 20-23 and 28-31 in the high half.
+// Interleaving works within each half of a register. For words in pixel order, channels are kept "by fours": pixels
+// 0-3, 8-11, 16-19 and 24-27 in the low half, 4-7, 12-15, 20-23 and 28-31 in the high half.
 
 #ifdef __x86_64__
 
 #include <immintrin.h>
 
-// Compiled for AVX2 whatever the rest of the program is compiled for.
-#define KORILAN_WIDE __attribute__((target("avx2")))
+// Compiled for AVX2 regardless of the program's target.
+#define KORILAN_AVX2 __attribute__((target("avx2")))
 
 namespace {
 
@@ -26,18 +24,18 @@ struct Channels {
   __m256i blue;
   __m256i green;
   __m256i red;
-  __m256i top; // zero but for words that mark palette entries
+  __m256i top; // zero, except in words that mark palette entries
 };
 
-KORILAN_WIDE inline __m256i bytesOf(int value) { return _mm256_set1_epi8(static_cast<char>(value)); }
+KORILAN_AVX2 inline __m256i bytesOf(int value) { return _mm256_set1_epi8(static_cast<char>(value)); }
 
-// Three bytes of each of 16 words, twice, and the highest one that all have.
+// The channels of 16 words, in both halves, and their common top byte.
 struct PaletteChannels {
   Channels tables;
 
-  KORILAN_WIDE explicit PaletteChannels(const uint32_t *palette) {
+  KORILAN_AVX2 explicit PaletteChannels(const uint32_t *palette) {
     const __m128i byChannel = _mm_setr_epi8(0, 4, 8, 12, 1, 5, 9, 13, 2, 6, 10, 14, 3, 7, 11, 15);
-    const auto fourWords = [&](size_t first) KORILAN_WIDE {
+    const auto fourWords = [&](size_t first) KORILAN_AVX2 {
       return _mm_shuffle_epi8(_mm_loadu_si128(reinterpret_cast<const __m128i *>(palette + first)), byChannel);
     };
     const __m128i blueGreen0 = _mm_unpacklo_epi32(fourWords(0), fourWords(4));
@@ -52,24 +50,24 @@ struct PaletteChannels {
 };
 
 // 32 bytes, by fours.
-KORILAN_WIDE inline __m256i load(const uint8_t *source) {
+KORILAN_AVX2 inline __m256i load(const uint8_t *source) {
   const __m256i bytes = _mm256_loadu_si256(reinterpret_cast<const __m256i *>(source));
   return _mm256_permutevar8x32_epi32(bytes, _mm256_setr_epi32(0, 2, 4, 6, 1, 3, 5, 7));
 }
 
-// Bits shifted right within each byte, and only those of `mask` kept.
-template <int kShift> KORILAN_WIDE inline __m256i field(__m256i bytes, int mask) {
+// Shifts each byte right and masks it.
+template <int kShift> KORILAN_AVX2 inline __m256i field(__m256i bytes, int mask) {
   return _mm256_and_si256(_mm256_srli_epi16(bytes, kShift), bytesOf(mask));
 }
 
-KORILAN_WIDE inline Channels lookUp(const PaletteChannels &palette, __m256i entries) {
+KORILAN_AVX2 inline Channels lookUp(const PaletteChannels &palette, __m256i entries) {
   return {.blue = _mm256_shuffle_epi8(palette.tables.blue, entries),
           .green = _mm256_shuffle_epi8(palette.tables.green, entries),
           .red = _mm256_shuffle_epi8(palette.tables.red, entries),
           .top = palette.tables.top};
 }
 
-KORILAN_WIDE inline void store(uint32_t *target, const Channels &channels) {
+KORILAN_AVX2 inline void store(uint32_t *target, const Channels &channels) {
   const __m256i lowPairs = _mm256_unpacklo_epi8(channels.blue, channels.green);
   const __m256i highPairs = _mm256_unpackhi_epi8(channels.blue, channels.green);
   const __m256i lowTops = _mm256_unpacklo_epi8(channels.red, channels.top);
@@ -81,10 +79,9 @@ KORILAN_WIDE inline void store(uint32_t *target, const Channels &channels) {
   _mm256_storeu_si256(out + 3, _mm256_unpackhi_epi16(highPairs, highTops));
 }
 
-// Draws 32 pixels from each kStep bytes; the last block reaches back over pixels that are drawn already. Returns false
-// where there is less than a block.
+// Draws 32 pixels per kStep bytes; the last block overlaps the one before. Returns false if there is less than a block.
 template <size_t kStep, typename DrawBlock>
-KORILAN_WIDE inline bool drawBlocks(const uint8_t *source, size_t bytes, uint32_t *target, const DrawBlock &draw) {
+KORILAN_AVX2 inline bool drawBlocks(const uint8_t *source, size_t bytes, uint32_t *target, const DrawBlock &draw) {
   if (bytes < kStep) return false;
   const size_t last = bytes - kStep;
   for (size_t at = 0;; at = std::min(at + kStep, last)) {
@@ -93,11 +90,11 @@ KORILAN_WIDE inline bool drawBlocks(const uint8_t *source, size_t bytes, uint32_
   }
 }
 
-KORILAN_WIDE void drawNibbles(const uint8_t *source, size_t bytes, const uint32_t *palette, uint32_t *target) {
+KORILAN_AVX2 void drawNibbles(const uint8_t *source, size_t bytes, const uint32_t *palette, uint32_t *target) {
   const PaletteChannels channels(palette);
   const __m128i byFours = _mm_setr_epi8(0, 1, 4, 5, 8, 9, 12, 13, 2, 3, 6, 7, 10, 11, 14, 15);
   const __m256i lowBits = _mm256_set1_epi16(0x0F00);
-  const auto draw = [&](const uint8_t *from, uint32_t *to) KORILAN_WIDE {
+  const auto draw = [&](const uint8_t *from, uint32_t *to) KORILAN_AVX2 {
     const __m128i packed = _mm_loadu_si128(reinterpret_cast<const __m128i *>(from));
     const __m256i pairs = _mm256_cvtepu8_epi16(_mm_shuffle_epi8(packed, byFours));
     const __m256i right = _mm256_and_si256(_mm256_slli_epi16(pairs, 8), lowBits);
@@ -106,13 +103,13 @@ KORILAN_WIDE void drawNibbles(const uint8_t *source, size_t bytes, const uint32_
   if (!drawBlocks<kBlock / 2>(source, bytes, target, draw)) plainPixelKernels().nibbles(source, bytes, palette, target);
 }
 
-KORILAN_WIDE void drawCrumbs(const uint8_t *source, size_t bytes, const uint32_t *palette, uint32_t *target) {
+KORILAN_AVX2 void drawCrumbs(const uint8_t *source, size_t bytes, const uint32_t *palette, uint32_t *target) {
   const PaletteChannels channels(palette);
   const __m128i byFours = _mm_setr_epi8(0, 2, 4, 6, 1, 3, 5, 7, -1, -1, -1, -1, -1, -1, -1, -1);
-  const auto draw = [&](const uint8_t *from, uint32_t *to) KORILAN_WIDE {
+  const auto draw = [&](const uint8_t *from, uint32_t *to) KORILAN_AVX2 {
     const __m128i packed = _mm_loadl_epi64(reinterpret_cast<const __m128i *>(from));
     const __m256i fours = _mm256_cvtepu8_epi32(_mm_shuffle_epi8(packed, byFours));
-    // Each byte's fields, the highest one lowest; what else comes along is masked out.
+    // The four fields of each byte, highest first; other bits are masked out.
     const __m256i left = _mm256_or_si256(_mm256_srli_epi32(fours, 6), _mm256_slli_epi32(fours, 4));
     const __m256i right = _mm256_or_si256(_mm256_slli_epi32(fours, 14), _mm256_slli_epi32(fours, 24));
     store(to, lookUp(channels, _mm256_and_si256(_mm256_or_si256(left, right), bytesOf(3))));
@@ -120,12 +117,12 @@ KORILAN_WIDE void drawCrumbs(const uint8_t *source, size_t bytes, const uint32_t
   if (!drawBlocks<kBlock / 4>(source, bytes, target, draw)) plainPixelKernels().crumbs(source, bytes, palette, target);
 }
 
-KORILAN_WIDE void drawGrb332(const uint8_t *source, size_t bytes, const uint32_t *colours, uint32_t *target) {
-  // What each field of a byte adds, as a palette of its own; the words of the other fields' zeros are black.
+KORILAN_AVX2 void drawGrb332(const uint8_t *source, size_t bytes, const uint32_t *colours, uint32_t *target) {
+  // One 8-entry table per bit field; the colour is their sum.
   std::array<uint32_t, 16> ofField{};
   for (size_t i = 0; i < 8; ++i) ofField[i] = colours[i << 5] | colours[i << 2] | colours[i & 3];
   const Channels levels = PaletteChannels(ofField.data()).tables;
-  const auto draw = [&](const uint8_t *from, uint32_t *to) KORILAN_WIDE {
+  const auto draw = [&](const uint8_t *from, uint32_t *to) KORILAN_AVX2 {
     const __m256i pixels = load(from);
     store(to, {.blue = _mm256_shuffle_epi8(levels.blue, field<0>(pixels, 3)),
                .green = _mm256_shuffle_epi8(levels.green, field<5>(pixels, 7)),
@@ -135,116 +132,16 @@ KORILAN_WIDE void drawGrb332(const uint8_t *source, size_t bytes, const uint32_t
   if (!drawBlocks<kBlock>(source, bytes, target, draw)) plainPixelKernels().grb332(source, bytes, colours, target);
 }
 
-// Byte `kByte` of each group, for all its pixels.
-template <int kByte> KORILAN_WIDE inline __m256i ofEachGroup(__m256i bytes) {
-  constexpr char b = kByte;
-  const __m128i from =
-      _mm_setr_epi8(b, b, b, b, b + 4, b + 4, b + 4, b + 4, b + 8, b + 8, b + 8, b + 8, b + 12, b + 12, b + 12, b + 12);
-  return _mm256_shuffle_epi8(bytes, _mm256_broadcastsi128_si256(from));
-}
-
-// The three sums of a group's pixels: Y + J and Y + K as 8 bits, and the third in quarters of a level, 0 to 124.
-struct GroupLevels {
-  __m256i withJ;
-  __m256i withK;
-  __m256i quarters;
-};
-
-KORILAN_WIDE inline __m256i signedChroma(__m256i low, __m256i high) {
-  const __m256i value = _mm256_or_si256(low, _mm256_slli_epi16(high, 3));
-  return _mm256_sub_epi8(_mm256_xor_si256(value, bytesOf(32)), bytesOf(32));
-}
-
-KORILAN_WIDE inline __m256i level(__m256i sum) {
-  const __m256i held = _mm256_min_epi8(_mm256_max_epi8(sum, _mm256_setzero_si256()), bytesOf(31));
-  return _mm256_slli_epi16(held, 3);
-}
-
-KORILAN_WIDE inline GroupLevels groupLevels(__m256i pixels) {
-  const __m256i chroma = field<0>(pixels, 7);
-  const __m256i k = signedChroma(ofEachGroup<0>(chroma), ofEachGroup<1>(chroma));
-  const __m256i j = signedChroma(ofEachGroup<2>(chroma), ofEachGroup<3>(chroma));
-  const __m256i y = field<3>(pixels, 31);
-  // The third sum is 5Y - (2J + K). Both parts are lifted by 96, so that neither is below zero, and their difference
-  // saturates there.
-  const __m256i lift = bytesOf(96);
-  const __m256i fiveY = _mm256_add_epi8(y, _mm256_slli_epi16(y, 2));
-  const __m256i chromaSum = _mm256_add_epi8(_mm256_add_epi8(j, j), k);
-  const __m256i difference = _mm256_subs_epu8(_mm256_add_epi8(fiveY, lift), _mm256_add_epi8(chromaSum, lift));
-  return {.withJ = level(_mm256_add_epi8(y, j)),
-          .withK = level(_mm256_add_epi8(y, k)),
-          .quarters = _mm256_min_epu8(difference, bytesOf(124))};
-}
-
-KORILAN_WIDE inline __m256i exactBlue(__m256i quarters) { return _mm256_add_epi8(quarters, quarters); }
-
-KORILAN_WIDE inline __m256i wholeBlue(__m256i quarters) {
-  const __m256i oddLevel = field<2>(quarters, 1);
-  const __m256i nearest = field<2>(_mm256_add_epi8(quarters, _mm256_add_epi8(oddLevel, bytesOf(1))), 63);
-  return _mm256_slli_epi16(nearest, 3);
-}
-
-template <bool kWholeBlue>
-KORILAN_WIDE inline bool drawYjkBlocks(const uint8_t *source, size_t groups, uint32_t *target) {
-  const auto draw = [](const uint8_t *from, uint32_t *to) KORILAN_WIDE {
-    const GroupLevels levels = groupLevels(load(from));
-    store(to, {.blue = kWholeBlue ? wholeBlue(levels.quarters) : exactBlue(levels.quarters),
-               .green = levels.withK,
-               .red = levels.withJ,
-               .top = _mm256_setzero_si256()});
-  };
-  return drawBlocks<kBlock>(source, groups * kGroupPixels, target, draw);
-}
-
-KORILAN_WIDE void drawYjk(const uint8_t *source, size_t groups, uint32_t *target) {
-  if (!drawYjkBlocks<false>(source, groups, target)) plainPixelKernels().yjk(source, groups, target);
-}
-
-KORILAN_WIDE void drawWholeYjk(const uint8_t *source, size_t groups, uint32_t *target) {
-  drawYjkBlocks<true>(source, groups, target);
-}
-
-KORILAN_WIDE void drawYuv(const uint8_t *source, size_t groups, uint32_t *target) {
-  const auto draw = [](const uint8_t *from, uint32_t *to) KORILAN_WIDE {
-    const GroupLevels levels = groupLevels(load(from));
-    store(to, {.blue = levels.withK,
-               .green = exactBlue(levels.quarters),
-               .red = levels.withJ,
-               .top = _mm256_setzero_si256()});
-  };
-  if (!drawBlocks<kBlock>(source, groups * kGroupPixels, target, draw)) {
-    plainPixelKernels().yuv(source, groups, target);
-  }
-}
-
-KORILAN_WIDE void drawYae(const uint8_t *source, size_t groups, const uint32_t *palette, uint32_t *target) {
-  const PaletteChannels channels(palette);
-  const __m256i attribute = bytesOf(8);
-  const auto draw = [&](const uint8_t *from, uint32_t *to) KORILAN_WIDE {
-    const __m256i pixels = load(from);
-    const GroupLevels levels = groupLevels(pixels);
-    const Channels entries = lookUp(channels, field<4>(pixels, 15));
-    const __m256i isEntry = _mm256_cmpeq_epi8(_mm256_and_si256(pixels, attribute), attribute);
-    store(to, {.blue = _mm256_blendv_epi8(exactBlue(levels.quarters), entries.blue, isEntry),
-               .green = _mm256_blendv_epi8(levels.withK, entries.green, isEntry),
-               .red = _mm256_blendv_epi8(levels.withJ, entries.red, isEntry),
-               .top = _mm256_and_si256(entries.top, isEntry)});
-  };
-  if (!drawBlocks<kBlock>(source, groups * kGroupPixels, target, draw)) {
-    plainPixelKernels().yae(source, groups, palette, target);
-  }
-}
-
 constexpr size_t kBlockCells = kBlock / kPatternSide;
 constexpr size_t kHalfLines = kPatternSide / 2;
 
-// One byte of each line of four cells: lines 0 to 3 of all of them, then lines 4 to 7, twice each.
+// A byte per line of four cells: lines 0 to 3 of each cell, and lines 4 to 7, each in both halves.
 struct CellLines {
   __m256i upper;
   __m256i lower;
 
-  KORILAN_WIDE CellLines(const uint8_t *cell0, const uint8_t *cell1, const uint8_t *cell2, const uint8_t *cell3) {
-    const auto pair = [](const uint8_t *left, const uint8_t *right) KORILAN_WIDE {
+  KORILAN_AVX2 CellLines(const uint8_t *cell0, const uint8_t *cell1, const uint8_t *cell2, const uint8_t *cell3) {
+    const auto pair = [](const uint8_t *left, const uint8_t *right) KORILAN_AVX2 {
       return _mm_castsi128_ps(_mm_unpacklo_epi64(_mm_loadl_epi64(reinterpret_cast<const __m128i *>(left)),
                                                  _mm_loadl_epi64(reinterpret_cast<const __m128i *>(right))));
     };
@@ -255,14 +152,14 @@ struct CellLines {
   }
 };
 
-KORILAN_WIDE void drawCells(const PatternCell *cells, size_t count, const uint32_t *palette, uint32_t *target,
+KORILAN_AVX2 void drawCells(const PatternCell *cells, size_t count, const uint32_t *palette, uint32_t *target,
                             size_t linePixels) {
   const PaletteChannels channels(palette);
-  // Left halves of four cells, then their right halves: by fours.
+  // By fours: the left halves of four cells, then their right halves.
   const __m256i bitOfPixel =
       _mm256_set_epi32(0x01020408, 0x01020408, 0x01020408, 0x01020408, 0x10204080, 0x10204080, 0x10204080, 0x10204080);
   const __m256i firstLines = _mm256_broadcastsi128_si256(
-      _mm_setr_epi8(0, 0, 0, 0, 4, 4, 4, 4, 8, 8, 8, 8, 12, 12, 12, 12)); // of each cell, for four pixels
+      _mm_setr_epi8(0, 0, 0, 0, 4, 4, 4, 4, 8, 8, 8, 8, 12, 12, 12, 12)); // first line of each cell, for four pixels
   for (; count >= kBlockCells; count -= kBlockCells, cells += kBlockCells, target += kBlock) {
     const CellLines bits(cells[0].bits, cells[1].bits, cells[2].bits, cells[3].bits);
     const CellLines colours(cells[0].colours, cells[1].colours, cells[2].colours, cells[3].colours);
@@ -279,38 +176,38 @@ KORILAN_WIDE void drawCells(const PatternCell *cells, size_t count, const uint32
   plainPixelKernels().cells(cells, count, palette, target, linePixels);
 }
 
-KORILAN_WIDE void storeBytesOfWords(const uint32_t *words, size_t count, uint8_t *target) {
+KORILAN_AVX2 void storeBgrBytes(const uint32_t *words, size_t count, uint8_t *target) {
   constexpr size_t kWords = 8;
-  constexpr size_t kBytes = 24;       // of these
-  constexpr size_t kMostTouched = 11; // words whose bytes a store of 32 bytes reaches
+  constexpr size_t kBytes = 24;      // of these
+  constexpr size_t kMaxTouched = 11; // words that a store of 32 bytes overlaps
   const __m128i withoutTops = _mm_setr_epi8(0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, -1, -1, -1, -1);
   const __m256i halves = _mm256_broadcastsi128_si256(withoutTops);
   const __m256i together = _mm256_setr_epi32(0, 1, 2, 4, 5, 6, 3, 7);
-  for (; count >= kMostTouched; count -= kWords, words += kWords, target += kBytes) {
+  for (; count >= kMaxTouched; count -= kWords, words += kWords, target += kBytes) {
     const __m256i block = _mm256_loadu_si256(reinterpret_cast<const __m256i *>(words));
     const __m256i bytes = _mm256_permutevar8x32_epi32(_mm256_shuffle_epi8(block, halves), together);
     _mm256_storeu_si256(reinterpret_cast<__m256i *>(target), bytes);
   }
-  plainPixelKernels().bytesOfWords(words, count, target);
+  plainPixelKernels().bgrBytes(words, count, target);
 }
 
 } // namespace
 
-const PixelKernels *widePixelKernels() {
-  static constexpr PixelKernels kKernels{.nibbles = drawNibbles,
-                                         .crumbs = drawCrumbs,
-                                         .grb332 = drawGrb332,
-                                         .yjk = drawYjk,
-                                         .yuv = drawYuv,
-                                         .yae = drawYae,
-                                         .cells = drawCells,
-                                         .bytesOfWords = storeBytesOfWords,
-                                         .wholeYjk = drawWholeYjk};
-  return hasAvx2() ? &kKernels : nullptr;
+const PixelKernels *avx2PixelKernels() {
+  static const PixelKernels kKernels = []() {
+    PixelKernels kernels = plainPixelKernels(); // the others gain little
+    kernels.nibbles = drawNibbles;
+    kernels.crumbs = drawCrumbs;
+    kernels.grb332 = drawGrb332;
+    kernels.cells = drawCells;
+    kernels.bgrBytes = storeBgrBytes;
+    return kernels;
+  }();
+  return __builtin_cpu_supports("avx2") ? &kKernels : nullptr;
 }
 
 #else
 
-const PixelKernels *widePixelKernels() { return nullptr; }
+const PixelKernels *avx2PixelKernels() { return nullptr; }
 
 #endif

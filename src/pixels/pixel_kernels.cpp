@@ -1,7 +1,6 @@
 #include "pixels/pixel_kernels.h"
 
-#include "state/palette.h"
-#include "pixels/packed_entries.h"
+#include "base/colours.h"
 
 #include <algorithm>
 #include <array>
@@ -12,24 +11,24 @@
 //   byte 1   Y of pixel 1              high bits of K
 //   byte 2   Y of pixel 2              low bits of J
 //   byte 3   Y of pixel 3              high bits of J
-// J and K are numbers of 6 bits, -32 to 31. Red is Y + J, green Y + K, blue 5Y/4 - J/2 - K/4, each held within
-// 0 to 31 and shown as 8 times its value. Blue is kept exact to its quarters: 8 times blue is 10Y - 4J - 2K.
+// J and K are signed 6-bit numbers, -32 to 31. Red is Y + J, green Y + K, blue 5Y/4 - J/2 - K/4, each clamped to
+// 0 to 31 and shown times 8. Blue keeps its quarters: 8 times blue is 10Y - 4J - 2K.
 
 namespace {
 
-constexpr int32_t kMostLevel = 31;
+constexpr int32_t kMaxLevel = 31;
 constexpr int32_t kLevelStep = 8;
 
 constexpr int32_t signedChroma(uint8_t low, uint8_t high) {
   const int32_t value = (low & 7) | (high & 7) << 3;
-  return value > kMostLevel ? value - 64 : value;
+  return value > kMaxLevel ? value - 64 : value;
 }
 
-// One group's part of the colour sums; the pixel's own Y is added for each pixel.
+// The group's part of the colour sums; each pixel adds its Y.
 struct GroupColour {
   int32_t red;        // J
   int32_t second;     // K: green, in YUV blue
-  int32_t blueEighth; // -4J - 2K: eight times the third sum
+  int32_t blueEighth; // -4J - 2K: 8 times the third sum
 };
 
 constexpr GroupColour groupColour(const uint8_t *group) {
@@ -39,39 +38,36 @@ constexpr GroupColour groupColour(const uint8_t *group) {
 }
 
 // 8-bit level of a 5-bit sum.
-constexpr uint32_t level(int32_t sum) { return static_cast<uint32_t>(std::clamp(sum, 0, kMostLevel) * kLevelStep); }
+constexpr uint32_t level(int32_t sum) { return static_cast<uint32_t>(std::clamp(sum, 0, kMaxLevel) * kLevelStep); }
 
-// 8-bit level of a sum that is already eight times its value.
+// 8-bit level of a sum times 8.
 constexpr uint32_t levelOfEighths(int32_t sum) {
-  return static_cast<uint32_t>(std::clamp(sum, 0, kMostLevel * kLevelStep));
+  return static_cast<uint32_t>(std::clamp(sum, 0, kMaxLevel * kLevelStep));
 }
 
-struct YjkPixel {
-  uint32_t operator()(const GroupColour &group, uint8_t byte) const {
-    const int32_t y = byte >> 3;
-    return packColour(level(y + group.red), level(y + group.second), levelOfEighths(10 * y + group.blueEighth));
-  }
-};
+uint32_t yjkPixel(const GroupColour &group, uint8_t byte) {
+  const int32_t y = byte >> 3;
+  return packColour(level(y + group.red), level(y + group.second), levelOfEighths(10 * y + group.blueEighth));
+}
 
-struct YuvPixel {
-  uint32_t operator()(const GroupColour &group, uint8_t byte) const {
-    const int32_t y = byte >> 3;
-    return packColour(level(y + group.red), levelOfEighths(10 * y + group.blueEighth), level(y + group.second));
-  }
-};
+uint32_t yuvPixel(const GroupColour &group, uint8_t byte) {
+  const int32_t y = byte >> 3;
+  return packColour(level(y + group.red), levelOfEighths(10 * y + group.blueEighth), level(y + group.second));
+}
 
-struct YaePixel {
-  const uint32_t *palette;
-  uint32_t operator()(const GroupColour &group, uint8_t byte) const {
-    return (byte & 8) != 0 ? palette[byte >> 4] : YjkPixel{}(group, byte);
-  }
-};
+// Blue rounded to a whole level, half a level to the even one.
+uint32_t videoYjkPixel(const GroupColour &group, uint8_t byte) {
+  const int32_t y = byte >> 3;
+  const int32_t quarters = (10 * y + group.blueEighth) / 2; // the sum is even
+  const int32_t oddLevel = quarters >> 2 & 1;
+  return packColour(level(y + group.red), level(y + group.second), level((quarters + 1 + oddLevel) >> 2));
+}
 
-// The colours of every byte value: one look-up a byte instead of one a pixel.
+// A table of all byte values: one look-up per byte instead of one per pixel.
 template <size_t kPixels>
 void drawPacked(const uint8_t *source, size_t bytes, const uint32_t *palette, uint32_t *target) {
-  constexpr size_t kWorthATable = 64; // bytes
-  if (bytes < kWorthATable) {
+  constexpr size_t kMinTableBytes = 64; // below this the table costs more
+  if (bytes < kMinTableBytes) {
     for (size_t n = 0; n < bytes; ++n) {
       for (size_t i = 0; i < kPixels; ++i) *target++ = palette[entryOf<kPixels>(source[n], i)];
     }
@@ -88,20 +84,22 @@ void drawGrb332(const uint8_t *source, size_t bytes, const uint32_t *colours, ui
   for (size_t n = 0; n < bytes; ++n) target[n] = colours[source[n]];
 }
 
-template <typename Pixel> void drawGroups(const uint8_t *source, size_t groups, const Pixel &pixel, uint32_t *target) {
+template <auto kPixel> void drawGroups(const uint8_t *source, size_t groups, uint32_t *target) {
   for (size_t g = 0; g < groups; ++g, source += kGroupPixels) {
     const GroupColour group = groupColour(source);
-    for (size_t i = 0; i < kGroupPixels; ++i) *target++ = pixel(group, source[i]);
+    for (size_t i = 0; i < kGroupPixels; ++i) *target++ = kPixel(group, source[i]);
   }
 }
 
-void drawYjk(const uint8_t *source, size_t groups, uint32_t *target) { drawGroups(source, groups, YjkPixel{}, target); }
-void drawYuv(const uint8_t *source, size_t groups, uint32_t *target) { drawGroups(source, groups, YuvPixel{}, target); }
 void drawYae(const uint8_t *source, size_t groups, const uint32_t *palette, uint32_t *target) {
-  drawGroups(source, groups, YaePixel{palette}, target);
+  drawGroups<yjkPixel>(source, groups, target);
+  for (size_t n = 0; n < groups * kGroupPixels; ++n) {
+    const uint32_t isEntry = 0U - (source[n] >> 3 & 1U); // all bits or none: a branch would be mispredicted
+    target[n] ^= (target[n] ^ palette[source[n] >> 4]) & isEntry;
+  }
 }
 
-void storeBytesOfWords(const uint32_t *words, size_t count, uint8_t *target) {
+void storeBgrBytes(const uint32_t *words, size_t count, uint8_t *target) {
   for (size_t n = 0; n < count; ++n) {
     for (const int shift : {0, 8, 16}) *target++ = static_cast<uint8_t>(words[n] >> shift);
   }
@@ -121,7 +119,7 @@ void drawCells(const PatternCell *cells, size_t count, const uint32_t *palette, 
 
 } // namespace
 
-// Red and green end at 252, blue at 255: intended.
+// Red and green end at 252, blue at 255: intended, levels are multiples of 36 and 85.
 constexpr std::array<uint32_t, 256> kGrb332Colours = []() {
   std::array<uint32_t, 256> colours{};
   for (uint32_t byte = 0; byte < colours.size(); ++byte) {
@@ -134,21 +132,16 @@ const PixelKernels &plainPixelKernels() {
   static constexpr PixelKernels kKernels{.nibbles = drawPacked<2>,
                                          .crumbs = drawPacked<4>,
                                          .grb332 = drawGrb332,
-                                         .yjk = drawYjk,
-                                         .yuv = drawYuv,
+                                         .yjk = drawGroups<yjkPixel>,
+                                         .yuv = drawGroups<yuvPixel>,
                                          .yae = drawYae,
                                          .cells = drawCells,
-                                         .bytesOfWords = storeBytesOfWords,
-                                         .wholeYjk = nullptr};
+                                         .bgrBytes = storeBgrBytes,
+                                         .videoYjk = drawGroups<videoYjkPixel>};
   return kKernels;
 }
 
 const PixelKernels &pixelKernels() {
-  static const PixelKernels &fastest = []() -> const PixelKernels & {
-    for (const PixelKernels *kernels : {widestPixelKernels(), widePixelKernels()}) {
-      if (kernels != nullptr) return *kernels;
-    }
-    return plainPixelKernels();
-  }();
+  static const PixelKernels &fastest = avx2PixelKernels() != nullptr ? *avx2PixelKernels() : plainPixelKernels();
   return fastest;
 }

@@ -1,60 +1,60 @@
-// The inner loops of the renderers: from bytes to colour words, many at once where the processor can; and of bitmap
-// files, from words to bytes.
+// Inner loops of the renderers (bytes to colour words) and of bitmap files (words to bytes).
 #pragma once
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
 
-inline constexpr size_t kPatternSide = 8; // pixels and lines, and bytes of a pattern
-inline constexpr size_t kGroupPixels = 4; // with a common hue
+inline constexpr size_t kPatternSide = 8; // pixels and lines of a cell; bytes of a pattern
+inline constexpr size_t kGroupPixels = 4; // pixels with common J and K
 
-// The colours of the fixed 256-colour mode by their bytes.
+// Entry `i` of a byte that holds kPixels palette entries, the leftmost in the highest bits.
+template <size_t kPixels> constexpr size_t entryOf(size_t byte, size_t i) {
+  constexpr size_t kBits = 8 / kPixels;
+  return byte >> (8 - kBits - i * kBits) & ((size_t{1} << kBits) - 1);
+}
+
+// The colours of the fixed 256-colour mode, indexed by byte.
 extern const std::array<uint32_t, 256> kGrb332Colours;
 
-// A pattern of 8 lines, a byte each, bit 7 leftmost; for each line a byte with the entries of set bits (high) and of
-// clear bits (low).
+// A pattern: per line a byte of pixels, bit 7 leftmost, and a byte of colours: the entries of set bits (high nibble)
+// and clear bits (low nibble).
 struct PatternCell {
   const uint8_t *bits;
   const uint8_t *colours;
 };
 
-// Each procedure writes its pixels to `target`, one after another. `palette` has 16 words with the same highest byte.
+// Each writes consecutive pixels to `target`. `palette` has 16 words with the same top byte.
 struct PixelKernels {
-  // Two entries a byte, the left one in the high bits.
+  // Two entries per byte, the left one in the high bits.
   void (*nibbles)(const uint8_t *source, size_t bytes, const uint32_t *palette, uint32_t *target);
 
-  // Four entries a byte; only the first four words of the palette are used.
+  // Four entries per byte, the leftmost in the highest bits; uses the first four words of the palette.
   void (*crumbs)(const uint8_t *source, size_t bytes, const uint32_t *palette, uint32_t *target);
 
-  // Green in bits 7-5, red in bits 4-2, blue in bits 1-0: `colours` has 256 words, each the sum of its fields' own.
+  // Green in bits 7-5, red in 4-2, blue in 1-0. `colours` has 256 words, each the sum of its fields' words.
   void (*grb332)(const uint8_t *source, size_t bytes, const uint32_t *colours, uint32_t *target);
 
-  // Groups of four bytes with a common hue, as drawn in pixel_kernels.cpp. In the last kind a byte with bit 3 set is an
-  // entry in its high bits.
+  // Groups of four bytes as drawn in pixel_kernels.cpp. yae: a byte with bit 3 set is an entry in its high nibble.
   void (*yjk)(const uint8_t *source, size_t groups, uint32_t *target);
   void (*yuv)(const uint8_t *source, size_t groups, uint32_t *target);
   void (*yae)(const uint8_t *source, size_t groups, const uint32_t *palette, uint32_t *target);
 
-  // Cells beside one another, the first one at `target`. Lines lie `linePixels` apart.
+  // Cells side by side, the first at `target`; lines are `linePixels` apart.
   void (*cells)(const PatternCell *cells, size_t count, const uint32_t *palette, uint32_t *target, size_t linePixels);
 
-  // The other way: blue, green and red bytes of so many words.
-  void (*bytesOfWords)(const uint32_t *words, size_t count, uint8_t *target);
+  // Reverse: writes `count` words as B, G, R bytes.
+  void (*bgrBytes)(const uint32_t *words, size_t count, uint8_t *target);
 
-  // At least 8 groups as in yjk, but with blue rounded to whole levels, halves to the even one. nullptr in the plain
-  // kernels: the videos for which it is have a table of all colours.
-  void (*wholeYjk)(const uint8_t *source, size_t groups, uint32_t *target);
+  // As yjk, blue rounded to whole levels, halves to the even one: the video player's colours.
+  void (*videoYjk)(const uint8_t *source, size_t groups, uint32_t *target);
 };
 
-// For every processor.
+// Portable.
 const PixelKernels &plainPixelKernels();
 
-// For processors with AVX2; nullptr where this is none.
-const PixelKernels *widePixelKernels();
+// AVX2, or nullptr if the processor lacks it.
+const PixelKernels *avx2PixelKernels();
 
-// For processors with AVX-512; nullptr where this is none.
-const PixelKernels *widestPixelKernels();
-
-// The fastest that this processor has.
+// The fastest of these that the processor supports.
 const PixelKernels &pixelKernels();

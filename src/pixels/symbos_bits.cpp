@@ -21,7 +21,7 @@ constexpr std::array<uint8_t, 256> kPairedBits = []() {
 } // namespace
 
 void pairPictureBits(std::span<uint8_t> bytes, int32_t width, int32_t height) {
-  if (width <= 0 || height <= 0) return; // one side of an empty picture may be of any length
+  if (width <= 0 || height <= 0) return; // an empty picture may have one side of any length
   const int64_t count = int64_t{roundHalfEven(width / 4.0 * height - 1)} + 1;
   for (uint8_t &byte : bytes.first(std::min(static_cast<size_t>(count), bytes.size()))) byte = kPairedBits[byte];
 }

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <span>
 
-// Sorts the bytes of a picture of width x height pixels in place. A byte of four pixels holds their low bits in bits
-// 7-4 and their high bits in bits 3-0; sorted, it holds pixel after pixel, the left one in bits 7-6. How many bytes
-// that are is rounded from the picture's size; there may be fewer in `bytes`.
+// Reorders the bytes of a picture of width x height pixels in place. A byte of four pixels holds their low bits in bits
+// 7-4 and their high bits in bits 3-0; reordered, it holds pixel after pixel, the left one in bits 7-6. The number of
+// bytes is rounded from the size; `bytes` may hold fewer.
 void pairPictureBits(std::span<uint8_t> bytes, int32_t width, int32_t height);

@@ -2,6 +2,8 @@
 
 #include "pixels/pixel_kernels.h"
 
+#include <algorithm>
+
 namespace {
 
 bool holdsPicture(const ViewerState &viewer) {
@@ -11,11 +13,7 @@ bool holdsPicture(const ViewerState &viewer) {
   return start <= viewer.vram.size() && pixels <= viewer.vram.size() - start && pixels <= viewer.frameBits.size();
 }
 
-bool hasGroups(uint8_t colourMode) {
-  return colourMode == ColourModeYjk || colourMode == ColourModeYuv || colourMode == ColourModeYae;
-}
-
-// `draw` takes bytes, their number of groups and where the pixels go.
+// `draw` takes the bytes, their number of groups, and the target.
 template <typename Draw> void drawGroups(ViewerState &viewer, const Draw &draw) {
   const auto width = static_cast<size_t>(viewer.imageWidth);
   const size_t lineGroups = width / kGroupPixels;
@@ -27,6 +25,7 @@ template <typename Draw> void drawGroups(ViewerState &viewer, const Draw &draw) 
   } else {
     for (int32_t y = 0; y < viewer.imageHeight; ++y, source += lineGroups * kGroupPixels, target += width) {
       draw(source, lineGroups, target);
+      std::fill(target + lineGroups * kGroupPixels, target + width, 0U);
     }
   }
   viewer.vramPos += static_cast<int32_t>(groups * kGroupPixels);
@@ -48,23 +47,16 @@ void drawGrb332(ViewerState &viewer) {
 } // namespace
 
 void RenderBytePixels(ViewerState &viewer) {
-  if (!holdsPicture(viewer)) return;
-  const uint32_t *palette = viewer.palette.data();
-  const auto yae = [palette](const uint8_t *source, size_t groups, uint32_t *target) {
+  const auto yae = [palette = viewer.palette.data()](const uint8_t *source, size_t groups, uint32_t *target) {
     pixelKernels().yae(source, groups, palette, target);
   };
+  if (!holdsPicture(viewer)) return blacken(viewer);
   switch (viewer.colourMode) {
-  case ColourModePalette: drawEntries(viewer); break;
-  case ColourModeGrb332: drawGrb332(viewer); break;
-  case ColourModeYjk: drawGroups(viewer, pixelKernels().yjk); break;
-  case ColourModeYuv: drawGroups(viewer, pixelKernels().yuv); break;
-  case ColourModeYae: drawGroups(viewer, yae); break;
-  default: break;
+  case ColourModePalette: return drawEntries(viewer);
+  case ColourModeGrb332: return drawGrb332(viewer);
+  case ColourModeYjk: return drawGroups(viewer, pixelKernels().yjk);
+  case ColourModeYuv: return drawGroups(viewer, pixelKernels().yuv);
+  case ColourModeYae: return drawGroups(viewer, yae);
+  default: return blacken(viewer);
   }
-}
-
-bool bytePixelsFill(const ViewerState &viewer) {
-  if (!holdsPicture(viewer)) return false;
-  if (hasGroups(viewer.colourMode)) return static_cast<size_t>(viewer.imageWidth) % kGroupPixels == 0;
-  return viewer.colourMode == ColourModePalette || viewer.colourMode == ColourModeGrb332;
 }

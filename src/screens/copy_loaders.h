@@ -1,4 +1,4 @@
-// Loaders of rectangles saved with COPY, and a walk that other kinds share.
+// Loaders of rectangles saved with COPY, and a walk that other kinds share. Each answers as FileKind::load.
 #pragma once
 
 #include "state/viewer_state.h"
@@ -12,25 +12,25 @@ enum class CopyPalette {
   kBehindPixels, // 16 entries stored behind the pixels
 };
 
-// What tells one kind of rectangle file from another.
+// A kind of rectangle file.
 struct CopySettings {
-  int32_t mostWidth; // pixels
+  int32_t maxWidth; // pixels
   uint8_t bitsPerPixel;
   uint8_t colourMode;
   uint8_t colourCount;
   CopyPalette palette;
-  bool highPixels; // pixels of the mode are twice as high as wide: 1:2 aspect unless the user has switched that off
-  bool keepsVram;  // what a short file does not fill keeps its value
-  bool refused;    // every file is reported as not valid: intended
+  bool highPixels; // pixels are twice as high as wide: 1:2 aspect, unless disabled in Preferences
+  bool keepsVram;  // bytes past the end of a short file keep their value
+  bool refused;    // every file is reported as not valid: intended, a rectangle of YJK groups may begin inside a group
 };
 
-// Opens the current path, checks the size, stores the settings, reads the pixels, renders.
-void loadCopy(ViewerState &viewer, const CopySettings &settings);
+// Checks the size in the open file, stores the settings, reads palette and pixels.
+bool loadCopy(ViewerState &viewer, const CopySettings &settings);
 
-void loadScreen5Copy(ViewerState &viewer);
-void loadScreen6Copy(ViewerState &viewer);
-void loadStamp(ViewerState &viewer); // a Screen 6 rectangle in black and white
-void loadScreen7Copy(ViewerState &viewer);
-void loadScreen8Copy(ViewerState &viewer);
-void loadScreen10Copy(ViewerState &viewer); // Screens 10 and 11
-void loadScreen12Copy(ViewerState &viewer);
+bool loadScreen5Copy(ViewerState &viewer);
+bool loadScreen6Copy(ViewerState &viewer);
+bool loadStamp(ViewerState &viewer); // a Screen 6 rectangle in black and white
+bool loadScreen7Copy(ViewerState &viewer);
+bool loadScreen8Copy(ViewerState &viewer);
+bool loadScreen10Copy(ViewerState &viewer); // Screens 10 and 11
+bool loadScreen12Copy(ViewerState &viewer);

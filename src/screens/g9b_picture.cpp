@@ -1,11 +1,12 @@
 #include "screens/g9b_picture.h"
 
 #include "base/buffers.h"
-#include "core/dispatch.h"
-#include "core/load_pipeline.h"
-#include "state/palette.h"
 #include "base/text.h"
 #include "pixels/g9b_depacker.h"
+#include "state/labels.h"
+#include "state/palette.h"
+#include "state/platform_calls.h"
+#include "state/video_memory.h"
 
 #include <algorithm>
 #include <string_view>
@@ -40,7 +41,7 @@ constexpr int32_t kCompressionPos = 13;
 constexpr int32_t kDataLengthPos = 14;
 constexpr int32_t kPalettePos = 17;
 constexpr int32_t kBytesPerEntry = 3;
-constexpr uint32_t kMostLevel = 31;
+constexpr uint32_t kMaxLevel = 31;
 
 bool headerValid(const ViewerState &viewer) {
   return beginsWith(viewer.inputFile, kMagic) && readWord(viewer.inputFile, kHeaderLengthPos) == kHeaderLength;
@@ -50,13 +51,13 @@ void ReadG9bPalette(ViewerState &viewer) {
   for (size_t i = 0; i < viewer.colourCount; ++i) {
     std::array<uint8_t, kBytesPerEntry> levels{};
     readBytes(viewer.inputFile, viewer.paletteFilePos, levels);
-    const auto shown = [](uint32_t level) { return (level & kMostLevel) * 255 / kMostLevel; };
+    const auto shown = [](uint32_t level) { return (level & kMaxLevel) * 255 / kMaxLevel; };
     viewer.palette[i] = packColour(shown(levels[0]), shown(levels[1]), shown(levels[2]));
     viewer.paletteFilePos += kBytesPerEntry;
   }
 }
 
-// Takes over the palette; returns the position of the pixels.
+// Loads the palette. Returns the position of the pixels.
 int32_t takePalette(ViewerState &viewer) {
   switch (viewer.colourCount) {
   case 0: viewer.hasPalette = kFalse; return kPalettePos;
@@ -68,7 +69,7 @@ int32_t takePalette(ViewerState &viewer) {
     viewer.paletteFilePos = kPalettePos;
     ReadG9bPalette(viewer);
     return viewer.paletteFilePos;
-  default: return kPalettePos; // no palette is stored, and the one before stays: intended
+  default: return kPalettePos; // no palette is stored, the old one stays: intended, Load Palette can set it
   }
 }
 
@@ -76,13 +77,12 @@ void DepackG9b(ViewerState &viewer) {
   G9bDepacker depacker;
   const int blocks = viewer.packedData[0];
   for (int block = 0; block < blocks; ++block) {
-    viewer.platform.runPendingEvents(viewer.platform.context);
-    depackG9bBlock(depacker, viewer.packedData, viewer.vram);
-    viewer.vram.use(depacker.written);
+    runPendingEvents(viewer);
+    depackG9bBlock(depacker, viewer.packedData, viewer.vram.written(viewer.vram.size()));
   }
 }
 
-// Bytes that the picture takes in `vram`; none at a depth that is not drawn.
+// Size of the picture in `vram`; 0 if its depth is not drawn.
 size_t pictureBytes(const ViewerState &viewer) {
   const uint8_t bits = viewer.bitsPerPixel;
   if (bits != 2 && bits != 4 && bits != 8 && bits != 16) return 0;
@@ -92,37 +92,28 @@ size_t pictureBytes(const ViewerState &viewer) {
 
 } // namespace
 
-void LoadG9bPicture(ViewerState &viewer) {
-  if (!openFileForReading(viewer)) return;
+bool LoadG9bPicture(ViewerState &viewer) {
   const InputFile &file = viewer.inputFile;
   const int32_t width = readWord(file, kWidthPos);
   const int32_t height = readWord(file, kHeightPos);
-  if (!headerValid(viewer) || !pictureFits(width, height)) {
-    reportNotValid(viewer);
-    return;
-  }
-  viewer.bitsPerPixel = readByte(file, kBitsPerPixelPos);
-  viewer.colourMode = readByte(file, kColourModePos);
-  viewer.colourCount = readByte(file, kColourCountPos);
-  viewer.imageWidth = width;
-  viewer.imageHeight = height;
+  if (!headerValid(viewer) || !pictureFits(width, height)) return reportNotValid(viewer);
+  describePicture(viewer, {.bitsPerPixel = readByte(file, kBitsPerPixelPos),
+                           .colourMode = readByte(file, kColourModePos),
+                           .colourCount = readByte(file, kColourCountPos),
+                           .isPacked = kKept,
+                           .imageWidth = width,
+                           .imageHeight = height});
   const uint8_t compression = readByte(file, kCompressionPos);
-  if (compression >= kCompressions) {
-    reportNotValid(viewer);
-    return;
-  }
+  if (compression >= kCompressions) return reportNotValid(viewer);
   viewer.isPacked = toFlag(compression == 1);
   const int32_t dataPos = takePalette(viewer);
   showPictureInfo(viewer);
   const size_t needed = std::max(kVideoMemoryBytes, pictureBytes(viewer));
-  // Even code without any copy needs at most 9 bits for a byte; the rest is room for empty blocks.
-  const size_t mostPacked = needed + needed / 4;
+  // A literal takes 9 bits per byte; the rest is room for empty blocks.
+  const size_t maxPacked = needed + needed / 4;
   const auto stored = static_cast<size_t>(std::max<int64_t>(0, inputFileLength(file) - dataPos + 1));
-  const size_t packed = viewer.isPacked == kTrue ? std::min(stored, mostPacked) : 0;
-  if (!provideRoom(viewer.vram, needed) || !provideRoom(viewer.packedData, packed)) {
-    reportNoMemory(viewer);
-    return;
-  }
+  const size_t packed = viewer.isPacked == kTrue ? std::min(stored, maxPacked) : 0;
+  if (!reserve(viewer.vram, needed) || !reserve(viewer.packedData, packed)) return reportNoMemory(viewer);
   if (viewer.isPacked == kTrue) {
     clearVram(viewer, needed);
     loadPackedData(viewer, dataPos, packed);
@@ -130,27 +121,21 @@ void LoadG9bPicture(ViewerState &viewer) {
   } else {
     loadVram(viewer, dataPos, needed);
   }
-  renderAndShow(viewer);
+  return true;
 }
 
 std::string g9bDetails(const ViewerState &viewer) {
   const InputFile &file = viewer.inputFile;
   const uint32_t dataLength = readWord(file, kDataLengthPos) + (uint32_t{readByte(file, kDataLengthPos + 2)} << 16);
-  std::string text = "Pixel data:\t" + grouped(dataLength) + " bytes by the header";
+  std::string text = "Pixel data:\t" + withThousandsSeparators(dataLength) + " bytes by the header";
   if (viewer.isPacked == kTrue) text += ", " + std::to_string(viewer.packedData[0]) + " blocks";
   return text + '\n';
 }
 
-bool g9b16Fills(const ViewerState &viewer) {
-  if (viewer.frameWidth <= 0 || viewer.frameHeight <= 0 || viewer.vramPos < 0) return false;
-  const size_t pixels = static_cast<size_t>(viewer.frameWidth) * static_cast<size_t>(viewer.frameHeight);
-  const auto start = static_cast<size_t>(viewer.vramPos);
-  return start <= viewer.vram.size() && pixels <= (viewer.vram.size() - start) / 2 && pixels == viewer.frameBits.size();
-}
-
 void RenderG9b16(ViewerState &viewer) {
-  if (!g9b16Fills(viewer)) return;
-  const uint8_t *source = viewer.vram.data() + viewer.vramPos;
+  const auto start = static_cast<size_t>(viewer.vramPos);
+  if (start > viewer.vram.size() || viewer.frameBits.size() > (viewer.vram.size() - start) / 2) return blacken(viewer);
+  const uint8_t *source = viewer.vram.data() + start;
   for (uint32_t &pixel : viewer.frameBits) {
     const uint32_t word = source[0] + 256U * source[1];
     pixel = packColour((word & 0x3E0) / 4, (word & 0x7C00) / 128, (word & 0x1F) * 8);

@@ -1,17 +1,15 @@
 #include "screens/ham_picture.h"
 
-#include "core/dispatch.h"
-#include "core/load_pipeline.h"
+#include "state/labels.h"
 #include "state/palette.h"
 
-#include <algorithm>
 #include <string_view>
 
 //  offset  size  field            rule
 //       0     3  magic            "HAM"
 //       3     1  version          1
 //       4     1  marker           0x20
-//       5     1  storage          0 raw, 1 and 2 packed; only shown, nothing is unpacked
+//       5     1  storage          0 raw, 1 and 2 packed; only shown, never depacked
 //       7     1  interlace        1 doubles the height
 //       8     2  width            512
 //      10     2  height           below 241
@@ -42,7 +40,7 @@ constexpr int32_t kHeightPos = 11;
 constexpr std::array<int32_t, 2> kPaletteOffsetPos = {17, 21};
 constexpr std::array<int32_t, 2> kPixelsOffsetPos = {25, 29};
 
-constexpr size_t kMostLines = 240; // of a page
+constexpr size_t kMaxLines = 240; // of a page
 constexpr size_t kLineBytes = kWidth / 2;
 constexpr size_t kStartColours = 16;
 constexpr size_t kStartPaletteBytes = kStartColours * 2;
@@ -62,12 +60,12 @@ void loadBlock(const ViewerState &viewer, int32_t offsetPos, size_t capacity, st
   readBytes(viewer.inputFile, offset + 1, block);
 }
 
-// Levels above 7 do not belong to the format; they are cut, so that no colour runs into the next channel.
+// Levels above 7 are invalid; they are masked, so no channel overflows into the next.
 uint32_t colourAt(const uint8_t *bytes) {
   return packColour(fileLevel(bytes[0] >> 4 & 7), fileLevel(bytes[1] & 7), fileLevel(bytes[0] & 7));
 }
 
-// Draws the lines of one page; the changes of a line show from the next line of the page on.
+// Draws the lines of one page; the changes of a line apply from the page's next line on.
 void renderPage(ViewerState &viewer, size_t page, size_t lines) {
   const HamPage &source = viewer.hamPages[page];
   const auto height = static_cast<size_t>(viewer.frameHeight);
@@ -92,12 +90,8 @@ void renderPage(ViewerState &viewer, size_t page, size_t lines) {
 
 } // namespace
 
-void LoadHamPicture(ViewerState &viewer) {
-  if (!openFileForReading(viewer)) return;
-  if (!headerValid(viewer)) {
-    reportNotValid(viewer);
-    return;
-  }
+bool LoadHamPicture(ViewerState &viewer) {
+  if (!headerValid(viewer)) return reportNotValid(viewer);
   const InputFile &file = viewer.inputFile;
   viewer.bitsPerPixel = 4;
   viewer.colourMode = 0;
@@ -105,20 +99,19 @@ void LoadHamPicture(ViewerState &viewer) {
   viewer.hasPalette = kTrue;
   viewer.isPacked = toFlag(readByte(file, kStoragePos) != 0);
   const int32_t height = readWord(file, kHeightPos);
-  if (readWord(file, kWidthPos) != kWidth || height >= kHeightLimit) {
-    reportNotValid(viewer);
-    return;
-  }
+  if (readWord(file, kWidthPos) != kWidth ||
+      height >= kHeightLimit) // the fields above stay: intended, they describe the refused file
+    return reportNotValid(viewer);
   viewer.imageWidth = kWidth;
   viewer.imageHeight = readByte(file, kInterlacePos) == 1 ? height * 2 : height;
   showPictureInfo(viewer);
   viewer.window.Label4 = "Loading...";
   for (size_t page = 0; page < viewer.hamPages.size(); ++page) {
-    constexpr size_t kPaletteBytes = kStartPaletteBytes + kMostLines * kChangesPerLine * kChangeBytes;
+    constexpr size_t kPaletteBytes = kStartPaletteBytes + kMaxLines * kChangesPerLine * kChangeBytes;
     loadBlock(viewer, kPaletteOffsetPos[page], kPaletteBytes, viewer.hamPages[page].palette);
-    loadBlock(viewer, kPixelsOffsetPos[page], kMostLines * kLineBytes, viewer.hamPages[page].pixels);
+    loadBlock(viewer, kPixelsOffsetPos[page], kMaxLines * kLineBytes, viewer.hamPages[page].pixels);
   }
-  renderAndShow(viewer);
+  return true;
 }
 
 std::string hamDetails(const ViewerState &viewer) {
@@ -130,7 +123,7 @@ std::string hamDetails(const ViewerState &viewer) {
 void RenderHamPicture(ViewerState &viewer) {
   if (viewer.frameWidth != kWidth || viewer.frameHeight < 0 || viewer.hamPages[0].pixels.empty()) return;
   const int32_t lines = roundHalfEven(viewer.frameHeight / 2.0 - 1) + 1;
-  if (lines > static_cast<int32_t>(kMostLines)) return;
-  std::fill(viewer.frameBits.begin(), viewer.frameBits.end(), 0U); // a last line that no page holds stays black
+  if (lines > static_cast<int32_t>(kMaxLines)) return;
+  blacken(viewer); // a last line beyond both pages stays black
   for (size_t page = 0; page < viewer.hamPages.size(); ++page) renderPage(viewer, page, static_cast<size_t>(lines));
 }

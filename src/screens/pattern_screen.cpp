@@ -1,10 +1,5 @@
 #include "screens/pattern_screen.h"
 
-#include "core/dispatch.h"
-#include "core/load_pipeline.h"
-#include "state/palette.h"
-#include "formats/vscreen_level.h"
-#include "screens/bload_file.h"
 #include "pixels/pixel_kernels.h"
 
 // Video memory, at the addresses that BASIC gives the tables:
@@ -16,50 +11,16 @@
 namespace {
 
 constexpr size_t kNameTable = 0x1800;
-constexpr int32_t kPaletteAddress = 0x1B80;
 constexpr size_t kColourTable = 0x2000;
 constexpr size_t kTablesEnd = kColourTable + 6144;
 
 constexpr size_t kCells = 768;
 constexpr size_t kCellSize = kPatternSide;
-constexpr size_t kThirdMask = 0x300; // the bits of a cell number that tell its third of the screen
+constexpr size_t kThirdMask = 0x300; // bits of a cell number: its third of the screen
 constexpr int32_t kWidth = 256;
 constexpr int32_t kHeight = 192;
 
-constexpr int32_t kEndLowest = signedAddress(0x37FF);
-constexpr char kOwnPaletteMark = '4'; // last character of the Screen 4 extensions
-
 } // namespace
-
-void loadPatternScreen(ViewerState &viewer) {
-  if (!openFileForReading(viewer)) return;
-  const bool plain = readByte(viewer.inputFile, kIdentifierPos) == kPlainIdentifier;
-  if (!plain && inputFileLength(viewer.inputFile) == kTileSetBytes) {
-    loadTileSet(viewer);
-    return;
-  }
-  if (!plain || !bloadAddressesValid(viewer, kEndLowest, kHighestAddress)) {
-    reportNotValid(viewer);
-    return;
-  }
-  viewer.bitsPerPixel = 1;
-  viewer.colourMode = 0;
-  viewer.colourCount = 16;
-  viewer.imageWidth = kWidth;
-  viewer.imageHeight = kHeight;
-  viewer.isPacked = kFalse;
-  viewer.spriteMode = kFalse;
-  viewer.hasPalette = kTrue;
-  if (viewer.fileExtension.back() == kOwnPaletteMark) {
-    viewer.paletteFilePos = filePositionOf(kPaletteAddress);
-    readFilePalette(viewer);
-  } else {
-    setDefaultPalette(viewer);
-  }
-  showPictureInfo(viewer);
-  loadVram(viewer, kBodyPos);
-  renderAndShow(viewer);
-}
 
 void drawCellRow(ViewerState &viewer, size_t row, const std::array<size_t, kCellsPerRow> &patterns,
                  size_t colourTable) {
@@ -73,13 +34,9 @@ void drawCellRow(ViewerState &viewer, size_t row, const std::array<size_t, kCell
   pixelKernels().cells(cells.data(), cells.size(), viewer.palette.data(), target, kWidth);
 }
 
-bool patternScreenFills(const ViewerState &viewer) {
-  return viewer.imageWidth == kWidth && viewer.imageHeight == kHeight && viewer.vram.size() >= kTablesEnd &&
-         viewer.frameBits.size() >= static_cast<size_t>(kWidth) * kHeight;
-}
-
 void renderPatternScreen(ViewerState &viewer) {
-  if (!patternScreenFills(viewer)) return;
+  if (viewer.frameWidth != kWidth || viewer.frameHeight != kHeight || viewer.vram.size() < kTablesEnd)
+    return blacken(viewer);
   for (size_t row = 0; row < kCells / kCellsPerRow; ++row) {
     std::array<size_t, kCellsPerRow> patterns;
     for (size_t column = 0; column < kCellsPerRow; ++column) {

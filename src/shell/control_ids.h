@@ -1,17 +1,18 @@
-// Numbers of the main window's controls and menu commands, and of the dialogs; resource scripts read them too.
+// Numbers of controls, menu commands, dialogs and resources; also included by the resource script.
 #pragma once
 
 #define kMainViewId 100
-#define kLabel1Id 101 // Label2 to Label4 follow
-#define kLabel5Id 110 // sixteen swatches
+#define kLabel1Id 101 // to 104: Label1 to Label4
+#define kLabel5Id 110 // to 125: the 16 swatches
 #define kReadoutId 126
 #define kReadoutSwatchId 127
-#define kImage1Id 130 // Play; Image2, Stop, follows
+#define kImage1Id 130 // Play; 131 is Image2, Stop
 #define kHScroll1Id 132
 
-// Command number of the first row of kMenuRows; the others follow in order.
+// Command number of row 0 of kMenuRows; row n has kFirstMenuCommand + n.
 #define kFirstMenuCommand 1000
 
+#define kProgramIcon 1 // the lowest number: the icon that the desktop shows
 #define kThemedControlsManifest 2
 #define kPreferencesDialog 200
 #define kPreferencesMenu 201
@@ -20,8 +21,8 @@
 #define kCheckAllId 204
 #define kUncheckAllId 205
 #define kDefaultId 206
-#define kGeneralPreferenceId 210 // the rows of kGeneralPreferences in order
-#define kAssociationId 220       // the 25 extensions in order
+#define kGeneralPreferenceId 210 // plus the row of kGeneralPreferences
+#define kAssociationId 220       // plus the row of kAssociatedExtensions
 
 #define kTextDialog 300
 #define kTextId 301

@@ -1,7 +1,7 @@
 #include "shell/main_view.h"
 
 #include "shell/control_ids.h"
-#include "base/resource_counts.h"
+#include "shell/win32_helpers.h"
 
 #include <algorithm>
 #include <cstring>
@@ -10,21 +10,15 @@ namespace {
 
 constexpr char kViewClass[] = "KorilanMainView";
 
-// Around a picture that is smaller than the area, and while there is none.
+// Around a picture smaller than the area, and while no picture is shown.
 constexpr int kBackgroundColour = COLOR_APPWORKSPACE;
 
-// While a picture is replaced, the stretch may for a moment be that of a larger one.
+// While a picture is being replaced, the stretch can be that of a larger one.
 bool holdsSource(const MainView &view, const Stretch &stretch) {
   return view.bitmap != nullptr && stretch.sourceWidth <= view.width && stretch.sourceHeight <= view.height;
 }
 
-SIZE clientSizeOf(HWND window) {
-  RECT client{};
-  GetClientRect(window, &client);
-  return {client.right, client.bottom};
-}
-
-// Every pixel is painted once, so that nothing flickers.
+// Paints every pixel once: no flicker.
 void paintView(const MainView &view, HDC screen) {
   const SIZE client = clientSizeOf(view.window);
   const LONG right = view.corner.x + client.cx;
@@ -46,7 +40,7 @@ void paintView(const MainView &view, HDC screen) {
   RestoreDC(screen, before);
 }
 
-// Moves the area to `corner` as far as there is something to see.
+// Scrolls to `corner`, clamped to the area.
 void scrollTo(MainView &view, POINT corner) {
   const SIZE client = clientSizeOf(view.window);
   corner.x = std::clamp(corner.x, LONG{0}, std::max(LONG{0}, view.area.cx - client.cx));
@@ -55,16 +49,15 @@ void scrollTo(MainView &view, POINT corner) {
   view.corner = corner;
   SetScrollPos(view.window, SB_HORZ, view.corner.x, TRUE);
   SetScrollPos(view.window, SB_VERT, view.corner.y, TRUE);
-  SendMessageA(GetParent(view.window), kMouseLeftView, 0, 0); // other pixels stand under the mouse
+  SendMessageA(GetParent(view.window), kMouseLeftView, 0, 0); // another pixel is under the mouse
   InvalidateRect(view.window, nullptr, FALSE);
 }
 
-// Room inside of the frame, with that of the scroll bars.
+// Size inside the border, scroll bars included.
 SIZE innerSizeOf(HWND window, UINT dotsPerInch) {
-  RECT outer{};
-  GetWindowRect(window, &outer);
-  return {outer.right - outer.left - 2 * GetSystemMetricsForDpi(SM_CXEDGE, dotsPerInch),
-          outer.bottom - outer.top - 2 * GetSystemMetricsForDpi(SM_CYEDGE, dotsPerInch)};
+  const SIZE outer = windowSizeOf(window);
+  return {outer.cx - 2 * GetSystemMetricsForDpi(SM_CXEDGE, dotsPerInch),
+          outer.cy - 2 * GetSystemMetricsForDpi(SM_CYEDGE, dotsPerInch)};
 }
 
 void setScrollBar(const MainView &view, int bar, LONG length, LONG page, LONG position) {
@@ -111,15 +104,12 @@ void scrollByKey(MainView &view, WPARAM key) {
 }
 
 void scrollByWheel(MainView &view, int turn) {
-  scrollTo(view, {view.corner.x, view.corner.y - turn * 3 * kScrollStep / WHEEL_DELTA});
+  constexpr int kNotchSteps = 3;
+  scrollTo(view, {view.corner.x, view.corner.y - turn * kNotchSteps * kScrollStep / WHEEL_DELTA});
 }
 
 void mouseMoved(const MainView &view, LPARAM place) {
-  TRACKMOUSEEVENT leaving{};
-  leaving.cbSize = sizeof leaving;
-  leaving.dwFlags = TME_LEAVE;
-  leaving.hwndTrack = view.window;
-  TrackMouseEvent(&leaving);
+  requestMouseLeave(view.window);
   const LONG x = static_cast<short>(LOWORD(place)) + view.corner.x;
   const LONG y = static_cast<short>(HIWORD(place)) + view.corner.y;
   SendMessageA(GetParent(view.window), kMouseOverView, static_cast<WPARAM>(x), y);
@@ -129,7 +119,6 @@ void releasePicture(MainView &view) {
   if (view.bitmap != nullptr) {
     SelectObject(view.picture1, view.firstBitmap);
     DeleteObject(view.bitmap);
-    --resourceCounts().bitmaps;
   }
   if (view.picture1 != nullptr) DeleteDC(view.picture1);
   view = {};
@@ -144,7 +133,7 @@ LRESULT CALLBACK mainViewProcedure(HWND window, UINT message, WPARAM wParam, LPA
   if (view == nullptr || view->window != window) return DefWindowProcA(window, message, wParam, lParam);
 
   switch (message) {
-  case WM_ERASEBKGND: return 1; // painting covers the whole area
+  case WM_ERASEBKGND: return 1; // WM_PAINT paints every pixel
   case WM_PAINT: {
     PAINTSTRUCT paint;
     const HDC screen = BeginPaint(window, &paint);
@@ -199,20 +188,18 @@ void setPicture(MainView &view, std::span<const uint32_t> frameBits, int32_t wid
     void *pixels = nullptr;
     const HBITMAP bitmap = CreateDIBSection(view.picture1, &info, DIB_RGB_COLORS, &pixels, nullptr, 0);
     if (bitmap == nullptr) return;
-    ++resourceCounts().bitmaps;
-    const HGDIOBJ former = SelectObject(view.picture1, bitmap);
+    const HGDIOBJ previous = SelectObject(view.picture1, bitmap);
     if (view.bitmap == nullptr) {
-      view.firstBitmap = former;
+      view.firstBitmap = previous;
     } else {
       DeleteObject(view.bitmap);
-      --resourceCounts().bitmaps;
     }
     view.bitmap = bitmap;
     view.pixels = pixels;
     view.width = width;
     view.height = height;
   }
-  GdiFlush(); // drawing from the former pixels has to be over
+  GdiFlush(); // GDI may still be reading the old pixels
   const size_t words = static_cast<size_t>(width) * static_cast<size_t>(height);
   std::memcpy(view.pixels, frameBits.data(), std::min(words, frameBits.size()) * sizeof(uint32_t));
 }

@@ -1,4 +1,4 @@
-// The picture area of the main window, and Picture1, the hidden picture that it is drawn from.
+// MainView, the picture area of the main window, and Picture1, the bitmap it is painted from.
 #pragma once
 
 #include "state/window_model.h"
@@ -9,36 +9,36 @@
 #include <span>
 
 struct MainView {
-  HWND window = nullptr; // nullptr once destroyed
-  Stretch stretch;       // how Picture1 is drawn; all zero while the area is clear
+  HWND window = nullptr; // nullptr after its destruction
+  Stretch stretch;       // of Picture1; all zero while the area is clear
 
-  SIZE area{};    // what the view shows in full, in pixels; scrolled where the window has less room
-  POINT corner{}; // of the area, at the top left of what is seen
+  SIZE area{};    // full size of the content in pixels; a smaller view scrolls
+  POINT corner{}; // pixel of the area at the top left of the view
 
-  // Picture1: 32 bits per pixel, top row first, held in a device context of its own.
+  // Picture1: 32 bits per pixel, top row first, selected into its own device context.
   HDC picture1 = nullptr;
   HBITMAP bitmap = nullptr;
-  HGDIOBJ firstBitmap = nullptr; // of the device context, put back before `bitmap` is deleted
+  HGDIOBJ firstBitmap = nullptr; // original bitmap of the device context, selected again before `bitmap` is deleted
   void *pixels = nullptr;
   int32_t width = 0;
   int32_t height = 0;
 };
 
-// Sent to the parent while the mouse is over the view; wParam and lParam hold x and y in the area.
+// Sent to the parent when the mouse moves over the view; wParam and lParam are x and y in the area.
 inline constexpr UINT kMouseOverView = WM_APP;
 
-// Sent to the parent when the mouse has left.
+// Sent to the parent when the mouse has left the view.
 inline constexpr UINT kMouseLeftView = WM_APP + 1;
 
-// Makes the control. `view` must outlive it. Returns false when the system refuses.
+// Creates the control; `view` must outlive it. Returns false if the system refuses.
 bool createMainView(MainView &view, HWND parent, HINSTANCE instance);
 
-// Copies the words 0x00RRGGBB into Picture1. Where memory is lacking the former picture stays.
+// Copies the words 0x00RRGGBB into Picture1. Keeps the old picture if memory runs out.
 void setPicture(MainView &view, std::span<const uint32_t> frameBits, int32_t width, int32_t height);
 
-// Has Picture1 drawn anew with that stretch, in an area of that size; another size is seen from its corner.
-// updateScrollBars() is to follow, once the view itself has its new size.
+// Requests a repaint with that stretch and area size. A new size scrolls back to the top left corner.
+// Call updateScrollBars() after resizing the view.
 void redrawPicture(MainView &view, const Stretch &stretch, SIZE area);
 
-// Shows each scroll bar only where the area has no room, which it takes from the other.
+// Shows a scroll bar in each direction in which the area does not fit; each bar takes room from the other direction.
 void updateScrollBars(MainView &view);

@@ -1,9 +1,11 @@
 #include "shell/main_window.h"
 
+#include "base/windows_text.h"
 #include "core/colour_readout.h"
 #include "core/commands.h"
 #include "core/keys.h"
 #include "core/menus.h"
+#include "core/video_commands.h"
 #include "shell/control_ids.h"
 #include "shell/swatches.h"
 #include "shell/system_library.h"
@@ -11,7 +13,6 @@
 #include "shell/window_placement.h"
 #include "shell/window_sync.h"
 #include "video/playback.h"
-#include "video/video_mode.h"
 
 #include <shellapi.h>
 
@@ -21,9 +22,11 @@
 namespace {
 
 constexpr char kWindowClass[] = "KorilanMainWindow";
-constexpr int kIconResource = 1;
 
-// The menus of kMenuRows as WindowModel{} has them.
+// Posted to the main window after its first paint. WM_APP and WM_APP + 1 are messages of MainView.
+constexpr UINT kMakeControls = WM_APP + 2;
+
+// The menus of kMenuRows in the state of a new WindowModel.
 HMENU buildMenuBar() {
   const WindowModel initial;
   const HMENU menuBar = CreateMenu();
@@ -48,7 +51,7 @@ HMENU buildMenuBar() {
   return menuBar;
 }
 
-// Path of the first file of a drop, which is over then.
+// Returns the path of the first dropped file and ends the drop.
 std::string takeDroppedPath(HDROP drop) {
   const HMODULE shell = systemLibrary("shell32.dll");
   const auto query = libraryFunction<decltype(DragQueryFileW)>(shell, "DragQueryFileW");
@@ -57,12 +60,7 @@ std::string takeDroppedPath(HDROP drop) {
   std::wstring wide(query(drop, 0, nullptr, 0), L'\0');
   query(drop, 0, wide.data(), static_cast<UINT>(wide.size() + 1));
   finish(drop);
-  if (wide.empty()) return {};
-  const int wideLength = static_cast<int>(wide.size());
-  const int length = WideCharToMultiByte(CP_UTF8, 0, wide.data(), wideLength, nullptr, 0, nullptr, nullptr);
-  std::string path(static_cast<size_t>(length), '\0');
-  WideCharToMultiByte(CP_UTF8, 0, wide.data(), wideLength, path.data(), length, nullptr, nullptr);
-  return path;
+  return toUtf8(wide);
 }
 
 void openDroppedFile(MainWindow &main, HDROP drop) {
@@ -92,7 +90,7 @@ void scrollFrames(const MainWindow &main, int request) {
   case SB_THUMBPOSITION: HScroll1_Change(viewer, track.nTrackPos); break;
   default: return;
   }
-  SetScrollPos(main.frameBar, SB_CTL, bar.value, TRUE); // where the user's wish was refused, too
+  SetScrollPos(main.frameBar, SB_CTL, bar.value, TRUE); // moves the thumb back if the change was refused
 }
 
 void runControl(ViewerState &viewer, int id) {
@@ -100,7 +98,7 @@ void runControl(ViewerState &viewer, int id) {
   if (id == kImage1Id + 1) Image2_Click(viewer);
 }
 
-// At another resolution the window keeps the corner that the system proposes; its size follows from the content.
+// Takes the corner that the system proposes; the size follows from the content.
 void changeResolution(MainWindow &main, UINT dotsPerInch, const RECT &proposed) {
   updateFont(main, dotsPerInch);
   SetWindowPos(main.window, nullptr, proposed.left, proposed.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
@@ -127,21 +125,17 @@ LRESULT CALLBACK mainWindowProcedure(HWND window, UINT message, WPARAM wParam, L
     break;
   case WM_HSCROLL: scrollFrames(*main, LOWORD(wParam)); break;
   case WM_ENTERMENULOOP:
-  case WM_ENTERSIZEMOVE:
-    provideLabels(*main); // the system's own loop begins
-    holdRun(*main->viewer);
-    return 0;
+  case WM_ENTERSIZEMOVE: pausePlayback(*main->viewer); return 0;
   case WM_EXITMENULOOP:
-  case WM_EXITSIZEMOVE: resumeRun(*main->viewer); return 0;
+  case WM_EXITSIZEMOVE: resumePlayback(*main->viewer); return 0;
+  case kMakeControls: makeLabels(*main); return 0;
   case WM_SETFOCUS: SetFocus(main->mainView.window); return 0;
   case WM_DRAWITEM: drawItem(*main, *reinterpret_cast<const DRAWITEMSTRUCT *>(lParam)); return TRUE;
   case kMouseOverView: moveMouse(*main->viewer, static_cast<int32_t>(wParam), static_cast<int32_t>(lParam)); break;
   case kMouseLeftView: leaveMouse(*main->viewer); break;
   case WM_DROPFILES: openDroppedFile(*main, reinterpret_cast<HDROP>(wParam)); break;
   case WM_CLOSE: menuExit_Click(*main->viewer); break;
-  case WM_ENTERIDLE: // a dialog may have run a command, which shows while the dialog stays
-    provideLabels(*main);
-    break;
+  case WM_ENTERIDLE: break; // a dialog may have run a command: sync while it is open
   case WM_SIZE:
     if (wParam == SIZE_RESTORED && main->fitWhenRestored) {
       fitWindow(*main);
@@ -150,8 +144,8 @@ LRESULT CALLBACK mainWindowProcedure(HWND window, UINT message, WPARAM wParam, L
     }
     return 0;
   case WM_GETMINMAXINFO: {
-    const SIZE least = leastWindowSize(*main);
-    reinterpret_cast<MINMAXINFO *>(lParam)->ptMinTrackSize = {least.cx, least.cy};
+    const SIZE minimum = minWindowSize(*main);
+    reinterpret_cast<MINMAXINFO *>(lParam)->ptMinTrackSize = {minimum.cx, minimum.cy};
     return 0;
   }
   case WM_DPICHANGED: changeResolution(*main, LOWORD(wParam), *reinterpret_cast<const RECT *>(lParam)); return 0;
@@ -163,24 +157,24 @@ LRESULT CALLBACK mainWindowProcedure(HWND window, UINT message, WPARAM wParam, L
   return 0;
 }
 
-bool registerWindowClass(HINSTANCE instance) {
+void registerWindowClass(HINSTANCE instance) {
   WNDCLASSEXA windowClass{};
   windowClass.cbSize = sizeof windowClass;
   windowClass.lpfnWndProc = mainWindowProcedure;
   windowClass.hInstance = instance;
-  windowClass.hIcon = LoadIconA(instance, MAKEINTRESOURCEA(kIconResource));
-  windowClass.hIconSm = static_cast<HICON>(LoadImageA(instance, MAKEINTRESOURCEA(kIconResource), IMAGE_ICON,
+  windowClass.hIcon = LoadIconA(instance, MAKEINTRESOURCEA(kProgramIcon));
+  windowClass.hIconSm = static_cast<HICON>(LoadImageA(instance, MAKEINTRESOURCEA(kProgramIcon), IMAGE_ICON,
                                                       GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON), 0));
   windowClass.hCursor = LoadCursorA(nullptr, IDC_ARROW);
   windowClass.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
   windowClass.lpszClassName = kWindowClass;
-  return RegisterClassExA(&windowClass) != 0;
+  RegisterClassExA(&windowClass);
 }
 
 } // namespace
 
 bool createMainWindow(MainWindow &main, ViewerState &viewer, HINSTANCE instance) {
-  if (!registerWindowClass(instance)) return false;
+  registerWindowClass(instance);
   main.viewer = &viewer;
   main.menuBar = buildMenuBar();
   main.window = CreateWindowExA(WS_EX_ACCEPTFILES, kWindowClass, main.shown.caption.c_str(),
@@ -197,6 +191,8 @@ void showMainWindow(MainWindow &main, int showCommand) {
   if (main.window == nullptr) return;
   showFitted(main, showCommand);
   UpdateWindow(main.window);
+  UpdateWindow(main.mainView.window);
+  PostMessageA(main.window, kMakeControls, 0, 0); // dispatched by the loops of menus and dialogs, too
 }
 
 void handleMessage(MainWindow &main, MSG &message) {
@@ -212,7 +208,13 @@ void handleMessage(MainWindow &main, MSG &message) {
       return;
     }
   }
-  if (IsDialogMessageA(main.window, &message)) return; // Tab from control to control
+  if (IsDialogMessageA(main.window, &message)) return; // Tab moves the focus
   TranslateMessage(&message);
   DispatchMessageA(&message);
+}
+
+int runMessageLoop(MainWindow &main) {
+  MSG message;
+  while (GetMessageA(&message, nullptr, 0, 0) > 0) handleMessage(main, message);
+  return static_cast<int>(message.wParam);
 }

@@ -1,10 +1,10 @@
-// The main window: the viewer's WindowModel as Windows shows it.
+// The main window: shows the viewer's WindowModel.
 #pragma once
 
-#include "state/viewer_state.h"
 #include "shell/main_view.h"
 #include "shell/video_buttons.h"
 #include "shell/window_layout.h"
+#include "state/viewer_state.h"
 
 #include <windows.h>
 
@@ -12,13 +12,12 @@
 
 struct MainWindow {
   ViewerState *viewer = nullptr;
-  HWND window = nullptr; // nullptr once destroyed
+  HWND window = nullptr; // nullptr after its destruction
   HMENU menuBar = nullptr;
   MainView mainView;
-  std::array<HWND, 4> labels{}; // Label1 to Label4; nullptr until first needed, as are all below
+  std::array<HWND, 4> labels{}; // Label1 to Label4; nullptr until created, like all controls below
   HWND readout = nullptr;
   HWND readoutSwatch = nullptr;
-  bool labelsMade = false;         // with the read-out
   std::array<HWND, 16> swatches{}; // Label5
   VideoButtons videoButtons;       // Image1 and Image2
   HWND frameBar = nullptr;         // HScroll1
@@ -26,18 +25,19 @@ struct MainWindow {
   HFONT font = nullptr;
   TextMetrics metrics;
 
-  WindowModel shown;            // what the controls show at present
-  DWORD lastEventPass = 0;      // tick count of the last pass over waiting events during a load
-  bool placed = false;          // the window stands in its place for the first time
-  bool fitWhenRestored = false; // MainView changed its size while the window was maximised or minimised
+  WindowModel shown;            // what the controls show
+  DWORD lastEventPass = 0;      // tick count of the last event pass
+  bool fitWhenRestored = false; // MainView was resized while the window was maximised or minimised
 };
 
-// Makes the window with MainView, still hidden. Both records must outlive it. Returns false when the system
-// refuses.
+// Creates the hidden window and MainView; both records must outlive it. Returns false if the system refuses.
 bool createMainWindow(MainWindow &main, ViewerState &viewer, HINSTANCE instance);
 
-// Shows the window for the first time, in the middle of the work area.
+// Shows the window in the centre of the work area, paints the picture, then has the labels made.
 void showMainWindow(MainWindow &main, int showCommand);
 
-// Hands one message of the queue to its window, or to the keyboard of the main window.
+// Runs a key's command, or dispatches the message to its window.
 void handleMessage(MainWindow &main, MSG &message);
+
+// Handles messages until the window is destroyed; returns the exit code.
+int runMessageLoop(MainWindow &main);

@@ -21,10 +21,10 @@ constexpr DWORD kFlags = OFN_FORCESHOWHIDDEN | OFN_ENABLESIZING | OFN_EXPLORER |
                          OFN_NOCHANGEDIR | OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT;
 static_assert(kFlags == 0x1088040E);
 
-// The request record without its last three fields, as older dialogs know it; 76 bytes against 88 in 32-bit programs.
+// Size of the record before its last three fields were added; 76 instead of 88 bytes in 32-bit programs.
 constexpr DWORD kOldRecordBytes = offsetof(OPENFILENAMEA, pvReserved);
 
-// Whether the dialog library has a major version of 5 or more.
+// Whether the major version of the dialog library is at least 5.
 Flag16 commonDialogIsNew() {
   constexpr WORD kNewMajorVersion = 5;
   const HMODULE version = systemLibrary("version.dll");

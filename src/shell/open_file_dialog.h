@@ -5,5 +5,5 @@
 
 #include <string>
 
-// Runs the dialog over `owner`; see PlatformOps::askOpenFileName.
+// Shows the dialog over `owner`; see PlatformOps::askOpenFileName.
 std::string runOpenFileDialog(HWND owner, const std::string &filter, const std::string &initialDirectory);

@@ -6,7 +6,6 @@
 #include "shell/sound_device.h"
 #include "shell/text_dialog.h"
 #include "shell/themed_controls.h"
-#include "shell/window_controls.h"
 #include "shell/window_sync.h"
 #include "video/playback.h"
 
@@ -17,20 +16,17 @@ namespace {
 MainWindow &mainWindowOf(void *context) { return *static_cast<MainWindow *>(context); }
 
 void runPendingEvents(void *context) {
-  // A depacker asks after every line; to look for events that often would take far longer than the depacking.
-  constexpr DWORD kLeastPauseMilliseconds = 5;
+  // Depackers call this after every line: a pass that often would cost far more than depacking.
+  constexpr DWORD kMinPauseMilliseconds = 5;
   MainWindow &main = mainWindowOf(context);
   const DWORD now = GetTickCount();
-  if (main.viewer->loadUnderWay && now - main.lastEventPass < kLeastPauseMilliseconds) return;
+  if (main.viewer->activity == Activity::kLoading && now - main.lastEventPass < kMinPauseMilliseconds) return;
   main.lastEventPass = now;
-  if (main.placed) { // before, there is nothing to see
-    provideLabels(main);
-    syncWindow(main);
-  }
+  if (IsWindowVisible(main.window)) syncWindow(main);
   MSG message;
   while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
     if (message.message == WM_QUIT) {
-      PostQuitMessage(static_cast<int>(message.wParam)); // for the main loop
+      PostQuitMessage(static_cast<int>(message.wParam)); // the main loop ends on it
       return;
     }
     handleMessage(main, message);
@@ -40,7 +36,7 @@ void runPendingEvents(void *context) {
 uint32_t tickCount(void *) { return GetTickCount(); }
 
 void waitForEvents(void *, uint32_t milliseconds) {
-  // cppcheck-suppress nullPointer ; no handles, so none are pointed to
+  // cppcheck-suppress nullPointer ; the count of handles is 0
   MsgWaitForMultipleObjectsEx(0, nullptr, milliseconds, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
 }
 
@@ -49,7 +45,7 @@ void presentPicture(void *context, std::span<const uint32_t> frameBits, int32_t 
   if (main.window != nullptr) setPicture(main.mainView, frameBits, width, height);
 }
 
-// Another program may hold the clipboard for a moment.
+// Retries: another program may have the clipboard open.
 bool openClipboardPatiently(HWND owner) {
   constexpr int kAttempts = 10;
   constexpr DWORD kPauseMilliseconds = 20;
@@ -73,12 +69,12 @@ HGLOBAL globalCopy(std::span<const uint8_t> bytes) {
   return memory;
 }
 
-// Once taken, the memory belongs to the clipboard.
+// On success the clipboard owns the memory.
 bool offer(UINT format, std::span<const uint8_t> bytes) {
   const HGLOBAL memory = globalCopy(bytes);
   if (memory == nullptr) return false;
   if (SetClipboardData(format, memory) != nullptr) return true;
-  // cppcheck-suppress doubleFree ; refused memory is still the program's
+  // cppcheck-suppress doubleFree ; after a failure the program owns it
   GlobalFree(memory);
   return false;
 }
@@ -101,19 +97,18 @@ void showMessage(void *context, const std::string &title, const std::string &tex
   const auto iconFlag = static_cast<UINT>(icon == MessageIcon::kInformation ? MB_ICONINFORMATION
                                           : icon == MessageIcon::kWarning   ? MB_ICONWARNING
                                                                             : 0);
-  provideLabels(main);
-  holdRun(*main.viewer);
+  pausePlayback(*main.viewer);
   const ThemedControls themed;
   MessageBoxA(main.window, text.c_str(), title.c_str(), MB_OK | iconFlag);
-  resumeRun(*main.viewer);
+  resumePlayback(*main.viewer);
 }
 
 void showText(void *context, const std::string &title, const std::string &text) {
   MainWindow &main = mainWindowOf(context);
   syncWindow(main);
-  holdRun(*main.viewer);
+  pausePlayback(*main.viewer);
   showTextDialog(main.window, title, text);
-  resumeRun(*main.viewer);
+  resumePlayback(*main.viewer);
 }
 
 void showPreferences(void *context) {

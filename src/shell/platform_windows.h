@@ -1,8 +1,8 @@
-// What the viewer asks of Windows.
+// PlatformOps for Windows.
 #pragma once
 
-#include "state/platform_ops.h"
 #include "shell/main_window.h"
+#include "state/platform_ops.h"
 
-// The table for that window, which must outlive every call.
+// The table for `main`, which must outlive every call.
 PlatformOps windowsPlatform(MainWindow &main);

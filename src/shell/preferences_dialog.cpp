@@ -32,7 +32,7 @@ void startDialog(HWND dialog, const ViewerState &viewer) {
   int id = kGeneralPreferenceId;
   for (const GeneralPreference &row : kGeneralPreferences) SetDlgItemTextA(dialog, id++, row.caption);
   id = kAssociationId;
-  for (const char *extension : kAssociatedExtensions) SetDlgItemTextA(dialog, id++, extension);
+  for (const Association &row : kAssociations) SetDlgItemTextA(dialog, id++, row.extension);
   putForm(dialog, storedPreferences(viewer));
 }
 

@@ -5,5 +5,5 @@
 
 #include <windows.h>
 
-// Waits until the user has closed it.
+// Shows the dialog; returns when the user closes it.
 void showPreferencesDialog(HWND owner, ViewerState &viewer);

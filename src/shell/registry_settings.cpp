@@ -10,15 +10,20 @@
 
 namespace {
 
-// HKEY_CLASSES_ROOT shows the classes of the user over those of the machine. Only the former can be written without
-// administrator rights, and a key created through the view would go to the latter.
+// HKEY_CLASSES_ROOT merges the classes of the user and of the machine. A key created there belongs to the machine and
+// needs administrator rights, so settings are written to the classes of the user.
 constexpr char kUserClasses[] = "Software\\Classes\\";
 
-constexpr REGSAM kAccess = 0x2003F; // reading and writing
+constexpr REGSAM kReadWrite = KEY_READ | KEY_WRITE | KEY_CREATE_LINK;
+static_assert(kReadWrite == 0x2003F);
 
-// A key of the machine can only be read.
+// Returns without waiting for the desktop.
+constexpr UINT kNotifyFlags = SHCNF_FLUSHNOWAIT & ~SHCNF_FLUSH;
+static_assert(kNotifyFlags == 8192);
+
+// Read-only for a key of the machine.
 HKEY openSetting(const std::string &key) {
-  for (const REGSAM access : {kAccess, REGSAM{KEY_READ}}) {
+  for (const REGSAM access : {kReadWrite, REGSAM{KEY_READ}}) {
     HKEY opened = nullptr;
     if (RegOpenKeyExA(HKEY_CLASSES_ROOT, key.c_str(), 0, access, &opened) == ERROR_SUCCESS) return opened;
   }
@@ -47,11 +52,11 @@ std::string readRegistrySetting(const std::string &key) {
 
 void writeRegistrySetting(const std::string &key, const std::string &value) {
   createSetting(HKEY_CURRENT_USER, kUserClasses + key, value);
-  // Where the view does not show the user's classes.
+  // HKEY_CLASSES_ROOT may not show the classes of the user.
   if (readRegistrySetting(key) != value) createSetting(HKEY_CLASSES_ROOT, key, value);
 }
 
-// With all that stands below it, so that the class of another program does not stay behind in part.
+// Deletes the subtree, so no half of another program's class is left.
 void deleteRegistrySetting(const std::string &key) {
   RegDeleteTreeA(HKEY_CURRENT_USER, (kUserClasses + key).c_str());
   RegDeleteTreeA(HKEY_CLASSES_ROOT, key.c_str());
@@ -59,5 +64,5 @@ void deleteRegistrySetting(const std::string &key) {
 
 void notifyAssociationsChanged() {
   const auto notify = libraryFunction<decltype(SHChangeNotify)>(systemLibrary("shell32.dll"), "SHChangeNotify");
-  if (notify != nullptr) notify(SHCNE_ASSOCCHANGED, 8192, nullptr, nullptr);
+  if (notify != nullptr) notify(SHCNE_ASSOCCHANGED, kNotifyFlags, nullptr, nullptr);
 }

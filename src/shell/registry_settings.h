@@ -1,4 +1,4 @@
-// Settings in the registry of file classes. Each is the unnamed value of a key; see PlatformOps.
+// Settings in the registry: the default value of a key of file classes; see PlatformOps.
 #pragma once
 
 #include <string>

@@ -12,7 +12,7 @@ constexpr DWORD kLoopFlags = SND_ASYNC | SND_MEMORY | SND_LOOP;
 constexpr DWORD kStopFlags = SND_MEMORY | SND_PURGE | SND_NOWAIT;
 static_assert(kLoopFlags == 13 && kStopFlags == 8260);
 
-// The library is loaded with the first sound.
+// Loads the library at the first sound.
 void play(std::span<const uint8_t> image, DWORD flags) {
   static const auto playSound = libraryFunction<decltype(PlaySoundA)>(systemLibrary("winmm.dll"), "PlaySoundA");
   if (playSound != nullptr) playSound(reinterpret_cast<LPCSTR>(image.data()), nullptr, flags);

@@ -1,12 +1,12 @@
 #include "shell/swatches.h"
 
-#include "state/palette.h"
+#include "base/colours.h"
 #include "base/text.h"
 #include "shell/control_ids.h"
 
 namespace {
 
-// A field of that colour in a thin frame; both are painted once, so that nothing flickers.
+// A field of that colour with a border of one pixel. Paints every pixel once: no flicker.
 void drawSwatch(const DRAWITEMSTRUCT &item, uint32_t colour, uint32_t textColour, const std::string &text) {
   RECT field = item.rcItem;
   FrameRect(item.hDC, &field, GetSysColorBrush(COLOR_WINDOWFRAME));
@@ -42,7 +42,7 @@ void drawItem(const MainWindow &main, const DRAWITEMSTRUCT &item) {
     return;
   }
   const WindowModel &model = main.shown;
-  const HGDIOBJ former = SelectObject(item.hDC, main.font);
+  const HGDIOBJ previous = SelectObject(item.hDC, main.font);
   if (item.CtlID == kReadoutId) {
     drawReadout(item, model.readout.text);
   } else if (item.CtlID == kReadoutSwatchId) {
@@ -50,5 +50,5 @@ void drawItem(const MainWindow &main, const DRAWITEMSTRUCT &item) {
   } else if (const size_t index = item.CtlID - kLabel5Id; index < model.Label5.size()) {
     drawSwatch(item, model.Label5[index].background, model.Label5[index].text, std::to_string(index));
   }
-  SelectObject(item.hDC, former);
+  SelectObject(item.hDC, previous);
 }

@@ -1,12 +1,12 @@
-// What the main window draws itself: fields that show a colour, the read-out under the mouse, the buttons of a video.
+// Owner-drawn controls of the main window: swatches, read-out, video buttons.
 #pragma once
 
 #include "shell/main_window.h"
 
 #include <string>
 
-// Name of a swatch for those who cannot see it: "Color 2: #24DA24".
+// Accessible name of a swatch: "Color 2: #24DA24".
 std::string swatchName(size_t index, uint32_t colour);
 
-// Draws one of them as the window's model has it.
+// Draws the control of a WM_DRAWITEM from `main.shown`.
 void drawItem(const MainWindow &main, const DRAWITEMSTRUCT &item);

@@ -2,38 +2,38 @@
 
 #include "shell/control_ids.h"
 #include "shell/themed_controls.h"
+#include "shell/win32_helpers.h"
 #include "shell/window_layout.h"
 
 #include <algorithm>
 
 namespace {
 
-// In quarters of an average character, as dialogs count.
+// In dialog units.
 constexpr UINT kTabStop = 72;
+constexpr LONG kMargin = 7;
+constexpr LONG kButtonWidth = 50;
+constexpr LONG kButtonHeight = 14;
+constexpr LONG kBarWidth = 24;   // scroll bar and borders of the text
+constexpr LONG kTextBorder = 10; // above and below the text
 
 struct TextDialog {
   const std::string &title;
-  std::string text; // lines ended as edit controls want it
+  std::string text; // lines end in "\r\n"
 };
 
-SIZE clientSizeOf(HWND window) {
-  RECT client{};
-  GetClientRect(window, &client);
-  return {client.right, client.bottom};
-}
-
-// A length of the dialog template in pixels.
+// Dialog units to pixels.
 SIZE fromUnits(HWND dialog, LONG width, LONG height) {
   RECT units{0, 0, width, height};
   MapDialogRect(dialog, &units);
   return {units.right, units.bottom};
 }
 
-// The text above, the buttons in the lower right corner.
+// The text above the buttons, which are in the lower right corner.
 void placeDialogControls(HWND dialog) {
   const SIZE client = clientSizeOf(dialog);
-  const SIZE margin = fromUnits(dialog, 7, 7);
-  const SIZE button = fromUnits(dialog, 50, 14);
+  const SIZE margin = fromUnits(dialog, kMargin, kMargin);
+  const SIZE button = fromUnits(dialog, kButtonWidth, kButtonHeight);
   const LONG buttonTop = client.cy - margin.cy - button.cy;
   const LONG closeLeft = client.cx - margin.cx - button.cx;
   MoveWindow(GetDlgItem(dialog, kTextId), margin.cx, margin.cy, client.cx - 2 * margin.cx, buttonTop - 2 * margin.cy,
@@ -42,11 +42,11 @@ void placeDialogControls(HWND dialog) {
   MoveWindow(GetDlgItem(dialog, IDCANCEL), closeLeft, buttonTop, button.cx, button.cy, TRUE);
 }
 
-// As large as the text wants, but no larger than a part of the work area.
+// Sizes the dialog to its text, up to three quarters of the work area, and centres it.
 void sizeDialog(HWND dialog, const std::string &text) {
   const HWND edit = GetDlgItem(dialog, kTextId);
   const HDC screen = GetDC(edit);
-  const HGDIOBJ former = SelectObject(screen, reinterpret_cast<HGDIOBJ>(SendMessageA(edit, WM_GETFONT, 0, 0)));
+  const HGDIOBJ previous = SelectObject(screen, reinterpret_cast<HGDIOBJ>(SendMessageA(edit, WM_GETFONT, 0, 0)));
   const LONG tab = fromUnits(dialog, kTabStop, 0).cx;
   TEXTMETRICA metrics{};
   GetTextMetricsA(screen, &metrics);
@@ -59,22 +59,16 @@ void sizeDialog(HWND dialog, const std::string &text) {
     wanted.cy += metrics.tmHeight;
     start = end + 2;
   }
-  SelectObject(screen, former);
+  SelectObject(screen, previous);
   ReleaseDC(edit, screen);
 
-  MONITORINFO monitor{};
-  monitor.cbSize = sizeof monitor;
-  GetMonitorInfoA(MonitorFromWindow(dialog, MONITOR_DEFAULTTONEAREST), &monitor);
-  const RECT &work = monitor.rcWork;
-  const SIZE around = fromUnits(dialog, 2 * 7 + 24, 3 * 7 + 14 + 10); // margins, scroll bar, buttons
-  const SIZE frame = [dialog] {
-    RECT outer{};
-    GetWindowRect(dialog, &outer);
-    const SIZE client = clientSizeOf(dialog);
-    return SIZE{outer.right - outer.left - client.cx, outer.bottom - outer.top - client.cy};
-  }();
-  const SIZE size{std::min(wanted.cx + around.cx + frame.cx, (work.right - work.left) * 3 / 4),
-                  std::min(wanted.cy + around.cy + frame.cy, (work.bottom - work.top) * 3 / 4)};
+  const RECT work = workAreaOf(dialog);
+  const SIZE around = fromUnits(dialog, 2 * kMargin + kBarWidth, 3 * kMargin + kButtonHeight + kTextBorder);
+  const SIZE outer = windowSizeOf(dialog);
+  const SIZE client = clientSizeOf(dialog);
+  const SIZE workSize = sizeOf(work);
+  const SIZE size{std::min(wanted.cx + around.cx + outer.cx - client.cx, workSize.cx * 3 / 4),
+                  std::min(wanted.cy + around.cy + outer.cy - client.cy, workSize.cy * 3 / 4)};
   const RECT place = centredOnWorkArea(size, work);
   MoveWindow(dialog, place.left, place.top, size.cx, size.cy, FALSE);
 }
@@ -86,7 +80,7 @@ void startDialog(HWND dialog, const TextDialog &content) {
   SetWindowTextA(edit, content.text.c_str());
   sizeDialog(dialog, content.text);
   placeDialogControls(dialog);
-  SetFocus(GetDlgItem(dialog, IDCANCEL)); // in the text all would be selected
+  SetFocus(GetDlgItem(dialog, IDCANCEL)); // the focus would select the whole text
 }
 
 INT_PTR CALLBACK textDialogProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {

@@ -1,9 +1,9 @@
-// A dialog that shows a text which can be selected and copied.
+// A dialog with a text that can be selected and copied.
 #pragma once
 
 #include <windows.h>
 
 #include <string>
 
-// Waits until the user has closed it. Lines end in "\n", columns are parted by tabs.
+// Shows the dialog; returns when the user closes it. Lines end in "\n", tabs separate columns.
 void showTextDialog(HWND owner, const std::string &title, const std::string &text);

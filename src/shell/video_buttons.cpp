@@ -1,25 +1,20 @@
 #include "shell/video_buttons.h"
 
-#include "state/palette.h"
 #include "shell/control_ids.h"
+#include "shell/win32_helpers.h"
 
 #include <algorithm>
-#include <cmath>
-#include <cstdint>
-#include <vector>
 
 namespace {
 
 struct ButtonColours {
-  uint32_t background, disc, sign; // 0x00RRGGBB
+  COLORREF disc, sign;
 };
 
-constexpr uint32_t kDisc = 0x44546A;
-constexpr uint32_t kHoveredDisc = 0x1F6FD0;
-constexpr uint32_t kPressedDisc = 0x123F78;
-constexpr uint32_t kSign = 0xFFFFFF;
-
-uint32_t systemColour(int index) { return swapRedBlue(GetSysColor(index)); }
+constexpr COLORREF kDisc = RGB(0x44, 0x54, 0x6A);
+constexpr COLORREF kHoveredDisc = RGB(0x1F, 0x6F, 0xD0);
+constexpr COLORREF kPressedDisc = RGB(0x12, 0x3F, 0x78);
+constexpr COLORREF kSign = RGB(0xFF, 0xFF, 0xFF);
 
 bool highContrast() {
   HIGHCONTRASTA contrast{};
@@ -29,48 +24,39 @@ bool highContrast() {
 }
 
 ButtonColours coloursOf(bool hovered, bool pressed) {
-  const uint32_t background = systemColour(COLOR_BTNFACE);
   if (highContrast()) {
-    return hovered ? ButtonColours{background, systemColour(COLOR_HIGHLIGHT), systemColour(COLOR_HIGHLIGHTTEXT)}
-                   : ButtonColours{background, systemColour(COLOR_BTNTEXT), background};
+    return hovered ? ButtonColours{GetSysColor(COLOR_HIGHLIGHT), GetSysColor(COLOR_HIGHLIGHTTEXT)}
+                   : ButtonColours{GetSysColor(COLOR_BTNTEXT), GetSysColor(COLOR_BTNFACE)};
   }
-  return {background, pressed ? kPressedDisc : hovered ? kHoveredDisc : kDisc, kSign};
+  return {pressed ? kPressedDisc : hovered ? kHoveredDisc : kDisc, kSign};
 }
 
-// A place in the button, from -1 to 1 in both directions.
-bool inDisc(double x, double y) { return x * x + y * y < 0.95 * 0.95; }
-bool inTriangle(double x, double y) { return x > -0.32 && std::abs(y) < (0.55 - x) * 0.6; }
-bool inSquare(double x, double y) { return std::max(std::abs(x), std::abs(y)) < 0.38; }
-
-uint32_t mixed(uint32_t left, uint32_t right, int rightShare, int whole) {
-  uint32_t colour = 0;
-  for (const int shift : {0, 8, 16}) {
-    const int from = static_cast<int>(left >> shift & 255);
-    const int to = static_cast<int>(right >> shift & 255);
-    colour |= static_cast<uint32_t>(from + (to - from) * rightShare / whole) << shift;
-  }
-  return colour;
+COLORREF halfway(COLORREF left, COLORREF right) {
+  const auto mean = [&](int shift) { return ((left >> shift & 255) + (right >> shift & 255)) / 2 << shift; };
+  return mean(0) | mean(8) | mean(16);
 }
 
-// side x side words, each the mean of a grid of points, so that the edges are smooth.
-std::vector<uint32_t> buttonImage(int side, bool (*inSign)(double, double), const ButtonColours &colours) {
-  constexpr int kGrid = 4;
-  std::vector<uint32_t> image;
-  for (int y = 0; y < side; ++y) {
-    for (int x = 0; x < side; ++x) {
-      int discPoints = 0, signPoints = 0;
-      for (int point = 0; point < kGrid * kGrid; ++point) {
-        const int column = point % kGrid, row = point / kGrid;
-        const double u = (x + (column + 0.5) / kGrid) * 2 / side - 1;
-        const double v = (y + (row + 0.5) / kGrid) * 2 / side - 1;
-        discPoints += inDisc(u, v) ? 1 : 0;
-        signPoints += inSign(u, v) ? 1 : 0;
-      }
-      const uint32_t disc = mixed(colours.background, colours.disc, discPoints, kGrid * kGrid);
-      image.push_back(mixed(disc, colours.sign, signPoints, kGrid * kGrid));
-    }
+// The outline has the mean of the colours on both sides, so the edge looks smooth.
+void chooseColours(HDC screen, COLORREF shape, COLORREF around) {
+  SetDCBrushColor(screen, shape);
+  SetDCPenColor(screen, halfway(shape, around));
+}
+
+// A disc with a triangle (Play) or a square (Stop), centred in side x side pixels.
+void drawShapes(HDC screen, int side, bool play, const ButtonColours &colours) {
+  chooseColours(screen, colours.disc, GetSysColor(COLOR_BTNFACE));
+  Ellipse(screen, 0, 0, side, side);
+  chooseColours(screen, colours.sign, colours.disc);
+  if (play) {
+    const int left = side / 3, right = side * 4 / 5, top = side / 4;
+    const std::array<POINT, 4> corners{
+        {{left, top}, {right, (side - 1) / 2}, {right, side / 2}, {left, side - 1 - top}}};
+    Polygon(screen, corners.data(), static_cast<int>(corners.size()));
+  } else {
+    const int corner = side * 31 / 100;
+    const RECT square{corner, corner, side - corner, side - corner};
+    FillRect(screen, &square, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
   }
-  return image;
 }
 
 void setHovered(VideoButton &button, bool hovered) {
@@ -83,15 +69,11 @@ LRESULT CALLBACK buttonProcedure(HWND window, UINT message, WPARAM wParam, LPARA
   auto &button = *reinterpret_cast<VideoButton *>(GetWindowLongPtrA(window, GWLP_USERDATA));
   if (message == WM_MOUSEMOVE) {
     setHovered(button, true);
-    TRACKMOUSEEVENT leaving{};
-    leaving.cbSize = sizeof leaving;
-    leaving.dwFlags = TME_LEAVE;
-    leaving.hwndTrack = window;
-    TrackMouseEvent(&leaving);
+    requestMouseLeave(window);
   } else if (message == WM_MOUSELEAVE) {
     setHovered(button, false);
   } else if (message == WM_ERASEBKGND) {
-    return 1; // drawing covers the whole button
+    return 1; // WM_DRAWITEM paints every pixel
   }
   return CallWindowProcA(button.firstProcedure, window, message, wParam, lParam);
 }
@@ -112,23 +94,19 @@ void createVideoButtons(VideoButtons &buttons, HWND parent, HINSTANCE instance) 
 }
 
 void showVideoButtons(const VideoButtons &buttons, bool visible) {
-  for (const VideoButton &button : buttons) ShowWindow(button.window, visible ? SW_SHOWNA : SW_HIDE);
+  for (const VideoButton &button : buttons) setVisible(button.window, visible);
 }
 
 void drawVideoButton(const VideoButtons &buttons, const DRAWITEMSTRUCT &item) {
   const bool play = item.CtlID == kImage1Id;
   const bool pressed = (item.itemState & ODS_SELECTED) != 0;
+  const int before = SaveDC(item.hDC);
+  FillRect(item.hDC, &item.rcItem, GetSysColorBrush(COLOR_BTNFACE));
+  SelectObject(item.hDC, GetStockObject(DC_BRUSH));
+  SelectObject(item.hDC, GetStockObject(DC_PEN));
   const int side = std::min(item.rcItem.right, item.rcItem.bottom);
-  const auto image = buttonImage(side, play ? inTriangle : inSquare, coloursOf(buttons[play ? 0 : 1].hovered, pressed));
-  BITMAPINFO info{};
-  info.bmiHeader.biSize = sizeof info.bmiHeader;
-  info.bmiHeader.biWidth = side;
-  info.bmiHeader.biHeight = -side; // top row first
-  info.bmiHeader.biPlanes = 1;
-  info.bmiHeader.biBitCount = 32;
-  const auto sideWords = static_cast<DWORD>(side);
-  SetDIBitsToDevice(item.hDC, 0, 0, sideWords, sideWords, 0, 0, 0, sideWords, image.data(), &info, DIB_RGB_COLORS);
-  if ((item.itemState & ODS_FOCUS) != 0 && (item.itemState & ODS_NOFOCUSRECT) == 0) {
-    DrawFocusRect(item.hDC, &item.rcItem);
-  }
+  drawShapes(item.hDC, side, play, coloursOf(buttons[play ? 0 : 1].hovered, pressed));
+  RestoreDC(item.hDC, before);
+  const bool focused = (item.itemState & ODS_FOCUS) != 0 && (item.itemState & ODS_NOFOCUSRECT) == 0;
+  if (focused) DrawFocusRect(item.hDC, &item.rcItem);
 }

@@ -1,4 +1,4 @@
-// Play and Stop: buttons with images of their own.
+// Play and Stop, owner-drawn buttons.
 #pragma once
 
 #include <windows.h>
@@ -7,17 +7,17 @@
 
 struct VideoButton {
   HWND window = nullptr;
-  WNDPROC firstProcedure = nullptr; // of the system's button
+  WNDPROC firstProcedure = nullptr; // of the button class
   bool hovered = false;
 };
 
 // Play, then Stop.
 using VideoButtons = std::array<VideoButton, 2>;
 
-// Makes both, hidden, as far as the system allows. `buttons` must outlive them.
+// Creates both buttons, hidden; `buttons` must outlive them. A button that the system refuses stays nullptr.
 void createVideoButtons(VideoButtons &buttons, HWND parent, HINSTANCE instance);
 
 void showVideoButtons(const VideoButtons &buttons, bool visible);
 
-// Draws one of them in its present state.
+// Draws the button of a WM_DRAWITEM.
 void drawVideoButton(const VideoButtons &buttons, const DRAWITEMSTRUCT &item);

@@ -2,6 +2,7 @@
 
 #include "shell/control_ids.h"
 #include "shell/themed_controls.h"
+#include "shell/win32_helpers.h"
 #include "shell/window_placement.h"
 
 namespace {
@@ -15,9 +16,7 @@ HWND createStatic(const MainWindow &main, size_t id, DWORD style) {
 
 } // namespace
 
-void provideLabels(MainWindow &main) {
-  if (main.labelsMade || !main.placed || main.window == nullptr) return;
-  main.labelsMade = true;
+void makeLabels(MainWindow &main) {
   constexpr DWORD kLabel = WS_VISIBLE | SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS;
   for (size_t i = 0; i < main.labels.size(); ++i) {
     main.labels[i] = createStatic(main, kLabel1Id + i, kLabel);
@@ -28,7 +27,7 @@ void provideLabels(MainWindow &main) {
   SetWindowTextA(main.readout, main.shown.readout.text.c_str());
   main.readoutSwatch = createStatic(main, kReadoutSwatchId, SS_OWNERDRAW);
   placeControls(main);
-  if (!main.shown.readout.text.empty()) ShowWindow(main.readoutSwatch, SW_SHOWNA);
+  setVisible(main.readoutSwatch, !main.shown.readout.text.empty());
 }
 
 void provideSwatches(MainWindow &main) {

@@ -1,19 +1,18 @@
-// The controls inside of the main window but MainView. They are made when first needed, those that every file needs
-// once the first picture is on the screen: to make them all takes longer than all else until then.
+// The controls of the main window other than MainView, created on first use, and the labels after the first paint:
+// creating all of them would dominate start-up. A control that the system refuses to create stays nullptr.
 #pragma once
 
 #include "shell/main_window.h"
 
-// Texts of the labels.
+// Texts of Label1 to Label4.
 inline constexpr std::array<std::string WindowModel::*, 4> kLabelTexts = {&WindowModel::Label1, &WindowModel::Label2,
                                                                           &WindowModel::Label3, &WindowModel::Label4};
 
-// The labels, with the texts shown at present, and the read-out, in their places; nothing where they are there already,
-// and before the window is shown. What the system refuses to make is missing, here and below.
-void provideLabels(MainWindow &main);
+// Creates and places the labels, with the texts of `main.shown`, and the read-out.
+void makeLabels(MainWindow &main);
 
-// The fields of the palette view, hidden and in their places; nothing where they are there already.
+// Creates and places the swatches of the palette view, hidden. Does nothing if they exist.
 void provideSwatches(MainWindow &main);
 
-// Play, Stop and the frame bar, hidden and still without a place. Returns whether they are new.
+// Creates Play, Stop and the frame bar, hidden and not yet placed. Returns false if they exist.
 bool provideVideoControls(MainWindow &main);

@@ -1,39 +1,39 @@
 #include "shell/window_layout.h"
 
+#include "state/window_model.h"
+
 #include <algorithm>
 
 namespace {
 
-// Distances at 96 dots per inch.
+// Pixels at 96 dots per inch.
 constexpr int kMargin = 8;
 constexpr int kLabelGap = 6;
 constexpr int kRowGap = 2;
-
 constexpr int kFieldGap = 8;
 constexpr int kSwatchPadding = 3;
 constexpr int kButtonSide = 26;
 constexpr int kFrameBarHeight = 17;
 
-// Around the picture inside of MainView, on either side.
-constexpr LONG kFrameWidth = 2;
-
-// Room for the longest texts, in average characters: "00000x00000", "16 bpp", "256 colors".
+// Widths of Label1 to Label3 in average characters, for "00000x00000", "16 bpp", "256 colors".
 constexpr std::array<int, 3> kFieldCharacters = {12, 8, 12};
 
-// Room that the status line has at the least, and that of the read-out: "00000, 00000   color 00   #FFFFFF".
-constexpr int kStatusCharacters = 44;
+// Minimum width of the status line; width of the read-out, for "00000, 00000   color 00   #FFFFFF".
+constexpr int kMinStatusCharacters = 44;
 constexpr int kReadoutCharacters = 34;
 
-int scaled(int distance, const TextMetrics &metrics) { return MulDiv(distance, metrics.dotsPerInch, 96); }
+int scaled(int distance, const TextMetrics &metrics) {
+  return MulDiv(distance, metrics.dotsPerInch, USER_DEFAULT_SCREEN_DPI);
+}
 
-// Two digits and a frame.
+// For two digits.
 int swatchWidth(const TextMetrics &metrics) { return 2 * metrics.characterWidth + 2 * scaled(kSwatchPadding, metrics); }
 
 int rowHeight(const TextMetrics &metrics) { return metrics.lineHeight + scaled(kRowGap, metrics); }
 
 int labelRowsHeight(const TextMetrics &metrics) { return 2 * rowHeight(metrics); }
 
-// The row of Play, Stop and the frame scroll bar, with the gap above it.
+// The row of Play, Stop and the frame bar, with the gap above it.
 int videoRowHeight(const WindowModel &model, const TextMetrics &metrics) {
   return model.HScroll1.visible ? scaled(kLabelGap + kButtonSide, metrics) : 0;
 }
@@ -49,7 +49,7 @@ int fieldsWidth(const TextMetrics &metrics) {
   return width;
 }
 
-// One rectangle after the other, of that width.
+// A rectangle at `left`, which advances by its width.
 RECT nextRectangle(LONG &left, LONG top, int width, int height) {
   const RECT rectangle{left, top, left + width, top + height};
   left += width;
@@ -59,17 +59,17 @@ RECT nextRectangle(LONG &left, LONG top, int width, int height) {
 } // namespace
 
 SIZE pictureAreaOf(const WindowModel &model) {
-  return {model.mainViewWidth - 2 * kFrameWidth, model.mainViewHeight - 2 * kFrameWidth};
+  return {model.mainViewWidth - kViewBorders, model.mainViewHeight - kViewBorders};
 }
 
-SIZE contentSize(const WindowModel &model, const TextMetrics &metrics, LONG mostHeight) {
+SIZE contentSize(const WindowModel &model, const TextMetrics &metrics, LONG maxHeight) {
   const int margin = scaled(kMargin, metrics);
   const int gap = scaled(kFieldGap, metrics);
   const int firstRow = fieldsWidth(metrics) + gap + 16 * swatchWidth(metrics);
   const int secondRow =
-      (kStatusCharacters + kReadoutCharacters) * metrics.characterWidth + 2 * gap + swatchWidth(metrics);
+      (kMinStatusCharacters + kReadoutCharacters) * metrics.characterWidth + 2 * gap + swatchWidth(metrics);
   const LONG height = 2 * margin + model.mainViewHeight + rowsHeight(model, metrics);
-  const LONG viewWidth = model.mainViewWidth + (height > mostHeight ? metrics.scrollBarWidth : 0);
+  const LONG viewWidth = model.mainViewWidth + (height > maxHeight ? metrics.scrollBarWidth : 0);
   return {.cx = 2 * margin + std::max({viewWidth, LONG{firstRow}, LONG{secondRow}}), .cy = height};
 }
 
@@ -77,15 +77,15 @@ WindowLayout layOutWindow(const WindowModel &model, const TextMetrics &metrics, 
   const int margin = scaled(kMargin, metrics);
   const int gap = scaled(kFieldGap, metrics);
   const LONG labelGap = scaled(kLabelGap, metrics);
-  const LONG mostWidth = std::max(LONG{0}, client.cx - 2 * margin);
-  const LONG mostHeight = std::max(LONG{0}, client.cy - 2 * margin - rowsHeight(model, metrics));
-  const LONG height = std::min(LONG{model.mainViewHeight}, mostHeight);
+  const LONG maxWidth = std::max(LONG{0}, client.cx - 2 * margin);
+  const LONG maxHeight = std::max(LONG{0}, client.cy - 2 * margin - rowsHeight(model, metrics));
+  const LONG height = std::min(LONG{model.mainViewHeight}, maxHeight);
   const bool scrolled = height < model.mainViewHeight;
   const LONG wanted = model.mainViewWidth + (scrolled ? metrics.scrollBarWidth : 0);
-  const LONG width = std::min(wanted, mostWidth);
+  const LONG width = std::min(wanted, maxWidth);
 
   WindowLayout layout;
-  const LONG viewLeft = margin + (mostWidth - width) / 2;
+  const LONG viewLeft = margin + (maxWidth - width) / 2;
   layout.mainView = {viewLeft, margin, viewLeft + width, margin + height};
 
   const LONG videoTop = margin + height + labelGap;
@@ -97,7 +97,7 @@ WindowLayout layOutWindow(const WindowModel &model, const TextMetrics &metrics, 
     buttonLeft += gap / 2;
   }
   buttonLeft += gap / 2;
-  layout.frameBar = {buttonLeft, barTop, std::max(buttonLeft, margin + mostWidth),
+  layout.frameBar = {buttonLeft, barTop, std::max(buttonLeft, margin + maxWidth),
                      barTop + scaled(kFrameBarHeight, metrics)};
 
   const LONG firstRow = margin + height + videoRowHeight(model, metrics) + labelGap;

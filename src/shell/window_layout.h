@@ -1,4 +1,4 @@
-// Where the parts of the main window stand. Pure arithmetic, all in device pixels.
+// Positions of the controls of the main window: pure arithmetic in device pixels.
 #pragma once
 
 #include "state/window_model.h"
@@ -7,11 +7,11 @@
 
 #include <array>
 
-// What the layout needs to know about the screen and the label font.
+// Metrics of the screen and of the label font.
 struct TextMetrics {
   int dotsPerInch = 96;
   int lineHeight = 0;
-  int characterWidth = 0; // of an average character
+  int characterWidth = 0; // average
   int scrollBarWidth = 0;
 };
 
@@ -25,20 +25,19 @@ struct WindowLayout {
   RECT readoutSwatch{};
 };
 
-// What MainView shows in full: its size without the frame.
+// MainView's size without its border.
 SIZE pictureAreaOf(const WindowModel &model);
 
-// The client area that shows MainView and all labels in full. Where the screen has less height than that, there is room
-// for a scroll bar beside the picture.
-SIZE contentSize(const WindowModel &model, const TextMetrics &metrics, LONG mostHeight);
+// The client area that shows MainView and all labels in full. If it is higher than `maxHeight`, it is widened by a
+// vertical scroll bar.
+SIZE contentSize(const WindowModel &model, const TextMetrics &metrics, LONG maxHeight);
 
-// MainView at the top, in the middle; below it the controls of a video; below those Label1 to Label3 with the swatches
-// beside them; below those Label4 with the read-out at the right end. In a client area that is too small MainView is
-// cut and the labels stay in sight.
+// From top to bottom: MainView, centred; the controls of a video; Label1 to Label3 and the swatches; Label4 and, at the
+// right end, the read-out. If the client area is too small, MainView shrinks and the labels stay visible.
 WindowLayout layOutWindow(const WindowModel &model, const TextMetrics &metrics, SIZE client);
 
-// `window` made no larger than the work area, then moved onto it by the shortest way.
+// Clamps the size of `window` to the work area, then moves it inside by the shortest way.
 RECT keptOnWorkArea(RECT window, const RECT &workArea);
 
-// A rectangle of that size in the middle of the work area.
+// A rectangle of that size in the centre of the work area.
 RECT centredOnWorkArea(SIZE window, const RECT &workArea);

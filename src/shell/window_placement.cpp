@@ -1,27 +1,12 @@
 #include "shell/window_placement.h"
 
-#include "base/resource_counts.h"
+#include "shell/win32_helpers.h"
 
 #include <algorithm>
 
 namespace {
 
-RECT workAreaOf(HWND window) {
-  MONITORINFO monitor{};
-  monitor.cbSize = sizeof monitor;
-  GetMonitorInfoA(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
-  return monitor.rcWork;
-}
-
-SIZE sizeOf(const RECT &rectangle) { return {rectangle.right - rectangle.left, rectangle.bottom - rectangle.top}; }
-
-SIZE clientSizeOf(HWND window) {
-  RECT client{};
-  GetClientRect(window, &client);
-  return sizeOf(client);
-}
-
-// Client area plus frame, title bar and a menu bar of one row.
+// The client area with frame, title bar and a menu bar of one row.
 SIZE outerSize(const MainWindow &main, SIZE client) {
   RECT outer{0, 0, client.cx, client.cy};
   const auto style = static_cast<DWORD>(GetWindowLongA(main.window, GWL_STYLE));
@@ -41,9 +26,9 @@ void moveWindow(HWND window, const RECT &to, UINT how = kMoveOnly) {
   SetWindowPos(window, HWND_TOP, to.left, to.top, to.right - to.left, to.bottom - to.top, how);
 }
 
-// Within the main window. To move what stands there already would take as long as any other move.
+// Skips SetWindowPos if nothing changes; it is slow even then.
 void moveControl(HWND control, const RECT &to) {
-  if (control == nullptr) return; // not needed so far
+  if (control == nullptr) return; // not created yet
   RECT now{};
   GetWindowRect(control, &now);
   MapWindowPoints(nullptr, GetParent(control), reinterpret_cast<POINT *>(&now), 2);
@@ -60,21 +45,20 @@ RECT placeOnWorkArea(HWND window, SIZE size, bool centred) {
   return centred ? centredOnWorkArea(sizeOf(place), workArea) : place;
 }
 
-// Every move of the window takes long, so it gets its size and its place in one, and is shown by the same where `how`
-// says so.
+// One call sizes, moves and, with SWP_SHOWWINDOW in `how`, shows the window: each call is slow.
 void fitToContent(const MainWindow &main, bool centred, UINT how = kMoveOnly) {
   const SIZE content = contentToShow(main);
   const SIZE outer = outerSize(main, content);
   const RECT place = placeOnWorkArea(main.window, outer, centred);
   moveWindow(main.window, place, how);
-  // The system need not move what it shows by the same call.
+  // SWP_SHOWWINDOW may not have moved it; move it again if so.
   RECT now{};
   GetWindowRect(main.window, &now);
   if (!EqualRect(&now, &place)) moveWindow(main.window, place);
-  // A menu bar that needs several rows takes its room from the client area.
-  const LONG lacking = content.cy - clientSizeOf(main.window).cy;
-  if (lacking <= 0) return;
-  moveWindow(main.window, placeOnWorkArea(main.window, {outer.cx, outer.cy + lacking}, centred));
+  // A menu bar of several rows makes the client area too low.
+  const LONG missing = content.cy - clientSizeOf(main.window).cy;
+  if (missing <= 0) return;
+  moveWindow(main.window, placeOnWorkArea(main.window, {outer.cx, outer.cy + missing}, centred));
 }
 
 } // namespace
@@ -82,26 +66,24 @@ void fitToContent(const MainWindow &main, bool centred, UINT how = kMoveOnly) {
 void releaseFont(MainWindow &main) {
   if (main.font == nullptr) return;
   DeleteObject(main.font);
-  --resourceCounts().fonts;
   main.font = nullptr;
 }
 
 void updateFont(MainWindow &main, UINT dotsPerInch) {
-  NONCLIENTMETRICSW system{}; // the call knows only this form
+  NONCLIENTMETRICSW system{}; // the call exists only for UTF-16
   system.cbSize = sizeof system;
   SystemParametersInfoForDpi(SPI_GETNONCLIENTMETRICS, sizeof system, &system, 0, dotsPerInch);
   const HFONT font = CreateFontIndirectW(&system.lfMessageFont);
   for (const HWND label : main.labels) SendMessageA(label, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
-  InvalidateRect(main.window, nullptr, TRUE); // the fields that the window draws itself
+  InvalidateRect(main.window, nullptr, TRUE); // owner-drawn controls
   releaseFont(main);
   main.font = font;
-  ++resourceCounts().fonts;
 
   TEXTMETRICA text{};
   const HDC screen = GetDC(main.window);
-  const HGDIOBJ former = SelectObject(screen, font);
+  const HGDIOBJ previous = SelectObject(screen, font);
   GetTextMetricsA(screen, &text);
-  SelectObject(screen, former);
+  SelectObject(screen, previous);
   ReleaseDC(main.window, screen);
   main.metrics = {
       .dotsPerInch = static_cast<int>(dotsPerInch),
@@ -125,14 +107,13 @@ void placeControls(MainWindow &main) {
 }
 
 void fitWindow(MainWindow &main) {
-  if (!main.placed) return;
+  if (!IsWindowVisible(main.window)) return;
   main.fitWhenRestored = IsZoomed(main.window) || IsIconic(main.window);
   if (!main.fitWhenRestored) fitToContent(main, main.shown.alwaysCentred);
   placeControls(main);
 }
 
 void showFitted(MainWindow &main, int showCommand) {
-  main.placed = true;
   const bool plainly = showCommand == SW_SHOWNORMAL || showCommand == SW_SHOWDEFAULT;
   fitToContent(main, true, plainly ? SWP_SHOWWINDOW : kMoveOnly);
   placeControls(main);
@@ -142,12 +123,10 @@ void showFitted(MainWindow &main, int showCommand) {
 
 void keepWindowOnWorkArea(const MainWindow &main) {
   if (IsZoomed(main.window) || IsIconic(main.window)) return;
-  RECT place{};
-  GetWindowRect(main.window, &place);
-  moveWindow(main.window, placeOnWorkArea(main.window, sizeOf(place), false));
+  moveWindow(main.window, placeOnWorkArea(main.window, windowSizeOf(main.window), false));
 }
 
-SIZE leastWindowSize(const MainWindow &main) {
+SIZE minWindowSize(const MainWindow &main) {
   const SIZE content = outerSize(main, contentToShow(main));
   const SIZE workArea = sizeOf(workAreaOf(main.window));
   return {std::min(content.cx, workArea.cx), std::min(content.cy, workArea.cy)};

@@ -1,24 +1,24 @@
-// Font, size and place of the main window and its controls on the screen.
+// Font, size and position of the main window and its controls.
 #pragma once
 
 #include "shell/main_window.h"
 
-// Takes over the screen resolution and the system's message font and gives it to the labels.
+// Loads the system's message font for that resolution, sets it in the labels and updates the metrics.
 void updateFont(MainWindow &main, UINT dotsPerInch);
 void releaseFont(MainWindow &main);
 
-// Puts MainView and the labels where the present client area wants them.
+// Lays the controls out for the current client area.
 void placeControls(MainWindow &main);
 
-// Sizes the window around its content and keeps it on the work area of its monitor. A maximised or minimised window is
-// left alone until it is restored, a new one until it is shown.
+// Sizes the window to its content and keeps it on the work area of its monitor. A maximised or minimised window is
+// fitted when it is restored; a hidden one is left alone.
 void fitWindow(MainWindow &main);
 
-// Moves the window back onto the work area, with the size that the user gave it.
+// Moves the window onto the work area and keeps its size.
 void keepWindowOnWorkArea(const MainWindow &main);
 
-// Shows the window for the first time, sized around its content, in the middle of the work area.
+// Shows the window, sized to its content, in the centre of the work area.
 void showFitted(MainWindow &main, int showCommand);
 
-// The least size to which the user may drag the frame.
-SIZE leastWindowSize(const MainWindow &main);
+// Minimum size to which the user can drag the frame.
+SIZE minWindowSize(const MainWindow &main);

@@ -3,6 +3,7 @@
 #include "core/menus.h"
 #include "shell/control_ids.h"
 #include "shell/swatches.h"
+#include "shell/win32_helpers.h"
 #include "shell/window_controls.h"
 #include "shell/window_placement.h"
 
@@ -12,7 +13,7 @@
 
 namespace {
 
-// Nothing for a control that the system refused to make: for it all windows would be redrawn.
+// InvalidateRect(nullptr) repaints every window: skip controls that were not created.
 void redraw(HWND control) {
   if (control != nullptr) InvalidateRect(control, nullptr, FALSE);
 }
@@ -47,10 +48,11 @@ void syncSwatches(MainWindow &main, const WindowModel &model) {
       SetWindowTextA(main.swatches[i], swatchName(i, swatch.background).c_str());
       redraw(main.swatches[i]);
     }
-    if (swatch.visible != shown.visible) ShowWindow(main.swatches[i], swatch.visible ? SW_SHOWNA : SW_HIDE);
+    if (swatch.visible != shown.visible) setVisible(main.swatches[i], swatch.visible);
   }
 }
 
+// Calls for labels that were not created have no effect.
 void syncLabels(const MainWindow &main, const WindowModel &model) {
   for (size_t label = 0; label < kLabelTexts.size(); ++label) {
     const std::string &text = model.*kLabelTexts[label];
@@ -63,7 +65,7 @@ void syncLabels(const MainWindow &main, const WindowModel &model) {
     redraw(main.readout);
   }
   if (readout.colour != main.shown.readout.colour) redraw(main.readoutSwatch);
-  if (visible != !main.shown.readout.text.empty()) ShowWindow(main.readoutSwatch, visible ? SW_SHOWNA : SW_HIDE);
+  if (visible != !main.shown.readout.text.empty()) setVisible(main.readoutSwatch, visible);
 }
 
 void syncVideoControls(MainWindow &main, const WindowModel &model) {
@@ -79,9 +81,9 @@ void syncVideoControls(MainWindow &main, const WindowModel &model) {
     SetScrollInfo(main.frameBar, SB_CTL, &state, TRUE);
   }
   if (bar.visible == shown.visible) return;
-  if (!bar.visible) SetFocus(main.mainView.window); // it may have been on one of them
+  if (!bar.visible) SetFocus(main.mainView.window); // the controls to be hidden may have the focus
   showVideoButtons(main.videoButtons, model.Image1.visible);
-  ShowWindow(main.frameBar, bar.visible ? SW_SHOWNA : SW_HIDE);
+  setVisible(main.frameBar, bar.visible);
 }
 
 void syncViewMenu(const MainWindow &main, const WindowModel &model) {
@@ -103,7 +105,7 @@ void syncWindow(MainWindow &main) {
   const WindowModel &model = main.viewer->window;
 
   if (model.caption != main.shown.caption) SetWindowTextA(main.window, model.caption.c_str());
-  if (main.labelsMade) syncLabels(main, model);
+  syncLabels(main, model);
   syncSwatches(main, model);
   syncVideoControls(main, model);
   syncMenuItems(main, model);
@@ -114,9 +116,9 @@ void syncWindow(MainWindow &main) {
                        model.mainViewHeight != main.shown.mainViewHeight ||
                        model.HScroll1.visible != main.shown.HScroll1.visible;
   const bool redrawn = model.pictureSerial != main.shown.pictureSerial || model.stretch != main.shown.stretch;
-  // Resizing brings in further messages, for which this model is then the one shown.
+  // Assigned before resizing, which sends messages that read `shown`.
   main.shown = model;
   if (redrawn) redrawPicture(main.mainView, model.stretch, pictureAreaOf(model));
   if (resized || recentred) fitWindow(main);
-  if (redrawn && main.placed) updateScrollBars(main.mainView);
+  if (redrawn && IsWindowVisible(main.window)) updateScrollBars(main.mainView);
 }

@@ -1,8 +1,8 @@
-// Brings the window up to date with the viewer.
+// Synchronises the window with the viewer.
 #pragma once
 
 #include "shell/main_window.h"
 
-// Compares the viewer's WindowModel with what was last shown and changes only what differs.
-// Does nothing once the window is destroyed.
+// Compares the viewer's WindowModel with `main.shown` and updates the controls that differ. Does nothing after the
+// window's destruction.
 void syncWindow(MainWindow &main);

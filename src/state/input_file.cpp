@@ -35,10 +35,11 @@ uint8_t readByte(const InputFile &file, int64_t position) {
 }
 
 bool beginsWith(const InputFile &file, std::string_view letters) {
-  for (size_t i = 0; i < letters.size(); ++i) {
-    if (readByte(file, static_cast<int64_t>(i) + 1) != static_cast<uint8_t>(letters[i])) return false;
-  }
-  return true;
+  std::array<uint8_t, 16> bytes{};
+  const auto start = std::span(bytes).first(letters.size());
+  readBytes(file, 1, start);
+  return std::equal(start.begin(), start.end(), letters.begin(),
+                    [](uint8_t byte, char letter) { return byte == static_cast<uint8_t>(letter); });
 }
 
 uint16_t readWord(const InputFile &file, int64_t position) {

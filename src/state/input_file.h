@@ -1,4 +1,4 @@
-// The one current input file, read by 1-based position the way the formats count.
+// The current input file, read by 1-based position as the formats count.
 #pragma once
 
 #include "base/file_ops.h"
@@ -13,7 +13,7 @@ struct InputFile {
   FileHandle handle = nullptr; // nullptr while closed
 };
 
-// Closes what was open and opens `path`. Returns false, with the file closed, when that fails.
+// Closes the old file and opens `path`. Returns false, with the file closed, on failure.
 bool openInputFile(InputFile &file, const FileOps &files, const std::string &path);
 
 void closeInputFile(InputFile &file);
@@ -21,21 +21,21 @@ void closeInputFile(InputFile &file);
 // Length in bytes; 0 while closed.
 int64_t inputFileLength(const InputFile &file);
 
-// Fills `into` from `position` (1-based) onward, with zeros where the file has no more bytes.
-// Returns how many bytes came from the file. A position below 1 gives zeros only.
+// Fills `into` from `position` (1-based) on, with zeros past the end of the file and for a position below 1.
+// Returns how many bytes the file had.
 size_t readBytes(const InputFile &file, int64_t position, std::span<uint8_t> into);
 
-// The same, but what the file does not give keeps its value.
+// The same, but bytes past the end of the file keep their value.
 size_t readAvailableBytes(const InputFile &file, int64_t position, std::span<uint8_t> into);
 
-// The byte at `position`, zero past the end.
+// The byte at `position`; 0 past the end.
 uint8_t readByte(const InputFile &file, int64_t position);
 
-// Whether the file begins with these letters.
+// Whether the file begins with these letters, at most 16.
 bool beginsWith(const InputFile &file, std::string_view letters);
 
-// The little-endian word at `position`, as the signed number that header bounds are compared with.
+// The little-endian word at `position`, -32768 to 32767.
 int16_t readSignedWord(const InputFile &file, int64_t position);
 
-// The same word as a number from 0 to 65535.
+// The same word unsigned, 0 to 65535.
 uint16_t readWord(const InputFile &file, int64_t position);

@@ -6,11 +6,12 @@
 namespace {
 
 constexpr size_t kStandardEntries = 16;
-constexpr int32_t kBytesPerEntry = 2;
-constexpr uint8_t kHighestLevel = 7;
+constexpr size_t kBytesPerEntry = 2;
+constexpr uint8_t kMaxLevel = 7;
 
-// The V9938's standard colours with truncated levels (2 is 72, 4 is 145, 6 is 218), so that they differ from file
-// colours, which are rounded: intended. Entry 1 is a very dark grey that can be told from entry 0: intended.
+// The V9938's standard colours. Levels are truncated (2 is 72, 4 is 145, 6 is 218) while file colours are rounded:
+// intended, so a standard palette can be told from a stored one. Entry 1 is a very dark grey: intended, in the read-out
+// it differs from entry 0.
 // clang-format off
 constexpr std::array<uint32_t, kStandardEntries> kDefaultPalette{
     packColour(  0,   0,   0), packColour(  8,   8,   8), packColour( 36, 218,  36), packColour(109, 255, 109),
@@ -19,8 +20,17 @@ constexpr std::array<uint32_t, kStandardEntries> kDefaultPalette{
     packColour( 36, 145,  36), packColour(218,  72, 182), packColour(182, 182, 182), packColour(255, 255, 255),
 };
 
+// clang-format on
+
+constexpr std::array<uint8_t, kMaxLevel + 1> kLevels{0, 36, 73, 109, 146, 182, 219, 255};
+
+bool redBlueValid(uint8_t redBlue) { return (redBlue >> 4) <= kMaxLevel && (redBlue & 0x0F) <= kMaxLevel; }
+
+} // namespace
+
+// clang-format off
 // Each channel is off, half or full.
-constexpr std::array<uint32_t, kStandardEntries> kSymbosPalette{
+constexpr std::array<uint32_t, 16> kSymbosPalette{
     packColour(255, 255, 145), packColour(  0,   0,   0), packColour(255, 145,   0), packColour(145,   0,   0),
     packColour(  0, 255, 255), packColour(  0,   0, 145), packColour(145, 145, 255), packColour(  0,   0, 255),
     packColour(255, 255, 255), packColour(  0, 145,   0), packColour(  0, 255,   0), packColour(255,   0, 255),
@@ -28,51 +38,41 @@ constexpr std::array<uint32_t, kStandardEntries> kSymbosPalette{
 };
 // clang-format on
 
-constexpr std::array<uint8_t, kHighestLevel + 1> kLevels{0, 36, 73, 109, 146, 182, 219, 255};
-
-bool redBlueValid(uint8_t redBlue) { return (redBlue >> 4) <= kHighestLevel && (redBlue & 0x0F) <= kHighestLevel; }
-
-} // namespace
-
 uint8_t fileLevel(int level) { return kLevels[static_cast<size_t>(level)]; }
 
 std::optional<uint32_t> fileColour(uint8_t redBlue, uint8_t green) {
-  if (!redBlueValid(redBlue) || green > kHighestLevel) return std::nullopt;
+  if (!redBlueValid(redBlue) || green > kMaxLevel) return std::nullopt;
   return packColour(fileLevel(redBlue >> 4), fileLevel(green), fileLevel(redBlue & 0x0F));
 }
 
 bool hasShortPalette(const ViewerState &viewer) {
-  return viewer.hasPalette == kTrue && viewer.colourCount <= kShortPaletteEntries;
+  return viewer.picture.hasPalette == kTrue && viewer.picture.colourCount <= kShortPaletteEntries;
 }
 
 void setDefaultPalette(ViewerState &viewer) {
   std::copy(kDefaultPalette.begin(), kDefaultPalette.end(), viewer.palette.begin());
 }
 
-const std::array<uint32_t, 16> &symbosPalette() { return kSymbosPalette; }
-
-void setSymbosPalette(ViewerState &viewer) {
-  std::copy(kSymbosPalette.begin(), kSymbosPalette.end(), viewer.palette.begin());
+size_t takeFileColours(ViewerState &viewer, std::span<const uint8_t> bytes) {
+  uint32_t sum = 0; // 256 words below 2^24 fit 32 bits
+  const size_t count = bytes.size() / kBytesPerEntry;
+  for (size_t i = 0; i < count; ++i) {
+    const auto colour = fileColour(bytes[i * kBytesPerEntry], bytes[i * kBytesPerEntry + 1]);
+    if (!colour) return i;
+    viewer.palette[i] = *colour;
+    sum += *colour;
+  }
+  if (sum == 0) setDefaultPalette(viewer); // the file was saved without a palette
+  return count;
 }
 
 void readFilePalette(ViewerState &viewer) {
-  std::array<uint8_t, kPaletteEntries * kBytesPerEntry> bytes{};
-  const size_t count = viewer.colourCount;
-  readBytes(viewer.inputFile, viewer.paletteFilePos, std::span(bytes).first(count * kBytesPerEntry));
-
-  uint32_t sum = 0;
-  for (size_t i = 0; i < count; ++i) {
-    const uint8_t redBlue = bytes[i * kBytesPerEntry];
-    const uint8_t green = bytes[i * kBytesPerEntry + 1];
-    const auto colour = fileColour(redBlue, green);
-    if (!colour) {
-      if (redBlueValid(redBlue)) viewer.paletteFilePos += 1;
-      setDefaultPalette(viewer);
-      return;
-    }
-    viewer.paletteFilePos += kBytesPerEntry;
-    viewer.palette[i] = *colour;
-    sum += *colour; // at most 256 words below 2^24: stays below 2^32
-  }
-  if (sum == 0) setDefaultPalette(viewer); // saved without a palette
+  std::array<uint8_t, kPaletteEntries * kBytesPerEntry> buffer{};
+  const auto bytes = std::span(buffer).first(size_t{viewer.colourCount} * kBytesPerEntry);
+  readBytes(viewer.inputFile, viewer.paletteFilePos, bytes);
+  const size_t valid = takeFileColours(viewer, bytes) * kBytesPerEntry;
+  viewer.paletteFilePos += static_cast<int32_t>(valid);
+  if (valid == bytes.size()) return;
+  if (redBlueValid(bytes[valid])) viewer.paletteFilePos += 1;
+  setDefaultPalette(viewer);
 }

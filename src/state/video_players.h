@@ -1,4 +1,4 @@
-// The records of the two video players and of the sound track.
+// Records of the two video players, of a run, and of the sound track.
 #pragma once
 
 #include "base/numbers.h"
@@ -8,62 +8,58 @@
 #include <cstdint>
 #include <vector>
 
-// How `framePixels` is to be read, laid out as the header of a device-independent bitmap.
-struct FrameHeader {
-  uint32_t headerBytes = 40;
-  int32_t width = 0;  // pixels
-  int32_t height = 0; // lines; negative: top row first
-  uint16_t planes = 1;
-  uint16_t bitsPerPixel = 32;
-  uint32_t compression = 0;
-  uint32_t imageBytes = 0;
-  std::array<uint32_t, 4> leftOpen{}; // resolution and colours
+struct ViewerState;
+
+// The player of the open video as a table.
+struct VideoPlayer {
+  bool hasSound;
+  int32_t (*frames)(const ViewerState &viewer);
+  int32_t (*rate)(const ViewerState &viewer); // frames a second as stored in the file
+  // Sets the window up for the open file and shows frame 0. Returns false, with the error shown, on failure.
+  bool (*open)(ViewerState &viewer);
+  // Reads and shows the scroll bar's frame.
+  void (*show)(ViewerState &viewer);
+  // Reads and shows `currentFrame` during a run.
+  void (*play)(ViewerState &viewer);
 };
-static_assert(sizeof(FrameHeader) == 40);
+
+// The current frame and its run.
+struct VideoRun {
+  int32_t currentFrame = 0;
+  int32_t startFrame = 0;
+  uint32_t startTicks = 0; // tick count at the start of the run
+  uint32_t heldTicks = 0;  // tick count at which the run was paused
+};
 
 struct EvaPlayer {
-  Flag16 fileOpen = kFalse;
-  Flag16 tablesReady = kFalse; // the tables and `frameHeader` are filled
+  Flag16 tablesReady = kFalse; // `framePixels` and `rgbColourTable` are filled
   int32_t frameCount = 0;
-  int16_t framesPerSecond = 0; // 12 or 10; 0 before the first file
-  Flag16 isRgb = kFalse;       // frames of Screen 8 bytes, otherwise of YJK groups
-  int32_t currentFrame = 0;    // read or shown
-  int32_t startFrame = 0;      // of the run
-  uint32_t startTicks = 0;     // milliseconds, at the start of the run
-  Flag16 playing = kFalse;
-  Flag16 soundPending = kFalse;           // the run has no sound yet; nothing is drawn meanwhile
-  std::vector<uint8_t> videoRing = {};    // frame f from (f mod framesPerSecond) * bytes of a frame on
+  int16_t framesPerSecond = 0;            // 12 or 10; 0 before the first file
+  Flag16 isRgb = kFalse;                  // frames of Screen 8 bytes, otherwise of YJK groups
+  Flag16 soundPending = kFalse;           // the run has not started its sound yet; nothing is drawn until then
   std::vector<uint32_t> framePixels = {}; // 0x00RRGGBB, top row first
-  FrameHeader frameHeader = {};
-  std::vector<uint32_t> lumaTable = {};      // by byte
-  std::vector<uint32_t> chromaTable = {};    // by first byte * 256 + second
-  std::vector<uint32_t> yjkColourTable = {}; // by (K * 64 + J) * 32 + Y
-  std::vector<uint32_t> rgbColourTable = {}; // by byte
+  std::array<uint32_t, 256> rgbColourTable{};
 };
 
 struct VidPlayer {
-  Flag16 fileOpen = kFalse;
-  Flag16 headerReady = kFalse; // `frameHeader` is filled; only paging clears it, so that a file opened in another way
-                               // is shown in the size of the one before: intended
+  Flag16 headerReady = kFalse; // `shownWidth` and `shownHeight` are filled. Only paging clears it, so a file opened
+                               // otherwise keeps the last size: intended, videos of a series have one size
+  int32_t shownWidth = 0;      // pixels of a row of `framePixels`
+  int32_t shownHeight = 0;
   int16_t framesPerSecond = 0;
   int32_t frameCount = 0;
   int16_t width = 0;
   int16_t height = 0;
-  int16_t colourCode = 0; // 1: 4 colours, 7: 16 colours
-  int32_t frameSize = 0;  // bytes
-  int32_t currentFrame = 0;
-  int32_t startFrame = 0;
-  uint32_t startTicks = 0;
-  Flag16 playing = kFalse;
+  int16_t colourCode = 0;              // 1: 4 colours, 7: 16 colours
+  int32_t frameSize = 0;               // bytes
   std::vector<uint8_t> frameData = {}; // frameSize + 1 bytes
   std::vector<uint32_t> framePixels = {};
-  std::array<uint32_t, 256> palette{};
-  FrameHeader frameHeader = {};
+  std::array<uint32_t, 16> palette{};
 };
 
-// WAVE files in memory. The sound device plays them where they stand, so they never move.
+// WAVE files in memory. The sound device plays them in place: they never move.
 struct SoundImages {
-  std::array<uint8_t, 15794> looping{}; // one second of a video's sound, written while it plays
+  std::array<uint8_t, 15794> looping{}; // one second of sound, written during playback
   size_t loopingBytes = 0;              // in use; 0 before the first video with sound
   std::array<uint8_t, 88> silence{};
 };

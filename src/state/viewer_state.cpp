@@ -1,25 +1,33 @@
 #include "state/viewer_state.h"
 
-std::string openedPath(const ViewerState &viewer) { return viewer.folderPath + viewer.fileName; }
+#include <algorithm>
 
-bool videoOpen(const ViewerState &viewer) {
-  return viewer.evaPlayer.fileOpen == kTrue || viewer.vidPlayer.fileOpen == kTrue;
-}
-
-bool videoPlaying(const ViewerState &viewer) {
-  return viewer.evaPlayer.playing == kTrue || viewer.vidPlayer.playing == kTrue;
-}
+constexpr FileKind kNoKind = {"", "", nullptr};
 
 ViewerState::ViewerState(VideoMemory &&oldVram, VideoMemory &&oldPackedData, std::vector<uint32_t> &&oldFrame)
     : vram(std::move(oldVram)), packedData(std::move(oldPackedData)), frameBits(std::move(oldFrame)) {
   frameBits.clear();
 }
 
-void stopPlayback(ViewerState &viewer) {
-  viewer.evaPlayer.playing = kFalse;
-  viewer.vidPlayer.playing = kFalse;
-}
-
 size_t pixelCountOf(const ViewerState &viewer) {
   return static_cast<size_t>(viewer.imageWidth) * static_cast<size_t>(viewer.imageHeight);
+}
+
+std::string openedPath(const ViewerState &viewer) { return viewer.folderPath + viewer.fileName; }
+
+void takePicture(ViewerState &viewer) {
+  viewer.pictureKind = viewer.kind;
+  viewer.picture = descriptionOf(viewer);
+  viewer.picturePath = openedPath(viewer);
+  viewer.pictureShown = kTrue;
+}
+
+void blacken(ViewerState &viewer) { std::fill(viewer.frameBits.begin(), viewer.frameBits.end(), 0U); }
+
+bool videoPlaying(const ViewerState &viewer) {
+  return viewer.activity == Activity::kPlaying && viewer.request.kind == Request::kNone;
+}
+
+void requestAfterwards(ViewerState &viewer, const Request &request) {
+  if (viewer.request.kind != Request::kExit) viewer.request = request;
 }

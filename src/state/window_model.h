@@ -1,5 +1,5 @@
-// All that the main window shows, as data. The core writes it at the step that a behaviour names and never works it out
-// afterwards, so after a failed load the old values stand. The shell compares it with what it last showed.
+// The main window as data. The core writes each field at a fixed step and never derives it afterwards, so a failed load
+// keeps the old values. The shell compares it with what it last showed.
 #pragma once
 
 #include <array>
@@ -18,7 +18,7 @@ struct Swatch {
   uint32_t text = 0;
 };
 
-// The frame scroll bar of a video; it runs from 0 to `maximum`.
+// The frame scroll bar of a video, from 0 to `maximum`.
 struct ScrollBar {
   bool visible = false;
   int32_t maximum = 0;
@@ -35,7 +35,7 @@ struct Stretch {
   bool operator==(const Stretch &) const = default;
 };
 
-// What the picture holds under the mouse; no text while the mouse is elsewhere.
+// The pixel under the mouse; no text while the mouse is elsewhere.
 struct ColourReadout {
   std::string text;
   uint32_t colour = 0; // 0x00RRGGBB
@@ -79,13 +79,23 @@ struct WindowModel {
   ImageButton Image2; // Stop
   ScrollBar HScroll1;
 
-  bool alwaysCentred = false; // each fitting of the window puts it in the middle of the work area
+  bool alwaysCentred = false; // fitting the window centres it in the work area
 
-  // Outer size of the picture area in pixels; a frame of two pixels runs around the inside of it.
+  // Outer size of the picture area in pixels, with its border.
   int32_t mainViewWidth = 0;
   int32_t mainViewHeight = 0;
   Stretch stretch;
 
-  // Goes up whenever the picture area has to be drawn anew, also where no size changed.
+  // Incremented to request a repaint, even at the same size.
   uint32_t pictureSerial = 0;
 };
+
+// MainView's border: 2 pixels on each side.
+inline constexpr int32_t kViewBorder = 2;
+inline constexpr int32_t kViewBorders = 2 * kViewBorder;
+
+// Unchecks View Palette and hides its swatches.
+void hideSwatches(WindowModel &window);
+
+// Enables the commands that need a picture.
+void enablePictureCommands(WindowModel &window);

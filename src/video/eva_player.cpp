@@ -1,9 +1,11 @@
 #include "video/eva_player.h"
 
-#include "state/palette.h"
+#include "base/colours.h"
+#include "base/paths.h"
 #include "base/text.h"
-#include "screens/byte_pixels.h"
 #include "pixels/pixel_kernels.h"
+#include "state/labels.h"
+#include "state/platform_calls.h"
 #include "video/playback.h"
 #include "video/sound_track.h"
 #include "video/video_mode.h"
@@ -11,12 +13,11 @@
 #include <algorithm>
 #include <cstring>
 
-// A file is a row of blocks of 15360 bytes, a frame each, without any header; two bytes in the unused end of block 0
-// say what the video is:
+// A file is a list of blocks of 15360 bytes, one per frame, without a header. Two bytes in the unused end of block 0:
 //   15343   8: Screen 8 bytes; else YJK groups
 //   15359   5: 12 frames a second; 6: 10 frames a second
-// A block at 12 frames a second: 106 lines of 140 bytes, in each eleven times 1 sound sample and 11 video bytes, then
-// 1 sample and 7 video bytes; behind the lines 40 more samples.
+// A block at 12 frames a second: 106 lines of 140 bytes, each of 11 times 1 sound sample and 11 video bytes, then
+// 1 sample and 7 video bytes; then 40 samples.
 // A block at 10 frames a second: 13568 video bytes, then 1575 samples.
 // Video bytes: 106 lines of 32 groups of 4 pixels. YJK: luminance in bits 7-3, K in bits 2-0 of the first two bytes,
 // J in those of the last two. Screen 8: green in bits 7-5, red in 4-2, blue in 1-0.
@@ -30,58 +31,21 @@ constexpr uint8_t kScreen8Kind = 8;
 constexpr uint8_t kRate12 = 5;
 constexpr uint8_t kRate10 = 6;
 
-constexpr size_t kFrameBytes = size_t{kEvaWidth} * kEvaHeight;
-constexpr size_t kMostSlots = 12;
+constexpr size_t kFrameBytes = std::tuple_size_v<EvaFrame>;
 
-// A line of a block at 12 frames a second; a sample goes before each group.
+// A line of a block at 12 frames a second; a sample precedes each group.
 constexpr size_t kLineGroups = 11;
 constexpr size_t kGroupVideoBytes = 11;
 constexpr size_t kLastGroupVideoBytes = 7;
 
-constexpr int kLumaLevels = 32;
-constexpr int kChromaLevels = 64;
-
-int signedChroma(int value) { return value > 31 ? value - kChromaLevels : value; }
-
-uint32_t level(int32_t sum) { return static_cast<uint32_t>(std::clamp(sum, 0, kLumaLevels - 1)) * 8; }
-
-// Unlike that of a still picture, blue is a whole level: intended.
-uint32_t yjkColour(int k, int j, int y) {
-  return packColour(level(y + j), level(y + k), level(roundHalfEven(1.25 * y - j / 2.0 - k / 4.0)));
-}
-
-void runEvents(const ViewerState &viewer) { viewer.platform.runPendingEvents(viewer.platform.context); }
-
-// The window stays alive between the groups of tables.
-void buildTables(ViewerState &viewer) {
-  EvaPlayer &eva = viewer.evaPlayer;
-  eva.yjkColourTable.reserve(size_t{kChromaLevels} * kChromaLevels * kLumaLevels);
-  for (int k = 0; k < kChromaLevels; ++k) {
-    for (int j = 0; j < kChromaLevels; ++j) {
-      for (int y = 0; y < kLumaLevels; ++y)
-        eva.yjkColourTable.push_back(yjkColour(signedChroma(k), signedChroma(j), y));
-    }
-  }
-  runEvents(viewer);
-  for (uint32_t byte = 0; byte < 256; ++byte) eva.lumaTable.push_back(byte >> 3);
-  for (uint32_t high = 0; high < 256; ++high) {
-    for (uint32_t low = 0; low < 256; ++low) eva.chromaTable.push_back((high & 7) + (low & 7) * 8);
-  }
-  runEvents(viewer);
-  for (uint32_t byte = 0; byte < 256; ++byte) {
-    eva.rgbColourTable.push_back(packColour((byte & 28) * 8, byte & 224, (byte & 3) * 64));
-  }
-  runEvents(viewer);
-}
-
-void prepare(ViewerState &viewer) {
-  EvaPlayer &eva = viewer.evaPlayer;
+// Fills the tables at the first file.
+void prepare(EvaPlayer &eva) {
   if (eva.tablesReady == kTrue) return;
   eva.tablesReady = kTrue;
-  eva.videoRing.resize(kMostSlots * kFrameBytes);
   eva.framePixels.resize(kFrameBytes);
-  eva.frameHeader = {.width = kEvaWidth, .height = -kEvaHeight, .imageBytes = kFrameBytes * sizeof(uint32_t)};
-  buildTables(viewer);
+  for (uint32_t byte = 0; byte < eva.rgbColourTable.size(); ++byte) {
+    eva.rgbColourTable[byte] = packColour((byte & 28) * 8, byte & 224, (byte & 3) * 64);
+  }
 }
 
 void takeRate(ViewerState &viewer) {
@@ -89,10 +53,6 @@ void takeRate(ViewerState &viewer) {
   if (code != kRate12 && code != kRate10) return;
   viewer.evaPlayer.framesPerSecond = code == kRate12 ? 12 : 10;
   sizeSoundImage(viewer);
-}
-
-uint8_t *ringSlot(EvaPlayer &eva) {
-  return eva.videoRing.data() + static_cast<size_t>(eva.currentFrame % eva.framesPerSecond) * kFrameBytes;
 }
 
 void takeBlock12(const uint8_t *block, uint8_t *video, std::span<uint8_t> sound) {
@@ -115,109 +75,84 @@ void takeBlock10(const uint8_t *block, uint8_t *video, std::span<uint8_t> sound)
   std::copy_n(block + kFrameBytes, sound.size(), sound.begin());
 }
 
-void decodeYjk(EvaPlayer &eva) {
-  const auto draw = pixelKernels().wholeYjk;
-  const std::span<const uint8_t> frame(ringSlot(eva), kFrameBytes);
-  if (draw != nullptr)
-    draw(frame.data(), frame.size() / kGroupPixels, eva.framePixels.data());
-  else
-    drawYjkByTables(eva, frame, eva.framePixels.data());
-}
-
-void decodeRgb(EvaPlayer &eva) {
-  pixelKernels().grb332(ringSlot(eva), kFrameBytes, eva.rgbColourTable.data(), eva.framePixels.data());
-}
-
-void decodeAndDraw(ViewerState &viewer, bool rgb) {
+// Draws nothing until the run has started its sound.
+void decodeAndDraw(ViewerState &viewer, const EvaFrame &video, bool rgb) {
   EvaPlayer &eva = viewer.evaPlayer;
   if (eva.soundPending == kTrue) return;
-  rgb ? decodeRgb(eva) : decodeYjk(eva);
-  drawVideoFrame(viewer, eva.framePixels, eva.frameHeader);
-}
-
-} // namespace
-
-void drawYjkByTables(const EvaPlayer &eva, std::span<const uint8_t> source, uint32_t *target) {
-  const uint32_t *luma = eva.lumaTable.data();
-  const uint32_t *chroma = eva.chromaTable.data();
-  for (; source.size() >= kGroupPixels; source = source.subspan(kGroupPixels), target += kGroupPixels) {
-    const size_t k = chroma[source[0] * 256U + source[1]];
-    const size_t j = chroma[source[2] * 256U + source[3]];
-    const uint32_t *colours = eva.yjkColourTable.data() + (k * kChromaLevels + j) * kLumaLevels;
-    for (size_t i = 0; i < kGroupPixels; ++i) target[i] = colours[luma[source[i]]];
+  if (rgb) {
+    pixelKernels().grb332(video.data(), kFrameBytes, eva.rgbColourTable.data(), eva.framePixels.data());
+  } else {
+    pixelKernels().videoYjk(video.data(), kFrameBytes / kGroupPixels, eva.framePixels.data());
   }
+  drawVideoFrame(viewer, {eva.framePixels, kEvaWidth, kEvaHeight});
 }
 
-bool evaRateKnown(const ViewerState &viewer) {
-  const uint8_t code = readByte(viewer.inputFile, kRatePos);
-  return code == kRate12 || code == kRate10 || viewer.evaPlayer.framesPerSecond != 0;
+int32_t frames(const ViewerState &viewer) { return viewer.evaPlayer.frameCount; }
+
+int32_t rate(const ViewerState &viewer) { return viewer.evaPlayer.framesPerSecond; }
+
+void showFrame(ViewerState &viewer) {
+  const EvaPlayer &eva = viewer.evaPlayer;
+  const int32_t frame = viewer.run.currentFrame = viewer.window.HScroll1.value;
+  const std::string digits = " " + std::to_string(eva.framesPerSecond);
+  viewer.window.Label4 = frame < 1 ? "EVA [" + std::string(lastCharacters(digits, 2)) + "fps]" : frameText(frame);
+  EvaFrame video;
+  readEvaFrame(viewer, video);
+  decodeAndDraw(viewer, video, eva.isRgb == kTrue);
 }
 
-void openEva(ViewerState &viewer, const std::string &path) {
-  constexpr size_t kExtensionLetters = 3;
+void playFrame(ViewerState &viewer) {
   EvaPlayer &eva = viewer.evaPlayer;
-  prepare(viewer);
-  runEvents(viewer);
+  EvaFrame video;
+  readEvaFrame(viewer, video);
+  if (eva.soundPending == kTrue && viewer.run.currentFrame == viewer.run.startFrame + 1) {
+    startSound(viewer);
+    eva.soundPending = kFalse;
+  }
+  // A run at 10 frames a second draws every frame as YJK: intended, films of that rate are YJK.
+  decodeAndDraw(viewer, video, eva.isRgb == kTrue && eva.framesPerSecond == kSound12.framesPerSecond);
+}
+
+bool open(ViewerState &viewer) {
+  EvaPlayer &eva = viewer.evaPlayer;
+  prepare(eva);
+  runPendingEvents(viewer);
   eva.frameCount = roundHalfEven(static_cast<double>(inputFileLength(viewer.inputFile)) / kBlockBytes);
   takeRate(viewer);
+  // Case-sensitive, so "film.ev8" goes by its colour kind: intended, the extension is only the fallback.
   eva.isRgb = toFlag(readByte(viewer.inputFile, kColourKindPos) == kScreen8Kind ||
-                     lastCharacters(path, kExtensionLetters) == "EV8");
+                     lastCharacters(openedPath(viewer), kExtensionLength - 1) == "EV8");
   viewer.window.HScroll1.maximum = eva.frameCount - 1;
   viewer.window.HScroll1.value = 0;
   buildSoundImages(viewer);
   eva.soundPending = kFalse;
-  const VideoFormat format{.width = kEvaWidth,
-                           .height = kEvaHeight,
-                           .bitsPerPixel = 8,
-                           .colourMode = eva.isRgb == kTrue ? ColourModeGrb332 : ColourModeYjk,
-                           .colourCount = static_cast<uint8_t>(eva.isRgb == kTrue ? 255 : 0)};
-  if (!enterVideoMode(viewer, format)) {
-    eva.fileOpen = kFalse;
-    return;
-  }
-  showEvaFrame(viewer);
+  const bool rgb = eva.isRgb == kTrue;
+  const PictureSettings format{.bitsPerPixel = 8,
+                               .colourMode = rgb ? ColourModeGrb332 : ColourModeYjk,
+                               .colourCount = static_cast<int16_t>(rgb ? 255 : 0),
+                               .imageWidth = kEvaWidth,
+                               .imageHeight = kEvaHeight};
+  if (!enterVideoMode(viewer, format)) return false;
+  showFrame(viewer);
+  return true;
 }
 
-void readEvaFrame(ViewerState &viewer) {
-  EvaPlayer &eva = viewer.evaPlayer;
-  std::array<uint8_t, kBlockBytes> block{};
-  readBytes(viewer.inputFile, eva.currentFrame * kBlockBytes + 1, block);
-  const auto takeBlock = eva.framesPerSecond == kSound12.framesPerSecond ? takeBlock12 : takeBlock10;
-  takeBlock(block.data(), ringSlot(eva), soundSlot(viewer, eva.currentFrame));
-  if (eva.soundPending == kTrue && eva.currentFrame == eva.startFrame + 1) {
-    startSound(viewer);
-    eva.soundPending = kFalse;
-  }
+} // namespace
+
+constexpr VideoPlayer kEvaPlayer = {
+    .hasSound = true, .frames = frames, .rate = rate, .open = open, .show = showFrame, .play = playFrame};
+
+bool loadEva(ViewerState &viewer) {
+  const uint8_t code = readByte(viewer.inputFile, kRatePos);
+  // Without a rate the last file's one is kept.
+  if (code == kRate12 || code == kRate10 || viewer.evaPlayer.framesPerSecond != 0) return true;
+  return reportNotValid(viewer);
 }
 
-void showEvaFrame(ViewerState &viewer) {
-  EvaPlayer &eva = viewer.evaPlayer;
-  eva.currentFrame = viewer.window.HScroll1.value;
-  const std::string rate = " " + std::to_string(eva.framesPerSecond);
-  viewer.window.Label4 =
-      eva.currentFrame < 1 ? "EVA [" + std::string(lastCharacters(rate, 2)) + "fps]" : frameText(eva.currentFrame);
-  readEvaFrame(viewer);
-  decodeAndDraw(viewer, eva.isRgb == kTrue);
-}
-
-void playEva(ViewerState &viewer) {
-  EvaPlayer &eva = viewer.evaPlayer;
-  ScrollBar &bar = viewer.window.HScroll1;
-  eva.startFrame = runStart(bar, eva.frameCount);
-  enableDuringRun(viewer, false);
-  eva.soundPending = kTrue;
-  eva.startTicks = viewer.platform.tickCount(viewer.platform.context);
-  // In a run at 10 frames a second the YJK decoder draws every frame: intended.
-  const bool rgb = eva.isRgb == kTrue && eva.framesPerSecond == kSound12.framesPerSecond;
-  for (eva.currentFrame = eva.startFrame; eva.currentFrame < eva.frameCount; ++eva.currentFrame) {
-    readEvaFrame(viewer);
-    decodeAndDraw(viewer, rgb);
-    if (!waitForFrame(viewer, eva.startTicks, eva.currentFrame - eva.startFrame, eva.framesPerSecond, eva.playing)) {
-      break;
-    }
-    showFrameNumber(viewer, eva.currentFrame);
-  }
-  stopSound(viewer);
-  eva.playing = kFalse;
-  enableDuringRun(viewer, true);
+void readEvaFrame(ViewerState &viewer, EvaFrame &video) {
+  const int32_t frame = viewer.run.currentFrame;
+  std::array<uint8_t, kBlockBytes> block;
+  readBytes(viewer.inputFile, frame * kBlockBytes + 1, block);
+  const bool mixed = viewer.evaPlayer.framesPerSecond == kSound12.framesPerSecond;
+  (mixed ? takeBlock12 : takeBlock10)(block.data(), video.data(), soundSlot(viewer, frame));
 }

@@ -1,61 +1,92 @@
 #include "video/playback.h"
 
+#include "state/platform_calls.h"
 #include "video/sound_track.h"
+#include "video/video_mode.h"
 
 #include <algorithm>
 #include <cmath>
 
-std::string frameText(int32_t frame) { return "Frame:" + std::string(frame < 0 ? "" : " ") + std::to_string(frame); }
+namespace {
 
-int32_t runStart(ScrollBar &bar, int32_t frameCount) {
+// First frame to play: the bar's; at the last frame the bar is reset to 0.
+int32_t firstFrame(ScrollBar &bar, int32_t frameCount) {
   if (bar.value >= frameCount - 1) bar.value = 0;
   return bar.value;
 }
 
-void enableDuringRun(ViewerState &viewer, bool enabled) {
-  WindowModel &window = viewer.window;
+// Commands that load or draw a picture are disabled during a run.
+void enableDuringRun(WindowModel &window, bool enabled) {
   for (MenuItem *item : {&window.menuView, &window.menuOpen, &window.menuClose, &window.menuPreferences}) {
     item->enabled = enabled;
   }
 }
 
-bool waitForFrame(ViewerState &viewer, const uint32_t &startTicks, int32_t frame, int framesPerSecond,
-                  const Flag16 &playing) {
-  const PlatformOps &platform = viewer.platform;
-  const double due = frame * 1000.0 / std::max(1, framesPerSecond);
-  // The tick count wraps after 49.7 days; the difference does not.
-  uint32_t elapsed = platform.tickCount(platform.context) - startTicks;
-  if (elapsed > due) { // a late frame does not wait, but Stop is still heard
-    platform.runPendingEvents(platform.context);
-    return playing == kTrue;
+// Waits until the current frame is due, with event passes. Returns false at once if the end of the run is requested.
+bool waitForFrame(const ViewerState &viewer) {
+  const VideoRun &run = viewer.run;
+  const double due = (run.currentFrame - run.startFrame) * 1000.0 / playbackRate(viewer);
+  // The tick count wraps after 49.7 days; the difference does not. An event pass may move the start.
+  const auto elapsed = [&] { return tickCount(viewer) - run.startTicks; };
+  if (elapsed() > due) { // a late frame does not wait, but Stop is handled
+    runPendingEvents(viewer);
+    return videoPlaying(viewer);
   }
-  while (elapsed < due) {
-    platform.runPendingEvents(platform.context);
-    if (playing != kTrue) return false;
-    elapsed = platform.tickCount(platform.context) - startTicks;
-    if (elapsed >= due) break;
-    platform.waitForEvents(platform.context, static_cast<uint32_t>(std::ceil(due - elapsed)));
-    elapsed = platform.tickCount(platform.context) - startTicks;
+  while (elapsed() < due) {
+    runPendingEvents(viewer);
+    if (!videoPlaying(viewer)) return false;
+    const uint32_t now = elapsed();
+    if (now >= due) break;
+    waitForEvents(viewer, static_cast<uint32_t>(std::ceil(due - now)));
   }
   return true;
 }
 
-void holdRun(ViewerState &viewer) {
-  if (!videoPlaying(viewer)) return;
-  viewer.heldTicks = viewer.platform.tickCount(viewer.platform.context);
-  if (viewer.evaPlayer.playing == kTrue) stopSound(viewer);
+// Shows the frame number in scroll bar and status line.
+void showFrameNumber(WindowModel &window, int32_t frame) {
+  constexpr int32_t kBarBits = 0xFFFF; // low 16 bits: intended, the control holds no more
+  window.HScroll1.value = frame & kBarBits;
+  window.Label4 = frameText(frame);
 }
 
-void resumeRun(ViewerState &viewer) {
-  if (!videoPlaying(viewer)) return;
-  const uint32_t held = viewer.platform.tickCount(viewer.platform.context) - viewer.heldTicks;
-  viewer.evaPlayer.startTicks += held;
-  viewer.vidPlayer.startTicks += held;
-  if (viewer.evaPlayer.playing == kTrue && viewer.evaPlayer.soundPending != kTrue) startSound(viewer);
+} // namespace
+
+std::string frameText(int32_t frame) { return "Frame:" + std::string(frame < 0 ? "" : " ") + std::to_string(frame); }
+
+int32_t playbackRate(const ViewerState &viewer) { return std::max(1, viewer.player->rate(viewer)); }
+
+void setUpVideo(ViewerState &viewer) {
+  if (viewer.player != nullptr && viewer.player->open(viewer)) return;
+  viewer.player = nullptr;
+  leaveVideoMode(viewer);
 }
 
-void showFrameNumber(ViewerState &viewer, int32_t frame) {
-  constexpr int32_t kBarBits = 0xFFFF; // the bar takes the 16 low bits: intended
-  viewer.window.HScroll1.value = frame & kBarBits;
-  viewer.window.Label4 = frameText(frame);
+void playVideo(ViewerState &viewer) {
+  const VideoPlayer &player = *viewer.player;
+  VideoRun &run = viewer.run;
+  const int32_t frames = player.frames(viewer);
+  run.startFrame = firstFrame(viewer.window.HScroll1, frames);
+  enableDuringRun(viewer.window, false);
+  viewer.evaPlayer.soundPending = toFlag(player.hasSound);
+  run.startTicks = tickCount(viewer);
+  for (run.currentFrame = run.startFrame; run.currentFrame < frames; ++run.currentFrame) {
+    player.play(viewer);
+    if (!waitForFrame(viewer)) break;
+    showFrameNumber(viewer.window, run.currentFrame);
+  }
+  if (player.hasSound) stopSound(viewer);
+  if (videoPlaying(viewer)) requestAfterwards(viewer, {Request::kStop});
+  enableDuringRun(viewer.window, true);
+}
+
+void pausePlayback(ViewerState &viewer) {
+  if (!videoPlaying(viewer)) return;
+  viewer.run.heldTicks = tickCount(viewer);
+  if (viewer.player->hasSound) stopSound(viewer);
+}
+
+void resumePlayback(ViewerState &viewer) {
+  if (!videoPlaying(viewer)) return;
+  viewer.run.startTicks += tickCount(viewer) - viewer.run.heldTicks;
+  if (viewer.player->hasSound && viewer.evaPlayer.soundPending != kTrue) startSound(viewer);
 }

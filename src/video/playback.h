@@ -1,4 +1,4 @@
-// What the runs of both players share.
+// The run of a video, common to both players.
 #pragma once
 
 #include "state/viewer_state.h"
@@ -8,22 +8,16 @@
 // "Frame: 7"
 std::string frameText(int32_t frame);
 
-// Where a run begins: at the scroll bar's place, or at frame 0, where the bar is put, when that is the last frame.
-int32_t runStart(ScrollBar &bar, int32_t frameCount);
+// Frames a second of the open video, at least 1.
+int32_t playbackRate(const ViewerState &viewer);
 
-// The commands that would load or draw a picture cannot be chosen during a run.
-void enableDuringRun(ViewerState &viewer, bool enabled);
+// Sets the window up for the open video and shows frame 0; without a player, or on failure, leaves video mode.
+void setUpVideo(ViewerState &viewer);
 
-// Waits until the frame with that number, counted from the start of the run, is due, with event passes in between.
-// A rate of 0 counts as 1. An event pass may move `startTicks`. Returns false, at once, when an event pass has cleared
-// `playing`.
-bool waitForFrame(ViewerState &viewer, const uint32_t &startTicks, int32_t frame, int framesPerSecond,
-                  const Flag16 &playing);
+// Plays the open video from the scroll bar's frame to the end, or until an event pass stores a request. The caller sets
+// the activity before; afterwards a request is always stored.
+void playVideo(ViewerState &viewer);
 
-// The window system keeps the program for itself, in a menu or a dialog, and lets it go again: the run, where there is
-// one, is silent meanwhile and goes on from the same frame.
-void holdRun(ViewerState &viewer);
-void resumeRun(ViewerState &viewer);
-
-// Puts the scroll bar and the status line on a frame of the run.
-void showFrameNumber(ViewerState &viewer, int32_t frame);
+// Pauses picture and sound while a menu or dialog is open; resumes at the same frame.
+void pausePlayback(ViewerState &viewer);
+void resumePlayback(ViewerState &viewer);

@@ -5,7 +5,7 @@
 
 namespace {
 
-// The zero level of the silence; not 128, intended.
+// Zero level of the silence. Not 128: intended, the samples of the films are centred on 127.
 constexpr uint8_t kSilentLevel = 127;
 constexpr uint32_t kSilentSamples = 44;
 
@@ -30,7 +30,7 @@ const SoundFormat &soundFormat(const ViewerState &viewer) {
 std::array<uint8_t, kWaveHeaderBytes> waveHeader(const SoundFormat &format, uint32_t sampleBytes) {
   std::array<uint8_t, kWaveHeaderBytes> header{};
   putText(header, 0, "RIFF");
-  const uint32_t padding = sampleBytes % 2; // each part of the file has an even length
+  const uint32_t padding = sampleBytes % 2; // chunks have an even length
   putWord(header, 4, static_cast<uint32_t>(kWaveHeaderBytes) - 8 + sampleBytes + padding);
   putText(header, 8, "WAVEfmt ");
   putWord(header, 16, 16);
@@ -47,7 +47,7 @@ std::array<uint8_t, kWaveHeaderBytes> waveHeader(const SoundFormat &format, uint
 
 void sizeSoundImage(ViewerState &viewer) {
   SoundImages &images = viewer.soundImages;
-  // Slots that no frame has filled yet are heard in the first second of the first run.
+  // Unfilled slots are audible in the first second of the first run.
   if (images.loopingBytes == 0) images.looping.fill(kSilentLevel);
   images.loopingBytes = kWaveHeaderBytes + sampleRate(soundFormat(viewer));
 }
@@ -75,6 +75,6 @@ void startSound(ViewerState &viewer) {
 
 void stopSound(ViewerState &viewer) {
   const SoundImages &images = viewer.soundImages;
-  if (images.loopingBytes == 0) return; // nothing can be playing
+  if (images.loopingBytes == 0) return; // nothing is playing
   viewer.platform.stopSound(viewer.platform.context, images.silence);
 }

@@ -1,8 +1,9 @@
 #include "video/vid_player.h"
 
-#include "state/palette.h"
-#include "pixels/symbos_bits.h"
 #include "pixels/pixel_kernels.h"
+#include "pixels/symbos_bits.h"
+#include "state/palette.h"
+#include "state/platform_calls.h"
 #include "video/playback.h"
 #include "video/video_mode.h"
 
@@ -45,19 +46,6 @@ bool headerValid(const InputFile &file) {
          (colours == kFourColours || colours == kSixteenColours);
 }
 
-// The four colours stand wherever one of the four pixels of a byte can lead, so that a masked byte needs no shift.
-void fillPalette(VidPlayer &vid) {
-  const auto &colours = symbosPalette();
-  vid.palette.fill(0);
-  if (vid.colourCode == kSixteenColours) {
-    std::copy(colours.begin(), colours.end(), vid.palette.begin());
-    return;
-  }
-  for (const size_t pixel : {1U, 4U, 16U, 64U}) {
-    for (size_t colour = 0; colour < 4; ++colour) vid.palette[colour * pixel] = colours[colour];
-  }
-}
-
 size_t notNegative(int32_t count) { return static_cast<size_t>(std::max(0, count)); }
 
 void takeHeader(VidPlayer &vid, const InputFile &file) {
@@ -68,25 +56,26 @@ void takeHeader(VidPlayer &vid, const InputFile &file) {
   vid.colourCode = readSignedWord(file, kColourCodePos);
   vid.frameSize = readSignedWord(file, kFrameSizePos);
   if (vid.headerReady != kTrue) {
-    vid.frameHeader = {.width = vid.width, .height = -vid.height};
+    vid.shownWidth = vid.width;
+    vid.shownHeight = vid.height;
     vid.headerReady = kTrue;
   }
-  fillPalette(vid);
+  vid.palette = kSymbosPalette;
   vid.frameData.assign(notNegative(vid.frameSize + 1), 0);
-  // The number of pixels is taken as a 16-bit value: intended.
+  // The number of pixels is a 16-bit value: intended, the machine has no larger frames.
   const auto pixels = static_cast<uint16_t>(vid.width * vid.height);
   vid.framePixels.assign(vid.width > 0 && vid.height > 0 ? pixels : 0, 0);
 }
 
-// Past the end of the file all is zero.
+// Bytes past the end of the file are zero.
 void readFrame(ViewerState &viewer) {
   VidPlayer &vid = viewer.vidPlayer;
   if (vid.frameSize < 0) return;
-  readBytes(viewer.inputFile, kFramesPos + int64_t{vid.currentFrame} * vid.frameSize, vid.frameData);
+  readBytes(viewer.inputFile, kFramesPos + int64_t{viewer.run.currentFrame} * vid.frameSize, vid.frameData);
   if (vid.colourCode == kFourColours) pairPictureBits(vid.frameData, vid.width, vid.height);
 }
 
-// Whole bytes only: pixels at the end of a row that fill no byte keep their value.
+// Whole bytes only: the pixels of a partial byte at the end of a row keep their value.
 void decodeFrame(VidPlayer &vid) {
   const bool fourColours = vid.colourCode == kFourColours;
   const auto draw = fourColours ? pixelKernels().crumbs : pixelKernels().nibbles;
@@ -103,7 +92,7 @@ void decodeFrame(VidPlayer &vid) {
     const size_t bytes = std::min(runBytes, target.size() / pixelsPerByte);
     const size_t given = std::min(bytes, source.size());
     draw(source.data(), given, vid.palette.data(), target.data());
-    // Behind the data all bytes are zero.
+    // Bytes behind the data count as zero.
     std::fill_n(target.data() + given * pixelsPerByte, (bytes - given) * pixelsPerByte, vid.palette[0]);
     source = source.subspan(given);
   }
@@ -113,55 +102,43 @@ void readAndDraw(ViewerState &viewer) {
   VidPlayer &vid = viewer.vidPlayer;
   readFrame(viewer);
   decodeFrame(vid);
-  drawVideoFrame(viewer, vid.framePixels, vid.frameHeader);
+  drawVideoFrame(viewer, {vid.framePixels, vid.shownWidth, vid.shownHeight});
+}
+
+int32_t frames(const ViewerState &viewer) { return viewer.vidPlayer.frameCount; }
+
+int32_t rate(const ViewerState &viewer) { return viewer.vidPlayer.framesPerSecond; }
+
+void showFrame(ViewerState &viewer) {
+  const int32_t frame = viewer.run.currentFrame = viewer.window.HScroll1.value;
+  viewer.window.Label4 =
+      frame < 1 ? "VID [" + std::to_string(viewer.vidPlayer.framesPerSecond) + "fps]" : frameText(frame);
+  readAndDraw(viewer);
+}
+
+bool open(ViewerState &viewer) {
+  VidPlayer &vid = viewer.vidPlayer;
+  if (!headerValid(viewer.inputFile)) {
+    viewer.player = nullptr;
+    viewer.loadError = "o_O";
+    showMessage(viewer, "Korilan", viewer.loadError, MessageIcon::kNone);
+    return false;
+  }
+  takeHeader(vid, viewer.inputFile);
+  const PictureSettings format{.bitsPerPixel = static_cast<int16_t>(vid.colourCode == kFourColours ? 2 : 4),
+                               .imageWidth = vid.width,
+                               .imageHeight = vid.height};
+  if (!enterVideoMode(viewer, format)) return false;
+  runPendingEvents(viewer);
+  viewer.window.HScroll1.maximum = vid.frameCount - 1;
+  viewer.window.HScroll1.value = 0;
+  showFrame(viewer);
+  return true;
 }
 
 } // namespace
 
-bool openVid(ViewerState &viewer) {
-  VidPlayer &vid = viewer.vidPlayer;
-  if (!headerValid(viewer.inputFile)) {
-    vid.fileOpen = kFalse;
-    viewer.platform.showMessage(viewer.platform.context, "Korilan", "o_O", MessageIcon::kNone);
-    return false;
-  }
-  takeHeader(vid, viewer.inputFile);
-  const VideoFormat format{.width = vid.width,
-                           .height = vid.height,
-                           .bitsPerPixel = static_cast<uint8_t>(vid.colourCode == kFourColours ? 2 : 4),
-                           .colourMode = 0,
-                           .colourCount = 0};
-  if (!enterVideoMode(viewer, format)) {
-    vid.fileOpen = kFalse;
-    return false;
-  }
-  viewer.platform.runPendingEvents(viewer.platform.context);
-  viewer.window.HScroll1.maximum = vid.frameCount - 1;
-  viewer.window.HScroll1.value = 0;
-  showVidFrame(viewer);
-  return true;
-}
+constexpr VideoPlayer kVidPlayer = {
+    .hasSound = false, .frames = frames, .rate = rate, .open = open, .show = showFrame, .play = readAndDraw};
 
-void showVidFrame(ViewerState &viewer) {
-  VidPlayer &vid = viewer.vidPlayer;
-  vid.currentFrame = viewer.window.HScroll1.value;
-  viewer.window.Label4 =
-      vid.currentFrame < 1 ? "VID [" + std::to_string(vid.framesPerSecond) + "fps]" : frameText(vid.currentFrame);
-  readAndDraw(viewer);
-}
-
-void playVid(ViewerState &viewer) {
-  VidPlayer &vid = viewer.vidPlayer;
-  vid.startFrame = runStart(viewer.window.HScroll1, vid.frameCount);
-  enableDuringRun(viewer, false);
-  vid.startTicks = viewer.platform.tickCount(viewer.platform.context);
-  for (vid.currentFrame = vid.startFrame; vid.currentFrame < vid.frameCount; ++vid.currentFrame) {
-    readAndDraw(viewer);
-    if (!waitForFrame(viewer, vid.startTicks, vid.currentFrame - vid.startFrame, vid.framesPerSecond, vid.playing)) {
-      break;
-    }
-    showFrameNumber(viewer, vid.currentFrame);
-  }
-  vid.playing = kFalse;
-  enableDuringRun(viewer, true);
-}
+bool loadVid(ViewerState &) { return true; }

@@ -1,23 +1,18 @@
 #include "core/preferences.h"
 
-#include "core/keys.h"
-#include "support/bload_builder.h"
+#include "support/bytes.h"
 #include "support/test_viewer.h"
-#include "support/viewer_text.h"
 
-#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace {
 
-const std::vector<std::string> kExtensions =
-    wordsOf(".GE5 .DAT .CMP .SC2 .SR2 .SC4 .SR4 .SC5 .SR5 .SC6 .SR6 .SC7 .SR7 .SC8 .SR8 .SCA .SRA .S10 .SCB .SRB .S11 "
-            ".SCC .SRC .S12 .G9B");
-
 // The checked boxes, those of the extensions first: ".GE5 .DAT Centre Esc ".
 std::string boxesOf(const Preferences &form) {
   std::string text;
-  for (size_t i = 0; i < form.Check1.size(); ++i) text += form.Check1[i] == kTrue ? kExtensions[i] + " " : "";
+  for (size_t i = 0; i < kAssociationCount; ++i) {
+    if (form.Check1[i] == kTrue) text += std::string(kAssociations[i].extension) + " ";
+  }
   if (form.Check2 == kTrue) text += "Centre ";
   if (form.Check3 == kTrue) text += "Esc ";
   if (form.Check4 == kTrue) text += "Shortcuts ";
@@ -25,54 +20,39 @@ std::string boxesOf(const Preferences &form) {
   return text;
 }
 
-TEST(Preferences, BoxesAsTheSettingsHaveThem) {
-  struct Row {
-    const char *name;
-    std::map<std::string, std::string> settings;
-    const char *boxes;
-  };
-  for (const Row &row :
-       {Row{"fresh system", {}, ""}, Row{"centre", {{"Korilan\\AutoCenter", "1"}}, "Centre "},
-        Row{"Esc", {{"Korilan\\EscExits", "1"}}, "Esc "}, Row{"shortcuts", {{"Korilan\\Shortcuts", "1"}}, "Shortcuts "},
-        Row{"ratio", {{"Korilan\\AutoRatio", "1"}}, "Ratio "},
-        Row{"zero and empty", {{"Korilan\\EscExits", "0"}, {"Korilan\\Shortcuts", ""}}, ""},
-        Row{"of other programs", {{".GE5", "Paint"}, {".DAT", ""}, {".SC5", "Korilan2"}}, ""},
-        Row{"own", {{".GE5", "Korilan"}, {".S10", "Korilan"}, {".G9B", "Korilan"}}, ".GE5 .S10 .G9B "},
-        Row{"not in the list", {{".SGX", "Korilan"}}, ""}}) {
-    SCOPED_TRACE(row.name);
-    TestViewer window;
-    window.platform.settings = row.settings;
-    EXPECT_EQ(boxesOf(storedPreferences(window.viewer)), row.boxes);
-    EXPECT_EQ(window.platform.log, std::vector<std::string>{}); // reading writes nothing
+const std::string kDefault = ".GE5 .SC2 .SR2 .SC4 .SR4 .SC5 .SR5 .SC6 .SR6 .SC7 .SR7 .SC8 .SR8 .SCA .SRA .S10 .SCB "
+                             ".SRB .S11 .SCC .S12 .G9B ";
 
-    startViewer(window.viewer, "");
-    const Preferences &used = window.viewer.preferences;
-    const Preferences general{{}, used.Check2, used.Check3, used.Check4, used.Check5};
-    EXPECT_EQ(boxesOf(general), row.boxes[0] == '.' ? "" : row.boxes);
-    EXPECT_EQ(window.viewer.window.alwaysCentred, row.settings.contains("Korilan\\AutoCenter"));
+TEST(Preferences, BoxesAsTheSettingsHaveThem) {
+  using Row = std::pair<std::map<std::string, std::string>, std::string>;
+  for (const auto &[settings, boxes] :
+       {Row{{{"Korilan\\AutoCenter", "1"}}, "Centre "}, Row{{{"Korilan\\EscExits", "1"}}, "Esc "},
+        Row{{{"Korilan\\Shortcuts", "1"}}, "Shortcuts "}, Row{{{"Korilan\\AutoRatio", "1"}}, "Ratio "},
+        Row{{{"Korilan\\EscExits", "0"}, {"Korilan\\Shortcuts", ""}}, ""},
+        Row{{{".GE5", "Paint"}, {".DAT", ""}, {".SC5", "Korilan2"}}, ""}, // of other programs
+        Row{{{".GE5", "Korilan"}, {".G9B", "Korilan"}, {".SGX", "Korilan"}}, ".GE5 .G9B "}}) {
+    TestViewer window;
+    window.platform.settings = settings;
+    EXPECT_EQ(boxesOf(storedPreferences(window.viewer)), boxes);
+    EXPECT_TRUE(window.platform.log.empty()); // reading writes nothing
+    loadPreferences(window.viewer);
+    EXPECT_EQ(boxesOf(window.viewer.preferences), boxes.starts_with('.') ? "" : boxes);
+    EXPECT_EQ(window.viewer.window.alwaysCentred, boxes == "Centre ");
   }
 }
 
-TEST(Preferences, ButtonsOfTheAssociations) {
-  Preferences form{.Check4 = kTrue};
-  const std::string general = boxesOf(form);
+TEST(Preferences, SaveWritesInOrderAndActsAtOnce) {
+  TestViewer window;
+  window.open("a.SC7", BloadBuilder{}.build());
+  window.platform.log.clear();
+  Preferences form{.Check3 = kTrue, .Check5 = kTrue};
   checkAllAssociations(form);
   EXPECT_EQ(std::ranges::count(form.Check1, kTrue), 25);
   uncheckAllAssociations(form);
-  EXPECT_EQ(boxesOf(form), general);
+  EXPECT_EQ(boxesOf(form), "Esc Ratio ");
   defaultAssociations(form);
-  EXPECT_EQ(boxesOf(form), ".GE5 .SC2 .SR2 .SC4 .SR4 .SC5 .SR5 .SC6 .SR6 .SC7 .SR7 .SC8 .SR8 .SCA .SRA .S10 .SCB .SRB "
-                           ".S11 .SCC .S12 .G9B " +
-                               general);
-}
-
-TEST(Preferences, SaveWritesInOrderAndTwiceTheSame) {
-  TestViewer window;
-  for (const char *extension : {".DAT", ".CMP", ".SRC", ".TXT", ".SC5"}) window.platform.settings[extension] = "Paint";
-  Preferences form{.Check3 = kTrue, .Check5 = kTrue};
-  defaultAssociations(form);
+  EXPECT_EQ(boxesOf(form), kDefault + "Esc Ratio ");
   menuSavePreferences_Click(window.viewer, form);
-
   std::vector<std::string> expected{"writeSetting Korilan = MSX Graphics File",
                                     "writeSetting Korilan\\shell\\open\\command = C:\\Programs\\Korilan.exe %1",
                                     "writeSetting Korilan\\DefaultIcon = C:\\Programs\\Korilan.exe,0",
@@ -81,41 +61,19 @@ TEST(Preferences, SaveWritesInOrderAndTwiceTheSame) {
                                     "writeSetting Korilan\\Shortcuts = 0",
                                     "writeSetting Korilan\\AutoRatio = 1",
                                     "notifyAssociations"};
-  for (const std::string &extension : kExtensions) {
-    const bool leftOut = extension == ".DAT" || extension == ".CMP" || extension == ".SRC";
-    expected.push_back(leftOut ? "deleteSetting " + extension : "writeSetting " + extension + " = Korilan");
+  for (const Association &row : kAssociations) {
+    const std::string extension = row.extension;
+    expected.push_back(kDefault.find(extension) == std::string::npos ? "deleteSetting " + extension
+                                                                     : "writeSetting " + extension + " = Korilan");
   }
   expected.emplace_back("notifyAssociations");
   EXPECT_EQ(window.platform.log, expected);
-
-  const auto saved = window.platform.settings;
-  EXPECT_FALSE(saved.contains(".DAT")); // though it was another program's
-  EXPECT_EQ(saved.at(".TXT"), "Paint");
-  EXPECT_EQ(boxesOf(storedPreferences(window.viewer)), boxesOf(form));
-  menuSavePreferences_Click(window.viewer, storedPreferences(window.viewer));
-  EXPECT_EQ(window.platform.settings, saved);
-}
-
-TEST(Preferences, ProgramOfAnotherExtension) {
-  TestViewer window;
+  EXPECT_EQ(boxesOf(window.viewer.preferences), boxesOf(form));
+  EXPECT_EQ(window.viewer.window.stretch.targetHeight, 424); // never unchecked
   window.viewer.platform.programPath = [](void *) { return std::string("C:\\Korilan.bin"); };
-  menuSavePreferences_Click(window.viewer, {});
+  menuSavePreferences_Click(window.viewer, {.Check2 = kTrue});
   EXPECT_EQ(window.platform.settings.at("Korilan\\DefaultIcon"), "C:\\Korilan.bin.exe,0");
-}
-
-TEST(Preferences, ActAtOnce) {
-  TestViewer window;
-  const WindowModel &model = window.viewer.window;
-  for (const bool ticked : {true, false}) { // Esc the other way round
-    SCOPED_TRACE(ticked ? "ticked" : "not ticked");
-    const Flag16 on = toFlag(ticked);
-    menuSavePreferences_Click(window.viewer, {.Check2 = on, .Check3 = toFlag(!ticked), .Check4 = on, .Check5 = on});
-    if (ticked) window.open("a.SC7", BloadBuilder{}.build());
-    EXPECT_EQ(model.alwaysCentred, ticked);
-    EXPECT_EQ(pressKey(window.viewer, {'O'}), ticked);
-    EXPECT_EQ(pressKey(window.viewer, {27}), !ticked);
-    EXPECT_EQ(model.stretch, (Stretch{512, 212, 512, ticked ? 212 : 424})); // the picture on screen as well
-  }
+  EXPECT_TRUE(window.viewer.window.alwaysCentred);
 }
 
 } // namespace

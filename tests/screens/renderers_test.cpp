@@ -1,16 +1,14 @@
 #include "formats/publisher_page.h"
+#include "formats/symbos_graphic.h"
 #include "formats/vscreen_level.h"
 #include "screens/byte_pixels.h"
 #include "screens/g9b_picture.h"
-#include "screens/ham_picture.h"
 #include "screens/packed_pixels.h"
 #include "screens/pattern_screen.h"
-#include "core/render_dispatch.h"
-#include "support/bload_builder.h"
-#include "support/test_viewer.h"
+#include "screens/picture_bytes.h"
 
 #include <algorithm>
-#include <cmath>
+#include <functional>
 #include <gtest/gtest.h>
 #include <tuple>
 
@@ -18,194 +16,121 @@ namespace {
 
 constexpr uint32_t kUntouched = 0x7F000000; // no renderer writes a top byte
 
-// A viewer that holds `bytes` as video memory and a palette of 256 different colours.
-ViewerState viewerOf(int32_t width, int32_t height, const Bytes &bytes) {
+// A viewer with `bytes` as video memory, and a palette of 256 different colours.
+ViewerState viewerOf(int32_t width, int32_t height, size_t framePixels, const Bytes &bytes) {
   ViewerState viewer;
-  viewer.imageWidth = width;
-  viewer.imageHeight = height;
-  std::copy(bytes.begin(), bytes.end(), viewer.vram.begin());
+  viewer.imageWidth = viewer.frameWidth = width;
+  viewer.imageHeight = viewer.frameHeight = height;
+  viewer.vram.resize(bytes.size());
+  std::ranges::copy(bytes, viewer.vram.written(bytes.size()).begin());
   for (uint32_t i = 0; i < 256; ++i) viewer.palette[i] = 0x010000 * i + 0x00FF00 - 0x0100 * i + 0x5A;
-  viewer.frameBits.assign(static_cast<size_t>(width) * static_cast<size_t>(height), kUntouched);
+  viewer.frameBits.assign(framePixels, kUntouched);
   return viewer;
 }
 
+// What is drawn has another colour than black; the rest is black. What video memory or the frame does not hold is not
+// drawn at all.
 TEST(Renderers, DrawOnlyWhatVideoMemoryHolds) {
-  using Row = std::tuple<void (*)(ViewerState &), int32_t, bool>;
-  for (const auto &[render, bytes, fromReadPosition] :
-       {Row{renderNibbleStream, 6, true}, Row{renderCrumbStream, 3, true}, Row{renderNibbleLinear, 8, false},
-        Row{renderCrumbLinear, 4, false}, Row{RenderBytePixels, 15, true}}) {
-    SCOPED_TRACE(testing::Message() << bytes << " bytes from the read position " << fromReadPosition);
-    for (const int32_t missing : {0, 1}) {
-      ViewerState viewer = viewerOf(5, 3, {});
-      viewer.vram.resize(static_cast<size_t>(fromReadPosition ? 100 : bytes - missing));
-      if (fromReadPosition) viewer.vramPos = 100 - bytes + missing;
-      render(viewer);
-      EXPECT_EQ(viewer.frameBits[0] != kUntouched, missing == 0);
-      EXPECT_EQ(viewer.frameBits[10] != kUntouched, missing == 0);
-    }
-    ViewerState viewer = viewerOf(5, 3, {});
-    viewer.frameBits.resize(14);
+  constexpr auto stream2 = renderNibbleStream, stream4 = renderCrumbStream, bytes = RenderBytePixels;
+  constexpr auto run2 = renderNibbleLinear, run4 = renderCrumbLinear, tiles = renderTileSet, sprites = renderSpriteSet;
+  using Render = void (*)(ViewerState &);
+  // Size, bytes of video memory, where drawing begins, pixels of the frame, pixels drawn, where it ends, colour mode.
+  using Row =
+      std::tuple<const char *, Render, int32_t, int32_t, size_t, int32_t, size_t, std::ptrdiff_t, int32_t, uint8_t>;
+  for (const auto &[name, render, width, height, vramBytes, vramPos, framePixels, drawn, posBehind, mode] :
+       {Row{"nibbles", stream2, 5, 3, 7, 1, 15, 12, 7, 0},
+        Row{"nibbles, short", stream2, 5, 3, 6, 1, 15, 0, 1, 0},
+        Row{"nibbles, behind the end", stream2, 5, 3, 7, 8, 15, 0, 8, 0},
+        Row{"nibbles, small frame", stream2, 5, 3, 7, 1, 14, 0, 1, 0},
+        Row{"nibbles, even", stream2, 4, 2, 4, 0, 8, 8, 4, 0},
+        Row{"crumbs", stream4, 7, 3, 4, 1, 21, 12, 4, 0},
+        Row{"crumbs, short", stream4, 7, 3, 3, 1, 21, 0, 1, 0},
+        Row{"run of nibbles", run2, 5, 3, 8, 0, 15, 15, 0, 0},
+        Row{"run of nibbles, short", run2, 5, 3, 7, 0, 15, 0, 0, 0},
+        Row{"run of crumbs", run4, 5, 3, 4, 0, 15, 15, 0, 0},
+        Row{"run of crumbs, short", run4, 5, 3, 3, 0, 15, 0, 0, 0},
+        Row{"bytes", bytes, 5, 3, 16, 1, 15, 15, 16, 0},
+        Row{"bytes, short", bytes, 5, 3, 15, 1, 15, 0, 1, 0},
+        Row{"bytes, small frame", bytes, 5, 3, 16, 1, 14, 0, 1, 0},
+        Row{"bytes, before the start", bytes, 5, 3, 16, -1, 15, 0, -1, 0},
+        Row{"bytes, behind the end", bytes, 5, 3, 16, 17, 15, 0, 17, 0},
+        Row{"fixed colours", bytes, 5, 3, 16, 1, 15, 15, 16, ColourModeGrb332},
+        Row{"groups", bytes, 7, 3, 22, 1, 21, 12, 13, ColourModeYjk},
+        Row{"whole groups", bytes, 8, 3, 25, 1, 24, 24, 25, ColourModeYuv},
+        Row{"unknown mode", bytes, 5, 3, 16, 1, 15, 0, 1, 0x41},
+        Row{"16 bits", RenderG9b16, 4, 2, 17, 1, 8, 8, 17, 0},
+        Row{"16 bits, short", RenderG9b16, 4, 2, 16, 1, 8, 0, 1, 0},
+        Row{"patterns", renderPatternScreen, 256, 192, 0x3800, 3, 256 * 192, 256 * 192, 3, 0},
+        Row{"patterns, short", renderPatternScreen, 256, 192, 0x37FF, 3, 256 * 192, 0, 3, 0},
+        Row{"patterns, narrow", renderPatternScreen, 255, 192, 0x3800, 3, 255 * 192, 0, 3, 0},
+        Row{"tiles", tiles, 256, 64, 4096, 3, 256 * 64, 256 * 64, 3, 0},
+        Row{"tiles, low", tiles, 256, 63, 4096, 3, 256 * 63, 0, 3, 0},
+        Row{"sprites", sprites, 256, 48, 4608, 3, 256 * 48, 256 * 48, 3, 0},
+        Row{"sprites, narrow", sprites, 255, 48, 4608, 3, 255 * 48, 0, 3, 0},
+        Row{"SymbOS, no tiles", renderSymbosTiles, 4, 2, 16, 0, 8, 0, 0, 0}}) {
+    ViewerState viewer = viewerOf(width, height, framePixels, Bytes(vramBytes, 0x55));
+    viewer.vramPos = vramPos;
+    viewer.colourMode = mode;
     render(viewer);
-    EXPECT_EQ(viewer.frameBits[0], kUntouched);
+    EXPECT_EQ(std::ranges::count(viewer.frameBits, 0U), std::ssize(viewer.frameBits) - drawn) << name;
+    EXPECT_EQ(std::ranges::count(viewer.frameBits, kUntouched), 0) << name;
+    EXPECT_EQ(viewer.vramPos, posBehind) << name;
   }
 }
 
-TEST(Renderers, DrawNothingIntoAnotherFrameOrFromElsewhere) {
-  struct Row {
-    const char *name;
-    void (*render)(ViewerState &viewer);
-    int32_t width, height;
-    std::vector<void (*)(ViewerState &viewer)> flaws;
+// The frame that `render` makes of bytes without a pattern, pixel by pixel.
+void expectPixels(void (*render)(ViewerState &), size_t width, size_t height,
+                  const std::function<uint32_t(const ViewerState &viewer, size_t x, size_t y)> &expected,
+                  const Bytes &bytes = noise(0x10000, 1)) {
+  ViewerState viewer = viewerOf(static_cast<int32_t>(width), static_cast<int32_t>(height), width * height, bytes);
+  render(viewer);
+  for (size_t y = 0; y < height; ++y) {
+    for (size_t x = 0; x < width; ++x) {
+      ASSERT_EQ(viewer.frameBits[y * width + x], expected(viewer, x, y)) << x << " " << y;
+    }
+  }
+}
+
+TEST(Renderers, EveryPixelByItsAddresses) {
+  const auto cell = [](const ViewerState &viewer, size_t pattern, size_t colourTable, size_t x, size_t y) {
+    const uint8_t colours = viewer.vram[colourTable + pattern * 8 + y % 8];
+    return viewer.palette[(viewer.vram[pattern * 8 + y % 8] & 0x80 >> x % 8) != 0 ? colours / 16 : colours % 16];
   };
-  const auto lessFrame = [](ViewerState &viewer) { viewer.frameBits.pop_back(); };
-  const auto narrow = [](ViewerState &viewer) { --viewer.imageWidth, --viewer.frameWidth; };
-  const auto low = [](ViewerState &viewer) { --viewer.imageHeight, --viewer.frameHeight; };
-  const auto negativeWidth = [](ViewerState &viewer) { viewer.imageWidth = viewer.frameWidth = -1; };
-  const auto negativeHeight = [](ViewerState &viewer) { viewer.imageHeight = viewer.frameHeight = -1; };
-  const auto before = [](ViewerState &viewer) { viewer.vramPos = -1; };
-  const auto behind = [](ViewerState &viewer) { viewer.vramPos = static_cast<int32_t>(viewer.vram.size()) + 1; };
-  for (const Row &row : {
-           Row{"patterns",
-               renderPatternScreen,
-               256,
-               192,
-               {narrow, low, lessFrame, [](ViewerState &viewer) { viewer.vram.resize(0x37FF); }}},
-           Row{"tiles", renderTileSet, 256, 64, {narrow, low}},
-           Row{"sprites", renderSpriteSet, 256, 48, {narrow, low}},
-           Row{"page", renderPublisherPage, 512, 704, {[](ViewerState &viewer) { viewer.vram.resize(45055); }}},
-           Row{"HAM",
-               RenderHamPicture,
-               512,
-               4,
-               {narrow, negativeHeight, [](ViewerState &viewer) { viewer.hamPages = {}; }}},
-           Row{"bytes", RenderBytePixels, 4, 2, {negativeWidth, negativeHeight, before, behind, lessFrame}},
-           Row{"16 bits",
-               RenderG9b16,
-               4,
-               2,
-               {negativeWidth, negativeHeight, before, behind, lessFrame,
-                [](ViewerState &viewer) { viewer.vram.resize(15); }}},
-           Row{"nibbles", renderNibbleStream, 4, 2, {negativeWidth, negativeHeight, behind, lessFrame}},
-       }) {
-    for (size_t flaw = 0; flaw <= row.flaws.size(); ++flaw) {
-      SCOPED_TRACE(testing::Message() << row.name << ", flaw " << flaw);
-      ViewerState viewer = viewerOf(row.width, row.height, {});
-      viewer.frameWidth = row.width;
-      viewer.frameHeight = row.height;
-      for (HamPage &page : viewer.hamPages) page = {Bytes(32 + 240 * 6), Bytes(240 * 256)};
-      if (flaw < row.flaws.size()) row.flaws[flaw](viewer);
-      row.render(viewer);
-      const bool drawn = flaw == row.flaws.size();
-      EXPECT_EQ(std::ranges::count(viewer.frameBits, kUntouched), drawn ? 0 : std::ssize(viewer.frameBits));
+  expectPixels(renderPatternScreen, 256, 192, [&](const ViewerState &viewer, size_t x, size_t y) {
+    return cell(viewer, viewer.vram[0x1800 + y / 8 * 32 + x / 8] + y / 64 * 256, 0x2000, x, y);
+  });
+  expectPixels(renderTileSet, 256, 64, [&](const ViewerState &viewer, size_t x, size_t y) {
+    return cell(viewer, y / 8 * 32 + x / 8, 2048, x, y);
+  });
+  expectPixels(renderSpriteSet, 256, 48, [](const ViewerState &viewer, size_t x, size_t y) {
+    size_t entry = 0;
+    for (const size_t layer : {0U, 1U}) { // 16 bytes for the left half, 16 for the right half
+      const size_t sprite = y / 16 * 16 + x / 16;
+      const uint8_t bits = viewer.vram[sprite * 64 + layer * 32 + x % 16 / 8 * 16 + y % 16];
+      if ((bits << x % 8 & 0x80) != 0) entry |= viewer.vram[3072 + sprite * 32 + layer * 16 + y % 16] % 16;
     }
-  }
+    return viewer.palette[entry];
+  });
+  expectPixels(renderPublisherPage, 512, 705, [](const ViewerState &viewer, size_t x, size_t y) { // a line too many
+    const uint8_t bits = viewer.vram[y * 64 + x / 8];
+    return y < 704 && (bits >> (x % 8 < 4 ? 3 - x % 8 : 11 - x % 8) & 1) == 0 ? 0xFFFFFF : 0U;
+  });
+  expectPixels(renderNibbleLinear, 9, 7, [](const ViewerState &viewer, size_t x, size_t y) {
+    return viewer.palette[viewer.vram[(y * 9 + x) / 2] >> (4 - (y * 9 + x) % 2 * 4) & 15];
+  });
+  expectPixels(renderCrumbLinear, 9, 7, [](const ViewerState &viewer, size_t x, size_t y) {
+    return viewer.palette[viewer.vram[(y * 9 + x) / 4] >> (6 - (y * 9 + x) % 4 * 2) & 3];
+  });
 }
 
-TEST(BytePixels, EveryByteOfScreen8AndOfThePaletteMode) {
-  Bytes bytes(257, 0xEE); // the first byte is not drawn
-  for (size_t i = 0; i < 256; ++i) bytes[i + 1] = static_cast<uint8_t>(i);
-  for (const uint8_t mode : {ColourModeGrb332, ColourModePalette}) {
-    ViewerState viewer = viewerOf(32, 8, bytes);
-    viewer.colourMode = mode;
-    viewer.vramPos = 1;
-    RenderBytePixels(viewer);
-    EXPECT_EQ(viewer.vramPos, 257);
-    for (uint32_t byte = 0; byte < 256; ++byte) {
-      const uint32_t green = (byte >> 5) * 36, red = (byte >> 2 & 7) * 36, blue = (byte & 3) * 85;
-      const uint32_t expected = mode == ColourModePalette ? viewer.palette[byte] : red << 16 | green << 8 | blue;
-      EXPECT_EQ(viewer.frameBits[byte], expected) << int{mode} << " " << byte;
-    }
-  }
-}
-
-// Level 0 to 31, in real numbers, as a channel.
-uint32_t channel(double level) { return static_cast<uint32_t>(std::lround(std::clamp(level, 0.0, 31.0) * 8)); }
-
-TEST(BytePixels, EveryYOfEveryJAndK) {
-  Bytes bytes;
-  for (int j = -32; j < 32; ++j) {
-    for (int k = -32; k < 32; ++k) {
-      for (int y = 0; y < 32; ++y) {
-        const int chroma[] = {k & 7, k >> 3 & 7, j & 7, j >> 3 & 7};
-        bytes.push_back(static_cast<uint8_t>(y << 3 | chroma[y % 4]));
-      }
-    }
-  }
-  for (const uint8_t mode : {ColourModeYjk, ColourModeYuv, ColourModeYae}) {
-    ViewerState viewer = viewerOf(32, 64 * 64, bytes);
-    viewer.colourMode = mode;
-    RenderBytePixels(viewer);
-    EXPECT_EQ(viewer.vramPos, 32 * 64 * 64);
-    size_t n = 0;
-    for (int j = -32; j < 32; ++j) {
-      for (int k = -32; k < 32; ++k) {
-        for (size_t y = 0; y < 32; ++y, ++n) {
-          const auto level = static_cast<double>(y);
-          const uint32_t red = channel(level + j), second = channel(level + k);
-          const uint32_t third = channel(5 * level / 4 - j / 2.0 - k / 4.0);
-          uint32_t expected = red << 16 | (mode == ColourModeYuv ? third << 8 | second : second << 8 | third);
-          if (mode == ColourModeYae && y % 2 == 1) expected = viewer.palette[y / 2];
-          ASSERT_EQ(viewer.frameBits[n], expected) << int{mode} << ": y " << y << " j " << j << " k " << k;
-        }
-      }
-    }
-  }
-}
-
-TEST(BytePixels, GroupsLeaveTheOddEndOfALine) {
-  constexpr uint8_t kUnknownMode = 0x41;
-  for (const uint8_t mode : {ColourModeYjk, ColourModeYuv, ColourModeYae, kUnknownMode}) {
-    for (size_t width = 0; width < 10; ++width) {
-      ViewerState viewer = viewerOf(static_cast<int32_t>(width), 3, {}); // all black
-      viewer.colourMode = mode;
-      RenderBytePixels(viewer);
-      const size_t drawn = mode == kUnknownMode ? 0 : width / 4 * 4;
-      EXPECT_EQ(viewer.vramPos, static_cast<int32_t>(3 * drawn)) << int{mode} << " " << width;
-      for (size_t n = 0; n < width * 3; ++n) {
-        EXPECT_EQ(viewer.frameBits[n], n % width < drawn ? 0 : kUntouched) << int{mode} << " " << width << " " << n;
-      }
-    }
-  }
-}
-
-TEST(PatternScreen, EveryPixelByItsAddresses) {
-  ViewerState viewer = viewerOf(256, 192, {});
-  uint32_t random = 1;
-  for (uint8_t &byte : viewer.vram) byte = static_cast<uint8_t>((random = random * 1664525 + 1013904223) >> 24);
-  viewer.vramPos = 99;
-  renderPatternScreen(viewer);
-  EXPECT_EQ(viewer.vramPos, 99);
-  for (size_t y = 0; y < 192; ++y) {
-    for (size_t x = 0; x < 256; ++x) {
-      const size_t pattern = viewer.vram[0x1800 + y / 8 * 32 + x / 8] + y / 64 * 256;
-      const uint8_t colours = viewer.vram[0x2000 + pattern * 8 + y % 8];
-      const bool set = (viewer.vram[pattern * 8 + y % 8] & 0x80 >> x % 8) != 0;
-      ASSERT_EQ(viewer.frameBits[y * 256 + x], viewer.palette[set ? colours / 16 : colours % 16]) << x << " " << y;
-    }
-  }
-}
-
-TEST(RenderDispatch, ViewPaletteAndTheHandOver) {
-  using Row = std::tuple<Flag16, uint8_t, bool>;
-  for (const auto &[hasPalette, colourCount, enabled] :
-       {Row{kTrue, 16, true}, Row{kTrue, 17, false}, Row{kTrue, 0, true}, Row{kFalse, 16, false}}) {
-    TestViewer window;
-    ViewerState &viewer = window.viewer;
-    viewer.hasPalette = hasPalette;
-    viewer.colourCount = colourCount;
-    viewer.bitsPerPixel = 8;
-    viewer.colourMode = ColourModeGrb332;
-    viewer.imageWidth = 2;
-    viewer.imageHeight = 3;
-    viewer.vram[0] = 0x1C;
-    viewer.vramPos = 1; // every render begins at 0
-    viewer.window.menuViewPal.checked = viewer.window.Label5[15].visible = true;
-    renderPicture(viewer);
-    EXPECT_EQ(viewer.window.menuViewPal.enabled, enabled) << hasPalette << " " << int{colourCount};
-    EXPECT_FALSE(viewer.window.menuViewPal.checked || viewer.window.Label5[15].visible);
-    EXPECT_EQ(viewer.frameBits, (std::vector<uint32_t>{0xFC0000, 0, 0, 0, 0, 0}));
-    EXPECT_EQ(window.platform.log, (std::vector<std::string>{"runPendingEvents", "presentPicture 2x3"}));
-  }
+TEST(Renderers, EveryPixelOf16Bits) {
+  Bytes words;
+  for (int value = 0; value < 65536; ++value)
+    words.insert(words.end(), {static_cast<uint8_t>(value), static_cast<uint8_t>(value >> 8)});
+  const auto expected = [](const ViewerState &, size_t x, size_t y) { // 5 bits each: green, red, blue
+    return static_cast<uint32_t>(((y * 256 + x) >> 5 & 31) * 8 << 16 | (y >> 2 & 31) * 8 << 8 | (x & 31) * 8);
+  };
+  expectPixels(RenderG9b16, 256, 256, expected, words);
 }
 
 } // namespace

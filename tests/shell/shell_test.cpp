@@ -1,159 +1,280 @@
-// The window of Korilan.exe, held against the core over the headless platform.
+// The window held against the viewer without a window, what it does on the desktop, and Korilan.exe as a process.
+#include "cli/opened_file.h"
 #include "core/bitmap_export.h"
-#include "core/commands.h"
-#include "core/colour_count.h"
-#include "shell/control_ids.h"
-#include "shell/shown_sample.h"
+#include "core/file_kinds.h"
+#include "core/image_info.h"
+#include "shell/differences.h"
+#include "shell/out_of_memory.h"
+#include "shell/registry_settings.h"
 
-#include <gtest/gtest.h>
+#include <cstdlib>
+#include <new>
+#include <set>
 
-#include <array>
+#include <process.h>
 
 namespace {
 
-constexpr char kStartMenus[] = "File/Open Ctrl+O\n"
-                               "File/Reload F5 grey\n"
-                               "File/Close Ctrl+W grey\n"
-                               "File/Save as Bitmap Ctrl+S grey\n"
-                               "File/Copy to Clipboard Ctrl+C grey\n"
-                               "File/Preferences Ctrl+E\n"
-                               "File/Exit Ctrl+Q\n"
-                               "View grey\n"
-                               "View/Zoom Ctrl+Z grey checked\n"
-                               "View/1:2 Aspect  Ratio Ctrl+A grey\n"
-                               "View/Image Info Ctrl+I grey\n"
-                               "View/Count Colors Ctrl+N grey\n"
-                               "Palette/View Palette Ctrl+P grey\n"
-                               "Palette/Load Palette Ctrl+L grey\n"
-                               "Palette/Store Palette Ctrl+T grey\n"
-                               "Palette/Restore Palette Ctrl+R grey\n"
-                               "Help/Help F1\n"
-                               "Help/About\n";
+std::string korilanPath;
 
-// The menus of a picture with a palette of 16 colours, shown for the first time.
-constexpr char kPictureMenus[] = "File/Open Ctrl+O\n"
-                                 "File/Reload F5\n"
-                                 "File/Close Ctrl+W\n"
-                                 "File/Save as Bitmap Ctrl+S\n"
-                                 "File/Copy to Clipboard Ctrl+C\n"
-                                 "File/Preferences Ctrl+E\n"
-                                 "File/Exit Ctrl+Q\n"
-                                 "View/Zoom Ctrl+Z checked\n"
-                                 "View/1:2 Aspect  Ratio Ctrl+A\n"
-                                 "View/Image Info Ctrl+I\n"
-                                 "View/Count Colors Ctrl+N\n"
-                                 "Palette/View Palette Ctrl+P\n"
-                                 "Palette/Load Palette Ctrl+L\n"
-                                 "Palette/Store Palette Ctrl+T\n"
-                                 "Palette/Restore Palette Ctrl+R grey\n"
-                                 "Help/Help F1\n"
-                                 "Help/About\n";
-
-TEST(Shell, EmptyWindow) {
-  const DrivenWindow driven("");
-  ASSERT_NE(driven.window, nullptr);
-  EXPECT_EQ(textOf(driven, 0), "Korilan");
-  for (int label = 0; label < 4; ++label) EXPECT_EQ(textOf(driven, kLabel1Id + label), "");
-  EXPECT_EQ(menusOf(driven), kStartMenus);
-  EXPECT_EQ(mainViewSize(driven).cx, 516);
-  EXPECT_EQ(mainViewSize(driven).cy, 428);
-  choose(driven, "Close"); // grey: nothing happens
-  choose(driven, "Exit");
-  EXPECT_EQ(exitCodeOf(driven), 0);
+TEST(Window, AFileOfEachKindIsShownOrRefused) {
+  ShellWindow window("");
+  OpenedFile wanted;
+  openFile(wanted, "");
+  EXPECT_EQ(differences(window, wanted.viewer), "");
+  const auto expectShown = [&](const std::string &path) {
+    window.drop(path);
+    openPath(wanted.viewer, path);
+    EXPECT_EQ(differences(window, wanted.viewer), "") << path;
+  };
+  for (const FileKind &kind : kFileKinds) expectShown(writeSample(window.folder, kind.extension));
+  expectShown(window.folder.write(u8"日本.SCC", {'A', 'B', 0x10, 0x40}));
 }
 
-TEST(Shell, PictureFromTheCommandLineToTheClipboard) {
-  const TemporaryFolder folder("shell picture"); // the path is handed over in quotes
-  const SampleFile picture(folder, sampleNamed("odd/日本の城.SC5"));
-  const DrivenWindow driven("\"" + picture.path + "\"");
-  ASSERT_NE(driven.window, nullptr);
-  expectTexts(driven, picture.model);
-  expectPicture(driven, picture.viewer);
-
-  EXPECT_EQ(menusOf(driven), kPictureMenus);
-
-  const auto bitmap = encodeBitmap(picture.viewer.frameBits, 256, 212);
-  choose(driven, "Save as Bitmap");
-  EXPECT_TRUE(waitUntil([&] { return folder.read(u8"日本の城.bmp") == bitmap; }));
-  choose(driven, "Copy to Clipboard");
-  const std::vector<uint8_t> copied(bitmap.begin() + kBitmapFileHeaderBytes, bitmap.end());
-  EXPECT_TRUE(waitUntil([&] { return clipboardBytes(CF_DIB) == copied; }));
-  EXPECT_TRUE(clipboardBytes(CF_DIBV5) == encodeBitmapV5(picture.viewer.frameBits, 256, 212));
-
-  const std::string count = std::to_string(shownColourCount(picture.viewer));
-  choose(driven, "Count Colors");
-  EXPECT_EQ(answerMessage(driven, "Image Color Count"), "The amount of unique colors in this image is " + count + ".");
-
-  choose(driven, "Close");
-  EXPECT_TRUE(waitUntil([&] { return textOf(driven, 0) == "Korilan"; }));
-  for (int label = 0; label < 4; ++label) EXPECT_EQ(textOf(driven, kLabel1Id + label), "");
-  EXPECT_EQ(menusOf(driven), kStartMenus);
-  PostMessageA(driven.window, WM_CLOSE, 0, 0);
-  EXPECT_EQ(exitCodeOf(driven), 0);
-}
-
-TEST(Shell, DroppedFilesShowEverySampleOrLeaveThePictureAlone) {
-  const TemporaryFolder folder("shell_drop");
-  const SampleFile first(folder, sampleNamed("odd/Picture.Sc8"));
-  DrivenWindow driven(first.path);
-  ASSERT_NE(driven.window, nullptr);
-  expectPicture(driven, first.viewer);
-
-  dropFile(driven, folder.write(u8"cartridge.SCC", {'A', 'B', 0x10, 0x40}));
-  EXPECT_TRUE(waitUntil([&] { return textOf(driven, kLabel1Id + 3) == "*** Error: Not a valid .SCC file."; }));
-  EXPECT_EQ(textOf(driven, 0), "Korilan - cartridge.SCC");
-  EXPECT_EQ(textOf(driven, kLabel1Id), "256x212");
-  expectPicture(driven, first.viewer);
-
-  dropFile(driven, folder.write(u8"letter.txt", {'H', 'i'}));
-  EXPECT_EQ(textOf(driven, 0), "Korilan - cartridge.SCC");
-  const auto core = std::make_unique<OpenedFile>(); // a video's size depends on the one before
-  openFile(*core, first.path);
-  for (const samples::SamplePicture &sample : allSamples()) {
-    if (sample.width == 0) continue;
-    const SampleFile picture(folder, sample);
-    menuClose_Click(core->viewer);
-    openPath(core->viewer, picture.path);
-    choose(driven, "Close"); // video memory is clear again, as in the core that has just started
-    dropFile(driven, picture.path);
-    // A drop that comes while the window is still busy is ignored.
-    if (!waitUntil([&] { return textOf(driven, 0) == core->viewer.window.caption; })) dropFile(driven, picture.path);
-    expectTexts(driven, core->viewer.window);
-    expectPicture(driven, core->viewer);
+TEST(Window, SwatchesAndReadOutShowColours) {
+  ShellWindow window("WHEEL.GL5"); // 101x77, shown twice as large
+  window.choose("View Palette");
+  EXPECT_TRUE(window.viewer.window.Label5[15].visible);
+  EXPECT_EQ(differences(window), "");
+  const std::vector<std::pair<POINT, std::string>> rows{
+      {{0, 0}, "0, 0 "}, {{201, 153}, "100, 76 "}, {{202, 100}, ""}, {{57, 91}, "28, 45 "}, {{-1, -1}, ""}};
+  for (const auto &[place, text] : rows) {
+    SendMessageA(window.view, place.x < 0 ? WM_MOUSELEAVE : WM_MOUSEMOVE, 0, MAKELPARAM(place.x, place.y));
+    const std::string read = textOf(window.control(kReadoutId));
+    EXPECT_TRUE(text.empty() ? read.empty() : read.starts_with(text)) << read;
+    EXPECT_EQ(differences(window), "");
   }
-  choose(driven, "Exit");
-  EXPECT_EQ(exitCodeOf(driven), 0);
 }
 
-TEST(Shell, CoveredAndUncoveredPictureStandsAgain) {
-  const TemporaryFolder folder("shell_cover");
-  const SampleFile picture(folder, sampleNamed("odd/Desk.sR7"));
-  const DrivenWindow driven(picture.path);
-  ASSERT_NE(driven.window, nullptr);
-  expectPicture(driven, picture.viewer);
-  EXPECT_NE(menusOf(driven).find("1:2 Aspect  Ratio Ctrl+A checked"), std::string::npos);
+TEST(Window, APictureLargerThanTheScreenScrolls) {
+  ShellWindow window("PLASMA.HAM");
+  window.choose("1:2 Aspect  Ratio");           // 960 lines and the labels
+  EXPECT_EQ(clientSizeOf(window.view).cx, 512); // the bar has room beside it
+  const int last = 960 - clientSizeOf(window.view).cy;
+  const std::vector<std::array<int, 3>> rows{{WM_VSCROLL, SB_LINEDOWN, 32},
+                                             {WM_KEYDOWN, VK_UP, 0},
+                                             {WM_VSCROLL, SB_BOTTOM, last},
+                                             {WM_MOUSEWHEEL, WHEEL_DELTA << 16, last - 96},
+                                             {WM_VSCROLL, SB_PAGEDOWN, last}};
+  for (const auto &[message, wParam, line] : rows) {
+    SendMessageA(window.view, static_cast<UINT>(message), static_cast<WPARAM>(wParam), 0);
+    EXPECT_EQ(GetScrollPos(window.view, SB_VERT), std::max(0, line));
+    EXPECT_EQ(differences(window), "") << line;
+  }
+  SendMessageA(window.view, WM_MOUSEMOVE, 0, MAKELPARAM(10, 20));
+  EXPECT_TRUE(window.viewer.window.readout.text.starts_with("10, " + std::to_string((20 + last) / 2) + " "));
+}
+
+TEST(Window, FollowsThePictureAndStaysOnTheScreen) {
+  ShellWindow window("WHEEL.GL5", SW_SHOWMAXIMIZED);
+  const std::string small = window.viewer.filePath, large = writeSample(window.folder, "PLASMA.HAM");
+  const HWND main = window.main.window;
+  EXPECT_TRUE(IsZoomed(main));
+  window.drop(large);
+  ShowWindow(main, SW_RESTORE);
+  EXPECT_EQ(differences(window), "");
+  const LONG height = windowSizeOf(main).cy;
+  const RECT work = workAreaOf(main);
   RECT place{};
-  GetWindowRect(driven.window, &place);
-  const int width = place.right - place.left;
-  const int height = place.bottom - place.top;
-  const HWND cover = CreateWindowExA(WS_EX_TOPMOST, "STATIC", "", WS_POPUP | WS_VISIBLE, place.left, place.top, width,
-                                     height, nullptr, nullptr, nullptr, nullptr);
-  UpdateWindow(cover);
-  SetWindowPos(driven.window, nullptr, 20, 10, width + 100, height + 60, SWP_NOZORDER | SWP_NOACTIVATE);
-  DestroyWindow(cover);
-  expectPicture(driven, picture.viewer);
+  for (const std::string &path : {small, large, std::string()}) {
+    SetWindowPos(main, nullptr, work.right - 100, work.bottom - 100, 0, 0, SWP_NOSIZE);
+    path.empty() ? void(SendMessageA(main, WM_DISPLAYCHANGE, 0, 0)) : window.drop(path);
+    GetWindowRect(main, &place);
+    EXPECT_TRUE(place.right == work.right && place.bottom == work.bottom) << path;
+    EXPECT_EQ(windowSizeOf(main).cy == height, path != small);
+  }
+  const int letters = window.main.metrics.lineHeight;
+  place = {30, 40, 400, 500};
+  SendMessageA(main, WM_DPICHANGED, MAKEWPARAM(192, 192), reinterpret_cast<LPARAM>(&place));
+  EXPECT_NEAR(clientSizeOf(window.control(kLabel1Id)).cy, 2 * letters, 2);
+  GetWindowRect(main, &place);
+  EXPECT_TRUE(place.left == 30 && place.top == 40);
+}
+
+TEST(Window, TheFrameBarShowsTheFrameItIsMovedTo) {
+  for (const char *name : {"SUNSET.EVA", "COAST.VID"}) {
+    ShellWindow window(name);
+    const int last = window.viewer.window.HScroll1.maximum;
+    const std::vector<std::array<int, 2>> rows{{SB_PAGERIGHT, 12},       {SB_LINELEFT, 11},         {SB_RIGHT, last},
+                                               {SB_PAGELEFT, last - 12}, {SB_LINERIGHT, last - 11}, {SB_LEFT, 0}};
+    for (const auto &[request, frame] : rows) {
+      SendMessageA(window.main.window, WM_HSCROLL, static_cast<WPARAM>(request), 0);
+      EXPECT_EQ(window.viewer.window.HScroll1.value, frame) << name;
+      EXPECT_EQ(differences(window), "") << name << " " << frame;
+    }
+    window.choose("Close");
+    EXPECT_EQ(differences(window), "");
+  }
+}
+
+// Whether the next fifth of a second of the recording has sound.
+bool soundFollows() {
+  std::array<char, 44100 / 5> samples{};
+  const char *path = std::getenv("KORILAN_RECORDING");
+  const auto start = static_cast<std::streamoff>(std::filesystem::file_size(path));
+  EXPECT_TRUE(waitUntil([&] {
+    std::ifstream file(path, std::ios::binary);
+    return static_cast<bool>(file.seekg(start).read(samples.data(), std::ssize(samples)));
+  }));
+  return std::ranges::count(samples, '\x80') < std::ssize(samples);
+}
+
+TEST(Sound, ARunIsShownAndHeardUntilItEnds) {
+  ShellWindow window("SUNSET.EVA");
+  for (const int button : {kImage1Id + 1, kImage1Id}) { // Stop, and Play, which does nothing in a run
+    EXPECT_FALSE(soundFollows());
+    PostMessageA(window.control(kImage1Id), BM_CLICK, 0, 0);
+    EXPECT_TRUE(waitUntil(soundFollows));
+    window.run([&] { EXPECT_EQ(videoPlaying(window.viewer) ? differences(window) : "no run", ""); });
+    PostMessageA(window.control(button), BM_CLICK, 0, 0);
+    EXPECT_TRUE(window.settles());
+    EXPECT_EQ(window.viewer.window.HScroll1.value, 0);
+    EXPECT_EQ(differences(window), "");
+    soundFollows(); // what is on its way
+  }
+  EXPECT_FALSE(soundFollows());
+}
+
+TEST(Desktop, ALetterActsAloneOnlyIfPreferencesAllowIt) {
+  ShellWindow window("COAST.SC5");
+  const auto zoomedAfter = [&](bool ctrl) { return window.press('Z', ctrl), window.viewer.window.menuZoom.checked; };
+  EXPECT_TRUE(zoomedAfter(false));
+  EXPECT_FALSE(zoomedAfter(true));
+  EXPECT_EQ(differences(window), "");
+  window.viewer.preferences.Check4 = kTrue;
+  EXPECT_TRUE(zoomedAfter(false));
+}
+
+std::vector<uint8_t> clipboardBytes(UINT format) {
+  OpenClipboard(nullptr);
+  const HANDLE memory = GetClipboardData(format);
+  const auto *bytes = static_cast<const uint8_t *>(GlobalLock(memory));
+  const std::vector<uint8_t> copy(bytes, bytes + GlobalSize(memory));
+  GlobalUnlock(memory);
+  CloseClipboard();
+  return copy;
+}
+
+TEST(Desktop, TheClipboardTakesPictureAndText) {
+  ShellWindow window("COAST.SC5");
+  OpenedFile wanted;
+  openFile(wanted, window.viewer.filePath);
+  menuCopyClipboard_Click(wanted.viewer);
+  window.choose("Copy to Clipboard");
+  EXPECT_TRUE(clipboardBytes(CF_DIB) == wanted.platform.clipboard);
+  EXPECT_TRUE(clipboardBytes(CF_DIBV5) == wanted.platform.clipboardV5);
+
+  const HWND info = window.openDialog("Image Info", "Image Info");
+  SendDlgItemMessageA(info, kCopyTextId, BM_CLICK, 0, 0);
+  std::string text = reinterpret_cast<const char *>(clipboardBytes(CF_TEXT).data());
+  EXPECT_EQ(textOf(GetDlgItem(info, kTextId)), text);
+  std::erase(text, '\r');
+  EXPECT_EQ(text + "\n", imageInfo(wanted.viewer));
+  window.leaveDialog(info, IDCANCEL);
+
+  const HWND count = window.openDialog("Count Colors", "Image Color Count");
+  EXPECT_EQ(textOf(GetDlgItem(count, 0xFFFF)), "The amount of unique colors in this image is 16.");
+  window.leaveDialog(count, IDOK);
+}
+
+TEST(Desktop, OpenDialogStartsInTheFolderInWhichKeysPage) {
+  ShellWindow window("COAST.SC5");
+  writeSample(window.folder, "COAST.SC8");
+  const auto shows = [&](const char *name) { return window.viewer.window.caption == std::string("Korilan - ") + name; };
+  PostMessageA(window.view, WM_KEYDOWN, VK_NEXT, 0);
+  EXPECT_TRUE(window.settles([&] { return shows("COAST.SC8"); }));
+  for (const WPARAM button : {IDCANCEL, IDOK}) {
+    const HWND dialog = window.openDialog("Open", "Open A File");
+    constexpr int kFileName = 0x47C;
+    SendDlgItemMessageA(dialog, kFileName, WM_SETTEXT, 0, reinterpret_cast<LPARAM>("COAST.SC5"));
+    window.leaveDialog(dialog, button);
+    EXPECT_TRUE(shows(button == IDOK ? "COAST.SC5" : "COAST.SC8"));
+  }
+}
+
+// The boxes of the dialog, "1" for one that is checked; six numbers between the two groups are unused.
+std::string boxesOf(HWND dialog) {
+  std::string boxes;
+  for (int id = kGeneralPreferenceId; id < kAssociationId + 25; ++id)
+    boxes += IsDlgButtonChecked(dialog, id) ? '1' : '0';
+  return boxes;
+}
+
+TEST(Desktop, SavedPreferencesAreInTheRegistryAndActAtOnce) {
+  RegSetKeyValueA(HKEY_CURRENT_USER, "Software\\Classes\\.DAT\\shell", nullptr, REG_SZ, "Other", sizeof "Other");
+  deleteRegistrySetting("Korilan");
+  ShellWindow window("");
+  SetWindowPos(window.main.window, nullptr, 0, 0, 0, 0, SWP_NOSIZE);
+  const std::string filled = "1100000000100" + std::string(19, '1') + "011"; // not .DAT, .CMP and .SRC
+  for (const WPARAM command : {IDCANCEL, kSavePreferencesId}) {
+    const HWND dialog = window.openDialog("Preferences", "Preferences");
+    EXPECT_EQ(boxesOf(dialog).substr(0, 4), "0000");
+    for (const int box : {kCheckAllId, kUncheckAllId, kDefaultId, kGeneralPreferenceId, kGeneralPreferenceId + 1}) {
+      SendDlgItemMessageA(dialog, box, BM_CLICK, 0, 0);
+    }
+    SendMessageA(dialog, WM_COMMAND, command, 0);
+    window.leaveDialog(dialog, kClosePreferencesId);
+  }
+  const HWND dialog = window.openDialog("Preferences", "Preferences");
+  EXPECT_EQ(boxesOf(dialog), filled);
+  window.leaveDialog(dialog, IDCANCEL);
+  EXPECT_TRUE(readRegistrySetting("Korilan\\shell\\open\\command").ends_with("\\shell_test.exe %1"));
+  EXPECT_EQ(RegDeleteTreeA(HKEY_CURRENT_USER, "Software\\Classes\\.SC5"), ERROR_SUCCESS);
+  EXPECT_NE(RegDeleteTreeA(HKEY_CURRENT_USER, "Software\\Classes\\.DAT"), ERROR_SUCCESS); // is gone already
+  RECT place{};
+  GetWindowRect(window.main.window, &place);
+  EXPECT_GT(place.left, 0); // in the centre again
+  deleteRegistrySetting("Korilan");
+  window.press(VK_ESCAPE);
+  EXPECT_EQ(window.main.window, nullptr);
+}
+
+TEST(Desktop, TwentyFilesLeaveNothingBehind) {
+  ShellWindow window("");
+  std::set<std::array<DWORD, 2>> counts;
+  for (int i = 0; i < 20; ++i) {
+    for (const char *name : {"COAST.SC5", "COAST.SC7", "SUNSET.EVA"}) window.drop(writeSample(window.folder, name));
+    DWORD handles = 0;
+    GetProcessHandleCount(GetCurrentProcess(), &handles);
+    counts.insert({handles, GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS)});
+  }
+  EXPECT_EQ(counts.size(), 1u) << testing::PrintToString(counts);
+}
+
+// Starts a program, waits for its window and closes it. Returns the exit code.
+int runProgram(const std::string &path, const std::string &argument, const char *windowClass, const char *caption) {
+  const intptr_t process = _spawnl(_P_NOWAIT, path.c_str(), "program", argument.c_str(), nullptr);
+  EXPECT_TRUE(waitUntil([&] { return IsWindowVisible(FindWindowA(windowClass, caption)); }));
+  PostMessageA(FindWindowA(windowClass, caption), WM_SYSCOMMAND, SC_CLOSE, 0);
+  int code = -1;
+  _cwait(&code, process, 0);
+  return code;
+}
+
+TEST(Process, OpensTheFileOfTheCommandLine) {
+  const TemporaryFolder folder("shell process");
+  const std::string path = folder.write(u8"日本の城.SC5", std::vector<uint8_t>(30000, 0xFE));
+  EXPECT_EQ(runProgram(korilanPath, "\"" + path + "\" ", "KorilanMainWindow", "Korilan - 日本の城.SC5"), 0);
+}
+
+TEST(Process, EndsWithAMessageWhenOutOfMemory) {
+  std::array<char, MAX_PATH> self{};
+  GetModuleFileNameA(nullptr, self.data(), self.size());
+  EXPECT_EQ(runProgram(self.data(), "out-of-memory", "#32770", "Korilan"), 1);
 }
 
 } // namespace
 
 int main(int argumentCount, char **arguments) {
   ::testing::InitGoogleTest(&argumentCount, arguments);
-  if (argumentCount != 3) return 2;
-  const auto absolute = [](const char *path) {
-    std::array<char, MAX_PATH> full{};
-    return std::string(full.data(), GetFullPathNameA(path, full.size(), full.data(), nullptr));
-  };
-  shellPaths = {.viewer = absolute(arguments[1]), .probe = absolute(arguments[2])};
-  const UnmanagedWindows unmanaged;
+  korilanPath = arguments[1];
+  if (korilanPath == "out-of-memory") {
+    endWhenOutOfMemory();
+    ::operator delete(::operator new(PTRDIFF_MAX));
+  }
+  // Without a window manager Wine would wait for one whenever a window closes.
+  constexpr char kDriver[] = "Software\\Wine\\AppDefaults\\shell_test.exe\\X11 Driver";
+  RegSetKeyValueA(HKEY_CURRENT_USER, kDriver, "Managed", REG_SZ, "N", sizeof "N");
+  SetCursorPos(9999, 9999); // off the windows
   return RUN_ALL_TESTS();
 }

@@ -17,7 +17,5 @@ struct FullDisk {
   }
 
   ~FullDisk() { setrlimit(RLIMIT_FSIZE, &before); }
-
   FullDisk(const FullDisk &) = delete;
-  FullDisk &operator=(const FullDisk &) = delete;
 };

@@ -2,28 +2,39 @@
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 namespace {
 
+constexpr const char *kFailure = "disk is broken";
+
+using Output = std::pair<std::string, std::vector<uint8_t>>; // path and bytes so far
+
+std::span<const uint8_t> bytesOf(FileHandle file) { return *static_cast<std::vector<uint8_t> *>(file); }
+
+bool readFails() {
+  const DiskFaults &faults = diskFaults();
+  const int read = ++diskFaults().reads;
+  return faults.failingRead != 0 && (faults.readsStayFailed ? read >= faults.failingRead : read == faults.failingRead);
+}
+
+bool outputFails() { return ++diskFaults().outputSteps == diskFaults().failingOutputStep; }
+
 FileHandle openForReading(const char *path) {
   const auto file = memoryDisk().find(path);
-  return file != memoryDisk().end() ? &file->second : nullptr;
+  return file == memoryDisk().end() || readFails() ? nullptr : &file->second;
 }
 
-const std::vector<uint8_t> &bytesOf(FileHandle file) { return *static_cast<std::vector<uint8_t> *>(file); }
+int64_t lengthOf(FileHandle file) { return readFails() ? 0 : static_cast<int64_t>(bytesOf(file).size()); }
 
-int64_t lengthOf(FileHandle file) { return static_cast<int64_t>(bytesOf(file).size()); }
-
+// A read that fails has given the half of it.
 size_t readAt(FileHandle file, int64_t offset, uint8_t *into, size_t count) {
-  const auto &bytes = bytesOf(file);
-  if (offset < 0 || offset >= lengthOf(file)) return 0;
-  const auto start = bytes.begin() + static_cast<std::ptrdiff_t>(offset);
-  const size_t given = std::min(count, static_cast<size_t>(bytes.end() - start));
-  std::copy_n(start, given, into);
-  return given;
+  const auto bytes = bytesOf(file);
+  const auto start = std::min(bytes.size(), static_cast<size_t>(offset));
+  count = std::min(readFails() ? count / 2 : count, bytes.size() - start);
+  std::copy_n(bytes.begin() + static_cast<std::ptrdiff_t>(start), count, into);
+  return count;
 }
-
-void closeFile(FileHandle) {}
 
 std::vector<std::string> listFolder(const char *folder) {
   std::vector<std::string> names;
@@ -34,37 +45,25 @@ std::vector<std::string> listFolder(const char *folder) {
   return names;
 }
 
-struct Output {
-  std::string path;
-  std::vector<uint8_t> bytes;
-};
-
 OutputHandle beginOutput(const char *path, std::string &failure) {
-  if (!std::string(path).starts_with("locked")) return new Output{path, {}};
-  failure = "disk is locked";
+  if (!outputFails()) return new Output{path, {}};
+  failure = kFailure;
   return nullptr;
 }
 
-std::string writeOutput(OutputHandle handle, std::span<const uint8_t> bytes) {
-  auto &output = *static_cast<Output *>(handle);
-  output.bytes.insert(output.bytes.end(), bytes.begin(), bytes.end());
+std::string writeOutput(OutputHandle output, std::span<const uint8_t> more) {
+  if (outputFails()) return kFailure;
+  std::vector<uint8_t> &bytes = static_cast<Output *>(output)->second;
+  bytes.insert(bytes.end(), more.begin(), more.end());
   return "";
 }
 
 std::string finishOutput(OutputHandle handle, bool keep) {
   const std::unique_ptr<Output> output(static_cast<Output *>(handle));
-  if (keep) memoryDisk()[output->path] = output->bytes;
+  if (outputFails()) return kFailure;
+  if (keep) memoryDisk()[output->first] = output->second;
   return "";
 }
-
-constexpr FileOps kMemoryFiles{.openForReading = openForReading,
-                               .length = lengthOf,
-                               .readAt = readAt,
-                               .close = closeFile,
-                               .listFolder = listFolder,
-                               .beginOutput = beginOutput,
-                               .write = writeOutput,
-                               .finishOutput = finishOutput};
 
 } // namespace
 
@@ -73,4 +72,13 @@ MemoryDisk &memoryDisk() {
   return disk;
 }
 
-const FileOps &memoryFiles() { return kMemoryFiles; }
+DiskFaults &diskFaults() {
+  static thread_local DiskFaults faults;
+  return faults;
+}
+
+const FileOps &memoryFiles() {
+  static constexpr FileOps kFiles{openForReading, lengthOf,    readAt,      [](FileHandle) {},
+                                  listFolder,     beginOutput, writeOutput, finishOutput};
+  return kFiles;
+}

@@ -14,6 +14,3 @@ struct ScarceMemory {
 
 // Of this thread.
 ScarceMemory &scarceMemory();
-
-// Blocks that this thread has and did not give back.
-int64_t liveBlocks();

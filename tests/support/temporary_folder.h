@@ -14,21 +14,18 @@ struct TemporaryFolder {
   std::string path; // UTF-8, ends in a separator
 
   explicit TemporaryFolder(const std::string &name) {
-    std::error_code error;
-    auto folder = std::filesystem::temp_directory_path(error) / ("korilan_tests_" + name);
-    std::filesystem::remove_all(folder, error);
-    std::filesystem::create_directories(folder, error);
-    folder /= "";
+    std::filesystem::path folder = std::filesystem::temp_directory_path() / ("korilan_tests_" + name) / "";
     path = folder.make_preferred().string();
+    std::filesystem::remove_all(path);
+    std::filesystem::create_directories(path);
   }
+
+  TemporaryFolder(const TemporaryFolder &) = delete;
 
   ~TemporaryFolder() {
     std::error_code error;
     std::filesystem::remove_all(path, error);
   }
-
-  TemporaryFolder(const TemporaryFolder &) = delete;
-  TemporaryFolder &operator=(const TemporaryFolder &) = delete;
 
   // Writes a file and returns its path.
   std::string write(const std::u8string &name, const std::vector<uint8_t> &bytes) const {
@@ -44,9 +41,5 @@ struct TemporaryFolder {
     return {std::istreambuf_iterator<char>(file), {}};
   }
 
-  size_t fileCount() const {
-    std::error_code error;
-    const std::filesystem::directory_iterator files(path, error);
-    return static_cast<size_t>(std::distance(begin(files), end(files)));
-  }
+  size_t fileCount() const { return static_cast<size_t>(std::distance(std::filesystem::directory_iterator(path), {})); }
 };

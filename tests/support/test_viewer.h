@@ -2,12 +2,8 @@
 #pragma once
 
 #include "core/commands.h"
-#include "state/viewer_state.h"
 #include "headless/headless_platform.h"
 #include "support/memory_files.h"
-
-#include <string>
-#include <vector>
 
 inline std::vector<uint8_t> bytesOf(const VideoMemory &memory) { return {memory.begin(), memory.end()}; }
 

@@ -4,32 +4,31 @@
 
 std::string menuText(const WindowModel &window) {
   std::string text;
-  const auto add = [&](const MenuItem &item, const char *name) { text += item.enabled ? name : ""; };
-  add(window.menuClose, "Close ");
-  add(window.menuSaveBMP, "Save ");
-  add(window.menuCopyClipboard, "Copy ");
-  add(window.menuView, "View ");
-  add(window.menuViewPal, "ViewPal ");
-  add(window.menuLoadPal, "LoadPal ");
-  add(window.menuSavePal, "SavePal ");
-  add(window.menuRestPal, "RestPal ");
+  for (const auto &[item, name] :
+       {std::pair(&window.menuClose, "Close "), std::pair(&window.menuSaveBMP, "Save "),
+        std::pair(&window.menuCopyClipboard, "Copy "), std::pair(&window.menuView, "View "),
+        std::pair(&window.menuViewPal, "ViewPal "), std::pair(&window.menuLoadPal, "LoadPal "),
+        std::pair(&window.menuSavePal, "SavePal "), std::pair(&window.menuRestPal, "RestPal ")}) {
+    text += item->enabled ? name : "";
+  }
   return text;
 }
 
 std::string pictureText(const ViewerState &viewer) {
-  const auto digest = [](const auto &range) {
-    const auto *bytes = reinterpret_cast<const char *>(range.data());
-    return std::hash<std::string_view>{}({bytes, range.size() * sizeof(*range.data())});
-  };
   const WindowModel &window = viewer.window;
   std::ostringstream text;
-  text << int{viewer.bitsPerPixel} << " bits, mode " << int{viewer.colourMode} << ", " << int{viewer.colourCount}
-       << " colours, palette " << viewer.hasPalette << ", packed " << viewer.isPacked << ", sprites "
-       << viewer.spriteMode << ", " << viewer.imageWidth << "x" << viewer.imageHeight << "; " << window.Label1 << ", "
-       << window.Label2 << ", " << window.Label3 << "; " << menuText(window) << "; " << window.mainViewWidth << "x"
-       << window.mainViewHeight << " " << window.stretch.targetWidth << "x" << window.stretch.targetHeight
-       << "; palette " << digest(viewer.palette) << ", vram " << digest(viewer.vram) << ", frame "
-       << digest(viewer.frameBits) << " " << viewer.pictureShown;
+  for (const int32_t number : {int32_t{viewer.bitsPerPixel}, int32_t{viewer.colourMode}, int32_t{viewer.colourCount},
+                               int32_t{viewer.hasPalette}, int32_t{viewer.isPacked}, int32_t{viewer.spriteMode},
+                               viewer.imageWidth, viewer.imageHeight, window.mainViewWidth, window.mainViewHeight,
+                               window.stretch.targetWidth, window.stretch.targetHeight, int32_t{viewer.pictureShown}}) {
+    text << number << " ";
+  }
+  text << window.Label1 << ", " << window.Label2 << ", " << window.Label3 << "; " << menuText(window);
+  const auto digest = [](const auto *data, size_t count) {
+    return std::hash<std::string_view>{}({reinterpret_cast<const char *>(data), count * sizeof(*data)});
+  };
+  text << digest(viewer.palette.data(), viewer.palette.size()) << " " << digest(viewer.vram.data(), viewer.vram.size())
+       << " " << digest(viewer.frameBits.data(), viewer.frameBits.size());
   return text.str();
 }
 

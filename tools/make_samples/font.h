@@ -1,17 +1,18 @@
 #pragma once
 
-#include <array>
-#include <cstdint>
+// Letters of 8 x 8 pixels.
+
+#include <string_view>
+
+#include "picture.h"
 
 namespace samples {
 
-using Glyph = std::array<std::uint8_t, 8>;
+// Sets the pixels of the text; each is a box of `across` x `down` pixels. What is outside the picture is left out.
+void drawText(IndexedPicture &picture, int left, int top, std::string_view text, std::uint8_t ink, int across = 1,
+              int down = 1);
 
-// Eight lines of a character, bit 7 left: ASCII from blank to tilde and the box characters of
-// drawing.h. Others are blank.
-const Glyph &glyphOf(char character);
-
-// Five lines of a hexadecimal digit 0..15 in three columns, bit 2 left; the last three lines are blank.
-const Glyph &smallDigitOf(int digit);
+// What is outside the picture is left out.
+void fillBox(IndexedPicture &picture, int left, int top, int width, int height, std::uint8_t ink);
 
 } // namespace samples

@@ -21,27 +21,27 @@ bool writeWholeFile(const std::filesystem::path &path, const std::vector<std::ui
   return file.good();
 }
 
-void complain(const std::string &line) {
-  (void)std::fputs((line + "\n").c_str(), stderr); // nobody is left to hear of a failure
+void printError(const std::string &line) {
+  (void)std::fputs((line + "\n").c_str(), stderr); // its own failure cannot be reported
 }
 
 } // namespace
 
 int main(int argumentCount, char **arguments) {
   if (argumentCount != 2 || arguments[1][0] == '\0' || arguments[1][0] == '-') {
-    complain("usage: make_samples DIR");
+    printError("usage: make_samples DIR");
     return 2;
   }
   const std::filesystem::path folder = pathOfUtf8(arguments[1]);
   std::error_code failure;
   std::filesystem::create_directories(folder / "odd", failure);
   if (failure) {
-    complain(std::string("make_samples: cannot create ") + arguments[1] + "/odd: " + failure.message());
+    printError(std::string("make_samples: cannot create ") + arguments[1] + "/odd: " + failure.message());
     return 1;
   }
   const auto write = [&](const std::string &name, const std::vector<std::uint8_t> &bytes) {
     const bool written = writeWholeFile(folder / pathOfUtf8(name), bytes);
-    if (!written) complain(std::string("make_samples: cannot write ") + arguments[1] + "/" + name);
+    if (!written) printError(std::string("make_samples: cannot write ") + arguments[1] + "/" + name);
     return written;
   };
   for (const samples::SamplePicture &picture : samples::allSamplePictures()) {

@@ -1,150 +1,129 @@
-#include <algorithm>
-
-#include "colour_reduction.h"
-#include "expected_colours.h"
-#include "level_art.h"
-#include "picture_parts.h"
+#include "encoders.h"
+#include "font.h"
+#include "pixel_art.h"
 #include "sample_groups.h"
-#include "sample_variants.h"
+#include "scenes.h"
 
 namespace samples {
 
 namespace {
 
-constexpr const char *kColoursMissing = "*** Error: Could not find corresponding .TCS file!";
+constexpr int kSpriteCount = 46;
+constexpr std::size_t kTileLines = 2048; // 256 tiles of 8 lines
 
-SamplePicture tileSetSample(const std::string &name, const IndexedPicture &picture, const Palette &palette) {
-  return {name, tileSetFile(picture, palette), 256, 64, shownIndexes(picture.indexes, coloursOfPalette(palette)), ""};
+// 256 x 64 in tiles of 8 x 8: palette, patterns, colours.
+Bytes tileSetFile(const IndexedPicture &picture, const Palette &palette) {
+  Bytes patterns, colours;
+  for (std::size_t line = 0; line < kTileLines; ++line) {
+    const auto tile = static_cast<int>(line / 8);
+    const std::uint8_t *pixels = &picture.at(tile % 32 * 8, tile / 32 * 8 + static_cast<int>(line % 8));
+    const std::uint8_t foreground = pixels[0];
+    std::uint8_t background = 0;
+    int bits = 0;
+    for (int x = 0; x < 8; ++x) {
+      bits = bits * 2 + (pixels[x] == foreground);
+      if (pixels[x] != foreground) background = pixels[x];
+    }
+    patterns.push_back(byteOf(bits));
+    colours.push_back(byteOf(foreground * 16 + background));
+  }
+  Bytes file = paletteBytes(palette);
+  append(file, patterns);
+  append(file, colours);
+  return file;
 }
 
-SamplePicture borderSample(const std::string &name, const IndexedPicture &picture) {
-  return {name, borderFile(picture), 256, 40, shownIndexes(picture.indexes, kDefaultColours), ""};
+// 256 x 40; the end address takes in the byte behind the pixels.
+Bytes borderFile(const IndexedPicture &picture) {
+  Bytes memory = packBits(picture.pixels, 4);
+  memory.push_back(0);
+  return bloadFile(memory, 5120);
 }
 
-// Sixteen sprites side by side; the colour numbers of both layers are joined bit by bit.
-IndexedPicture shownSprites(const std::vector<LayeredSprite> &sprites) {
-  IndexedPicture picture = blankPicture(256, 48, 0);
-  for (int n = 0; n < static_cast<int>(sprites.size()); ++n) {
-    const LayeredSprite &sprite = sprites[static_cast<std::size_t>(n)];
-    for (int y = 0; y < 16; ++y) {
-      const auto line = static_cast<std::size_t>(y);
-      for (int x = 0; x < 16; ++x) {
-        const int lower = (sprite.bits[line] >> (15 - x) & 1) != 0 ? sprite.colours[line] : 0;
-        const int upper = (sprite.overBits[line] >> (15 - x) & 1) != 0 ? sprite.overColours[line] : 0;
-        setPixel(picture, n % 16 * 16 + x, n / 16 * 16 + y, static_cast<std::uint8_t>(lower | upper));
+// Bit 0 of a pixel is in the lower layer, bit 1 in the upper one.
+using Sprites = std::vector<IndexedPicture>;
+
+Bytes spriteFile(const Sprites &sprites) {
+  Bytes file;
+  for (const IndexedPicture &sprite : sprites) {
+    for (int part = 0; part < 4; ++part) { // left and right half of a layer, then of the other
+      for (int y = 0; y < 16; ++y) {
+        int bits = 0;
+        for (int x = 0; x < 8; ++x) bits = bits * 2 + (sprite.at(part % 2 * 8 + x, y) >> (part / 2) & 1);
+        file.push_back(byteOf(bits));
       }
     }
   }
-  return picture;
+  return file;
 }
 
-// Named in the letters of `colourExtension`, the colour file stands beside the sprites.
-SamplePicture spriteSample(const std::string &name, const std::vector<LayeredSprite> &sprites,
-                           const std::string &colourExtension, std::uint8_t highHalf) {
-  const std::string colourName = name.substr(0, name.size() - 3) + colourExtension;
-  return {name,
-          spriteSetFile(sprites),
-          256,
-          48,
-          shownIndexes(shownSprites(sprites).indexes, kDefaultColours),
-          "",
-          {{colourName, spriteColourFile(sprites, highHalf)}}};
-}
-
-SamplePicture withoutColours(const std::string &name, const std::vector<LayeredSprite> &sprites) {
-  return {name, spriteSetFile(sprites), 0, 0, {}, kColoursMissing};
-}
-
-void addOddBorders(std::vector<SamplePicture> &pictures, Gallery &gallery) {
-  const IndexedPicture strip =
-      cropped(diffuseToPalette(sceneIn(gallery, reef, 256), kDefaultColours, 16), 0, 80, 256, 40);
-  const SamplePicture border = borderSample("", strip);
-  struct BadHeader {
-    const char *name;
-    std::size_t position;
-    std::uint8_t value;
-  };
-  constexpr std::array<BadHeader, 5> kBadHeaders = {{{"odd/first_byte_fd.SCR", 0, 0xFD},
-                                                     {"odd/start_0001.SCR", 1, 0x01},
-                                                     {"odd/end_1401.SCR", 3, 0x01},
-                                                     {"odd/end_1500.SCR", 4, 0x15},
-                                                     {"odd/execution_0001.SCR", 5, 0x01}}};
-  for (const BadHeader &row : kBadHeaders) {
-    pictures.push_back(refused(withByte(border, row.name, row.position, row.value)));
-  }
-  SamplePicture before = withByte(border, "odd/end_13ff.SCR", 3, 0xFF);
-  before.bytes[4] = 0x13;
-  pictures.push_back(refused(before));
-  pictures.push_back(refused(blankFile("odd/empty.SCR")));
-  // The last byte is no part of the picture.
-  pictures.push_back(cutTo(border, "odd/without_last_byte.SCR", 7 + 5120));
-  SamplePicture cut = cutTo(border, "odd/short_body.SCR", 7 + 25 * 128);
-  std::fill(cut.expected.begin() + 25 * 256, cut.expected.end(), 0u);
-  pictures.push_back(cut);
-}
-
-void addOddTileSets(std::vector<SamplePicture> &pictures) {
-  const SamplePicture tiles = tileSetSample("", levelTiles(), kLevelPalette);
-  SamplePicture unfilled = tileSetSample("odd/tiles_palette_zero.SC4", levelTiles(), Palette{});
-  unfilled.expected = shownIndexes(levelTiles().indexes, kDefaultColours);
-  pictures.push_back(unfilled);
-  SamplePicture bad = withByte(tiles, "odd/tiles_palette_red_80.SC4", 30, 0x80);
-  bad.expected = unfilled.expected;
-  pictures.push_back(bad);
-  pictures.push_back(withByte(bad, "odd/tiles_first_byte_fd.SC4", 0, 0xFD));
-  pictures.push_back(refused(withByte(tiles, "odd/tiles_first_byte_fe.SC4", 0, 0xFE)));
-  pictures.push_back(refused(cutTo(tiles, "odd/tiles_size_4127.SC4", 4127)));
-  pictures.push_back(refused(cutTo(tiles, "odd/tiles_size_4129.SC4", 4129)));
-  pictures.push_back(renamed(tiles, "odd/tiles_screen_2.SC2"));
-}
-
-void addOddSprites(std::vector<SamplePicture> &pictures) {
-  const std::vector<LayeredSprite> figures = levelFigures();
-  pictures.push_back(refused(cutTo(withoutColours("", figures), "odd/size_2943.TGS", 2943)));
-  pictures.push_back(refused(cutTo(withoutColours("", figures), "odd/size_2945.TGS", 2945)));
-  pictures.push_back(refused(blankFile("odd/empty.TGS")));
-  pictures.push_back(withoutColours("odd/no_colours.TGS", figures));
-  for (const auto &[name, size] : {std::pair{"odd/colours_1471.", 1471u}, std::pair{"odd/colours_1473.", 1473u},
-                                   std::pair{"odd/colours_empty.", 0u}}) {
-    SamplePicture bad = withoutColours(std::string(name) + "TGS", figures);
-    Bytes colours = spriteColourFile(figures, 0);
-    colours.resize(size);
-    bad.companions = {{std::string(name) + "tcs", colours}};
-    pictures.push_back(bad);
-  }
-  // Only the low halves of the colours count.
-  pictures.push_back(spriteSample("odd/colours_high_half.TGS", figures, "tcs", 0x0F));
-  // Both layers everywhere, every pair of colours in turn.
-  std::vector<LayeredSprite> full(kSpriteCount);
-  for (std::size_t n = 0; n < kSpriteCount; ++n) {
-    full[n].bits.fill(0xFFF0);
-    full[n].overBits.fill(0x0FFF);
-    for (std::size_t line = 0; line < 16; ++line) {
-      full[n].colours[line] = static_cast<std::uint8_t>(n % 16);
-      full[n].overColours[line] = static_cast<std::uint8_t>(line);
+// A colour for each line of each layer; the high half of a byte has no meaning.
+Bytes spriteColours() {
+  constexpr Bytes::value_type kLower[] = {2, 4, 8, 12, 6, 10}, kUpper[] = {13, 11, 7, 3, 9, 5};
+  Bytes file;
+  for (std::size_t sprite = 0; sprite < kSpriteCount; ++sprite) {
+    for (const auto &colours : {kLower, kUpper}) {
+      for (std::size_t line = 0; line < 16; ++line) {
+        file.push_back(byteOf(colours[(sprite + line / 6) % 6] + (line % 2 != 0 ? 0xA0 : 0)));
+      }
     }
   }
-  pictures.push_back(spriteSample("odd/all_pairs.tgs", full, "TCS", 0));
+  return file;
+}
+
+// Letters with a shadow.
+Sprites letters() {
+  Sprites sprites;
+  for (int i = 0; i < kSpriteCount; ++i) {
+    const char letter = "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789.,:!-=\"/OK"[i];
+    IndexedPicture front(16, 16), both(16, 16);
+    drawText(front, 0, 0, {&letter, 1}, 1, 2, 2);
+    drawText(both, 2, 1, {&letter, 1}, 2, 2, 2);
+    for (std::size_t pixel = 0; pixel < 256; ++pixel) both.pixels[pixel] |= front.pixels[pixel];
+    sprites.push_back(both);
+  }
+  return sprites;
+}
+
+// Ships with the same left and right half, of blocks of two pixels.
+Sprites figures() {
+  Sprites sprites;
+  std::uint32_t random = 7;
+  for (int i = 0; i < kSpriteCount; ++i) {
+    IndexedPicture sprite(16, 16);
+    for (int row = 0; row < 7; ++row) {
+      random = random * 1664525 + 1013904223;
+      const int width = 1 + static_cast<int>(random >> 20) % 4;
+      fillBox(sprite, 8 - 2 * width, 1 + 2 * row, 4 * width, 2, 1);
+      fillBox(sprite, 8 - width, 1 + 2 * row, 2 * width, 2, row % 3 == 1 ? 2 : 3);
+    }
+    sprites.push_back(sprite);
+  }
+  return sprites;
 }
 
 } // namespace
 
-void addVscreenSamples(std::vector<SamplePicture> &pictures, Gallery &gallery) {
-  pictures.push_back(tileSetSample("TILES.SC4", levelTiles(), kLevelPalette));
-  const TruePicture planet = cropped(sceneIn(gallery, ringedPlanet, 256), 0, 60, 256, 64);
-  const Palette palette = choosePalette(planet, 16);
-  pictures.push_back(tileSetSample("RINGS.SC4", orderToPatternLines(planet, coloursOfPalette(palette)), palette));
-  pictures.push_back(borderSample("STATUS.SCR", statusBorder()));
-  const TruePicture skyline = cropped(sceneIn(gallery, cityNight, 256), 0, 116, 256, 40);
-  pictures.push_back(borderSample("SKYLINE.SCR", diffuseToPalette(skyline, kDefaultColours, 16)));
-  pictures.push_back(spriteSample("FIGURES.TGS", levelFigures(), "TCS", 0));
-  pictures.push_back(spriteSample("LETTERS.TGS", letterSprites(), "tcs", 0));
-}
+void addVscreenSamples(Samples &samples) {
+  const TruePicture part = cropped(rendered(plasma, 256, 212), 0, 70, 256, 64);
+  const Bytes tiles = tileSetFile(ditheredInPairs(part, coloursOf(kPlasmaPalette)), kPlasmaPalette);
+  samples.push_back({"PLASMA.SC4", tiles});
+  samples.push_back({"odd/tiles.SC2", tiles});
+  const IndexedPicture program = cropped(listing(), 0, 0, 256, 64);
+  samples.push_back({"TILES.SC4", tileSetFile(program, kDefaultPalette)});
 
-void addOddVscreenSamples(std::vector<SamplePicture> &pictures, Gallery &gallery) {
-  addOddBorders(pictures, gallery);
-  addOddTileSets(pictures);
-  addOddSprites(pictures);
+  const TruePicture horizon = cropped(rendered(coast, 256, 212), 0, 100, 256, 40);
+  samples.push_back({"COAST.SCR", borderFile(dithered(horizon, coloursOf(kDefaultPalette)))});
+  IndexedPicture status(256, 40, 1);
+  fillBox(status, 2, 2, 252, 36, 4);
+  drawText(status, 12, 8, "SCORE 0017350", 15);
+  drawText(status, 12, 24, "LIVES", 11);
+  for (int life = 0; life < 3; ++life) fillBox(status, 60 + life * 12, 24, 8, 8, 8);
+  drawText(status, 148, 8, "LEVEL 7", 7, 1, 2);
+  samples.push_back({"STATUS.SCR", borderFile(status)});
+
+  samples.push_back({"FIGURES.TGS", spriteFile(figures()), {{"FIGURES.TCS", spriteColours()}}});
+  samples.push_back({"LETTERS.TGS", spriteFile(letters()), {{"LETTERS.tcs", spriteColours()}}});
 }
 
 } // namespace samples

@@ -1,0 +1,17 @@
+# Runs clang-tidy beside the compiler on the sources of a target; any finding fails the build.
+option(KORILAN_ANALYSE "Run clang-tidy beside the compiler; needs clang-tidy" OFF)
+
+function(korilan_analyse)
+  if(NOT KORILAN_ANALYSE)
+    return()
+  endif()
+  # The compile commands hold options that only g++ knows.
+  set(command clang-tidy --quiet --extra-arg=-Wno-unknown-warning-option --extra-arg=-Wreserved-identifier)
+  if(MINGW)
+    execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=include
+      OUTPUT_VARIABLE headers OUTPUT_STRIP_TRAILING_WHITESPACE)
+    list(APPEND command --extra-arg=--target=x86_64-w64-mingw32 --extra-arg=-isystem${headers}/c++
+      --extra-arg=-isystem${headers}/c++/x86_64-w64-mingw32)
+  endif()
+  set_target_properties(${ARGV} PROPERTIES CXX_CLANG_TIDY "${command}")
+endfunction()

@@ -1,0 +1,24 @@
+// UTF-8 to the UTF-16 of Windows' W functions, and back.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <string_view>
+
+// Bytes that are not UTF-8 become U+FFFD.
+inline std::wstring toUtf16(std::string_view text) {
+  const int bytes = static_cast<int>(text.size());
+  const int units = MultiByteToWideChar(CP_UTF8, 0, text.data(), bytes, nullptr, 0);
+  std::wstring wide(static_cast<size_t>(units), L'\0');
+  MultiByteToWideChar(CP_UTF8, 0, text.data(), bytes, wide.data(), units);
+  return wide;
+}
+
+inline std::string toUtf8(std::wstring_view text) {
+  const int units = static_cast<int>(text.size());
+  const int bytes = WideCharToMultiByte(CP_UTF8, 0, text.data(), units, nullptr, 0, nullptr, nullptr);
+  std::string narrow(static_cast<size_t>(bytes), '\0');
+  WideCharToMultiByte(CP_UTF8, 0, text.data(), units, narrow.data(), bytes, nullptr, nullptr);
+  return narrow;
+}

@@ -1,0 +1,78 @@
+#include "core/opening.h"
+
+#include "base/paths.h"
+#include "base/text.h"
+#include "core/display_geometry.h"
+#include "core/file_kinds.h"
+#include "core/rendering.h"
+#include "state/labels.h"
+#include "state/video_memory.h"
+#include "video/playback.h"
+#include "video/video_mode.h"
+
+namespace {
+
+// Also tells the players that their file is closed.
+void closeAllFiles(ViewerState &viewer) {
+  closeInputFile(viewer.inputFile);
+  viewer.player = nullptr;
+  leaveVideoMode(viewer);
+  viewer.paletteFilePos = 0;
+  viewer.vramPos = 0;
+}
+
+// First step: stores names and caption, opens the file. Returns false, with the error shown, on failure.
+bool openFileForReading(ViewerState &viewer) {
+  viewer.fileName = fileNameOf(viewer.filePath);
+  viewer.folderPath = viewer.filePath.substr(0, folderLength(viewer.filePath));
+  viewer.window.caption = std::string(kCaptionStart) + viewer.fileName;
+  viewer.window.menuReload.enabled = true;
+  viewer.fileLoaded = kTrue;
+  viewer.loadError.clear();
+  closeAllFiles(viewer);
+  if (openInputFile(viewer.inputFile, *viewer.platform.files, viewer.filePath)) return true;
+  return reportNotValid(viewer);
+}
+
+// Last step: shows the loaded picture or video.
+void showLoaded(ViewerState &viewer) {
+  viewer.player = viewer.kind->traits.player;
+  if (viewer.player != nullptr) {
+    setUpVideo(viewer);
+  } else {
+    renderAndShow(viewer);
+  }
+}
+
+} // namespace
+
+void openCurrentPath(ViewerState &viewer) {
+  if (characterCount(viewer.filePath) < kMinPathLength) return;
+  viewer.window.menuDoubleHeight.checked = false;
+  viewer.fileExtension = upperCased(lastCharacters(viewer.filePath, kExtensionLength));
+  const FileKind *kind = findFileKind(viewer.fileExtension);
+  if (kind == nullptr) return;
+  takeKind(viewer, *kind);
+  if (openFileForReading(viewer) && kind->load(viewer)) showLoaded(viewer);
+}
+
+void resetViewer(ViewerState &viewer) {
+  WindowModel &window = viewer.window;
+  closeAllFiles(viewer);
+  hideSwatches(window);
+  window.caption = kEmptyCaption;
+  viewer.fileLoaded = kFalse;
+  for (MenuItem *item :
+       {&window.menuView, &window.menuViewPal, &window.menuSavePal, &window.menuLoadPal, &window.menuRestPal,
+        &window.menuReload, &window.menuClose, &window.menuSaveBMP, &window.menuCopyClipboard}) {
+    item->enabled = false;
+  }
+  window.menuDoubleHeight.checked = false;
+  clearMemory(viewer);
+  viewer.pictureShown = kFalse;
+  window.mainViewWidth = kEmptyViewWidth;
+  window.mainViewHeight = kEmptyViewHeight;
+  window.stretch = {};
+  window.readout = {};
+  ++window.pictureSerial;
+}

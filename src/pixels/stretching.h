@@ -1,0 +1,11 @@
+// A picture at another size.
+#pragma once
+
+#include "pixels/bitmap.h"
+
+#include <cstdint>
+#include <vector>
+
+// Fills `target` with width x height words, each the source pixel that it lies on: nothing is smoothed. Returns false
+// if there is not enough memory.
+bool stretchPicture(const PixelView &source, int32_t width, int32_t height, std::vector<uint32_t> &target);

@@ -1,0 +1,20 @@
+// Calls to the window system that several files share.
+#pragma once
+
+#include <windows.h>
+
+SIZE sizeOf(const RECT &rectangle);
+
+// Outer size.
+SIZE windowSizeOf(HWND window);
+
+SIZE clientSizeOf(HWND window);
+
+// Work area of the monitor that shows most of the window.
+RECT workAreaOf(HWND window);
+
+// Has WM_MOUSELEAVE sent once, when the mouse leaves the window.
+void requestMouseLeave(HWND window);
+
+// Shows or hides a control without activating it. Does nothing for nullptr.
+void setVisible(HWND control, bool visible);

@@ -1,0 +1,12 @@
+#include "state/window_model.h"
+
+void hideSwatches(WindowModel &window) {
+  window.menuViewPal.checked = false;
+  for (Swatch &swatch : window.Label5) swatch.visible = false;
+}
+
+void enablePictureCommands(WindowModel &window) {
+  for (MenuItem *item : {&window.menuView, &window.menuClose, &window.menuSaveBMP, &window.menuCopyClipboard}) {
+    item->enabled = true;
+  }
+}

@@ -1,0 +1,136 @@
+// The window of the shell in this process, on a thread of its own.
+#pragma once
+
+#include "core/commands.h"
+#include "core/menus.h"
+#include "sample_pictures.h"
+#include "shell/control_ids.h"
+#include "shell/main_window.h"
+#include "shell/platform_windows.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <functional>
+#include <future>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include <shlobj.h>
+
+// Asks until `holds`; false if that takes too long.
+inline bool waitUntil(const std::function<bool()> &holds) {
+  for (int poll = 0; poll < 3000; ++poll, Sleep(10)) {
+    if (holds()) return true;
+  }
+  return false;
+}
+
+inline std::string textOf(HWND window) {
+  std::array<char, 16384> text{};
+  SendMessageA(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
+  return text.data();
+}
+
+// Writes the first sample whose name ends like that; returns its path.
+inline std::string writeSample(const TemporaryFolder &folder, const std::string &ending) {
+  static const std::vector<samples::SamplePicture> all = samples::allSamplePictures();
+  const auto sample = std::ranges::find_if(all, [&](const auto &each) { return each.name.ends_with(ending); });
+  const std::string name = sample->name.substr(sample->name.rfind('/') + 1);
+  return folder.write(std::u8string(name.begin(), name.end()), sample->bytes);
+}
+
+struct ShellWindow {
+  TemporaryFolder folder{"shell window"};
+  ViewerState viewer;
+  MainWindow main;
+  HWND view = nullptr;   // MainView
+  HWND caller = nullptr; // runs procedures on the window's thread
+  std::thread thread;
+
+  // Shows the first sample whose name ends like that; an empty window for "".
+  explicit ShellWindow(const std::string &sample, int showCommand = SW_SHOWNORMAL) {
+    const WNDPROC runProcedure = [](HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+      if (message == WM_APP) (*reinterpret_cast<std::function<void()> *>(lParam))();
+      return DefWindowProcA(window, message, wParam, lParam);
+    };
+    std::promise<void> shown;
+    thread = std::thread([&, this] {
+      viewer.platform = windowsPlatform(main);
+      EXPECT_TRUE(createMainWindow(main, viewer, GetModuleHandleA(nullptr)));
+      view = control(kMainViewId);
+      startViewer(viewer, sample.empty() ? "" : writeSample(folder, sample));
+      caller = CreateWindowExA(0, "STATIC", "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+      SetWindowLongPtrA(caller, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(runProcedure));
+      showMainWindow(main, showCommand);
+      shown.set_value();
+      EXPECT_EQ(runMessageLoop(main), 0);
+    });
+    shown.get_future().wait();
+    EXPECT_TRUE(settles([this] { return control(kLabel1Id) != nullptr; }));
+  }
+
+  ~ShellWindow() {
+    SendMessageA(main.window, WM_CLOSE, 0, 0);
+    thread.join();
+    EXPECT_TRUE(main.window == nullptr && main.mainView.picture1 == nullptr && main.font == nullptr);
+  }
+
+  HWND control(int id) const { return GetDlgItem(main.window, id); }
+
+  // To its end, on the window's thread.
+  void run(std::function<void()> procedure) const {
+    SendMessageA(caller, WM_APP, 0, reinterpret_cast<LPARAM>(&procedure));
+  }
+
+  // Waits until the viewer is idle and `holds`.
+  bool settles(const std::function<bool()> &holds = [] { return true; }) const {
+    bool settled = false;
+    const auto look = [&] { settled = viewer.activity == Activity::kIdle && holds(); };
+    return waitUntil([&] { return run(look), settled; });
+  }
+
+  void drop(const std::string &path) const {
+    const size_t units = path.size() + 2;
+    auto *files = static_cast<DROPFILES *>(GlobalAlloc(GPTR, sizeof(DROPFILES) + units * sizeof(wchar_t)));
+    files->pFiles = sizeof(DROPFILES);
+    files->fWide = TRUE;
+    MultiByteToWideChar(CP_UTF8, 0, path.c_str(), -1, reinterpret_cast<wchar_t *>(files + 1), static_cast<int>(units));
+    SendMessageA(view, WM_DROPFILES, reinterpret_cast<WPARAM>(files), 0);
+  }
+
+  void press(int key, bool ctrl = false) {
+    run([&] {
+      std::array<BYTE, 256> keys{};
+      keys[VK_CONTROL] = ctrl ? 0x80 : 0;
+      SetKeyboardState(keys.data());
+      MSG message{view, WM_KEYDOWN, static_cast<WPARAM>(key), 0, 0, {}};
+      handleMessage(main, message);
+    });
+  }
+
+  static WPARAM menuCommand(const std::string &caption) {
+    const auto named = [&](const MenuRow &row) {
+      return row.caption != nullptr && plainCaption(row.caption) == caption;
+    };
+    return static_cast<WPARAM>(kFirstMenuCommand + (std::ranges::find_if(kMenuRows, named) - kMenuRows.begin()));
+  }
+
+  void choose(const char *caption) const { SendMessageA(main.window, WM_COMMAND, menuCommand(caption), 0); }
+
+  // Opens the dialog of that title by a menu item.
+  HWND openDialog(const char *caption, const char *title) const {
+    PostMessageA(main.window, WM_COMMAND, menuCommand(caption), 0);
+    EXPECT_TRUE(waitUntil([&] { return IsWindowVisible(FindWindowA("#32770", title)); })) << title;
+    return FindWindowA("#32770", title);
+  }
+
+  // Closes the dialog by a command and waits until its menu item's command has ended.
+  void leaveDialog(HWND dialog, WPARAM command) const {
+    PostMessageA(dialog, WM_COMMAND, command, 0);
+    EXPECT_TRUE(waitUntil([&] { return !IsWindow(dialog); }) && settles());
+  }
+};
