@@ -2,11 +2,9 @@
 #pragma once
 
 #include "core/video_commands.h"
+#include "support/bytes.h"
 #include "support/test_viewer.h"
 
-#include <cstdint>
-
-using Bytes = std::vector<uint8_t>;
 using Pixels = std::vector<uint32_t>;
 
 inline constexpr size_t kEvaBlock = 15360;
@@ -26,19 +24,9 @@ struct VidHeader {
 };
 
 inline Bytes vidFile(const VidHeader &header, const Bytes &frames) {
-  Bytes file{'S', 'y', 'm', 'V', 'i', 'd', '1', '0'};
-  file.resize(512);
-  file[10] = static_cast<uint8_t>(header.rate);
-  for (const auto &[offset, word] : {std::pair{11U, header.frameCount},
-                                     {14U, header.width},
-                                     {16U, header.height},
-                                     {18U, header.colourCode},
-                                     {51U, header.frameSize}}) {
-    file[offset] = static_cast<uint8_t>(word);
-    file[offset + 1] = static_cast<uint8_t>(word >> 8);
-  }
-  file.insert(file.end(), frames.begin(), frames.end());
-  return file;
+  const Bytes head{'S', 'y', 'm', 'V', 'i', 'd', '1', '0', 0, 0, static_cast<uint8_t>(header.rate)}, zero{0};
+  return joined({head, word(header.frameCount), zero, word(header.width), word(header.height), word(header.colourCode),
+                 Bytes(31), word(header.frameSize), Bytes(459), frames});
 }
 
 inline const Bytes kScreen8File{0xFE, 0, 0, 0xFF, 0xD3, 0, 0, 0x1C};
