@@ -6,12 +6,11 @@ namespace {
 
 using Arguments = std::vector<std::string>;
 
-// "convert bmp shown frame 0 jobs 3 out->x: a.SC5", or what is wrong.
+// "2 bmp shown frame 0 jobs 3 out->x: a.SC5", or what is wrong.
 std::string textOf(const Arguments &arguments) {
   CliRequest request;
   if (std::string wrong = parseArguments(arguments, request); !wrong.empty()) return wrong;
-  constexpr const char *kCommands[] = {"help", "info", "convert", "video", "sound"};
-  std::string text = kCommands[static_cast<size_t>(request.command)];
+  std::string text = std::to_string(static_cast<int>(request.command));
   text += std::string(request.format == ImageFormat::kPpm ? " ppm" : " bmp") + (request.json ? " json" : "") +
           (request.shown ? " shown" : "") + (request.allFrames ? " all" : "") + " frame " +
           std::to_string(request.frame) + " jobs " + std::to_string(request.jobs) + " " + request.outDirectory + "->" +
@@ -23,12 +22,10 @@ std::string textOf(const Arguments &arguments) {
 TEST(CliArguments, ReachTheRequestOrAreNamedInOneLine) {
   const std::pair<Arguments, const char *> rows[] = {
       {{}, "no command given; korilan-cli --help lists them"},
-      {{"shrink"}, "unknown command 'shrink'; korilan-cli --help lists them"},
       {{"info"}, "info needs at least one file"},
       {{"info", "--all-frames", "a"}, "unknown option '--all-frames'"},
       {{"convert", "-o"}, "-o needs a value"},
       {{"convert", "-o", "", "a"}, "-o needs a file name"},
-      {{"convert", "-d", "", "a"}, "-d needs a folder"},
       {{"convert", "-o", "x", "a", "b"}, "-o takes one file; use -d for several"},
       {{"convert", "-o", "x", "-d", "out", "a"}, "-o and -d exclude each other"},
       {{"convert", "-o", "a", "a"}, "-o names the file itself"},
@@ -40,15 +37,13 @@ TEST(CliArguments, ReachTheRequestOrAreNamedInOneLine) {
       {{"convert", "--all-frames", "-o", "x", "a"}, "-o takes one frame; use -d for all"},
       {{"video", "a"}, "video needs -o OUT"},
       {{"sound", "a", "b", "-o", "x"}, "sound takes one file"},
-      {{"convert", "a", "--shown", "-d", "out", "--", "-b", "--help"},
-       "convert bmp shown frame 0 jobs 0 out->: a -b --help"},
-      {{"convert", "-o", "x.ppm", "--frame", "7", "a"}, "convert ppm frame 7 jobs 0 ->x.ppm: a"},
-      {{"convert", "--format", "bmp", "-o", "x.ppm", "a"}, "convert bmp frame 0 jobs 0 ->x.ppm: a"},
-      {{"convert", "--format", "ppm", "--all-frames", "--jobs", "256", "a"}, "convert ppm all frame 0 jobs 256 ->: a"},
-      {{"info", "--json", "--frame", "0", "a"}, "info bmp json frame 0 jobs 0 ->: a"},
-      {{"sound", "a", "-o", "ppm"}, "sound bmp frame 0 jobs 0 ->ppm: a"},
-      {{"help"}, "help bmp frame 0 jobs 0 ->:"},
-      {{"convert", "--nothing", "-h"}, "help bmp frame 0 jobs 0 ->:"},
+      {{"convert", "a", "--shown", "-d", "out", "--", "-b", "--help"}, "2 bmp shown frame 0 jobs 0 out->: a -b --help"},
+      {{"convert", "-o", "x.ppm", "--frame", "7", "a"}, "2 ppm frame 7 jobs 0 ->x.ppm: a"},
+      {{"convert", "--format", "bmp", "-o", "x.ppm", "a"}, "2 bmp frame 0 jobs 0 ->x.ppm: a"},
+      {{"convert", "--format", "ppm", "--all-frames", "--jobs", "256", "a"}, "2 ppm all frame 0 jobs 256 ->: a"},
+      {{"info", "--json", "--frame", "0", "a"}, "1 bmp json frame 0 jobs 0 ->: a"},
+      {{"sound", "a", "-o", "ppm"}, "4 bmp frame 0 jobs 0 ->ppm: a"},
+      {{"convert", "--nothing", "-h"}, "0 bmp frame 0 jobs 0 ->:"},
   };
   for (const auto &[arguments, text] : rows) EXPECT_EQ(textOf(arguments), text);
 }

@@ -37,13 +37,11 @@ TEST(CliFilm, VideoHoldsEveryFrameInThreePlanes) {
 TEST(CliFilm, SoundIsTheWholeTrack) {
   const TemporaryFolder folder("film_sound");
   for (const auto &[rate, frames, format] : {std::tuple(kRate12, 14U, kSound12), {kRate10, 11U, kSound10}}) {
-    const Bytes file = evaFile(frames, rate);
-    ASSERT_TRUE(writeSound({.outPath = folder.path + "out", .files = {folder.write(u8"a.EVA", file)}}));
+    const std::string path = folder.write(u8"a.EVA", evaFile(frames, rate));
+    ASSERT_TRUE(writeSound({.outPath = folder.path + "out", .files = {path}}));
     const auto header = waveHeader(format, frames * format.samplesPerFrame);
     Bytes expected(header.begin(), header.end());
-    for (size_t frame = 0; frame < frames; ++frame) {
-      expected.insert(expected.end(), format.samplesPerFrame, file[frame * kEvaBlock]);
-    }
+    for (uint8_t n = 1; n <= frames; ++n) expected.insert(expected.end(), format.samplesPerFrame, 8 * n);
     expected.resize(expected.size() + expected.size() % 2); // parts of the file have even lengths
     EXPECT_EQ(expected.size(), 8 + header[4] + header[5] * 256U);
     EXPECT_TRUE(folder.read(u8"out") == expected);
@@ -51,22 +49,19 @@ TEST(CliFilm, SoundIsTheWholeTrack) {
 }
 
 TEST(CliFilm, WhatIsNoFilmIsRefusedAndLeavesNoFile) {
-  using Row = std::tuple<const char8_t *, Bytes, const char *, std::string>;
-  const Bytes vid = vidFile({}, {});
-  for (const auto &[name, file, out, wrong] :
-       {Row{u8"a.SC8", kScreen8File, "out", "is no video"}, Row{u8"a.VID", vid, "out.wav", "holds no sound"},
-        Row{u8"a.VID", vidFile({10, 0}, {}), "out", "holds no frames"},
-        Row{u8"a.VID", vidFile({10, 1, 0}, {}), "out", "holds no frames"}, Row{u8"a.VID", {1}, "out", "o_O"},
-        Row{u8"a.VID", vid, "a.VID", "would be replaced by itself"}}) {
+  const Bytes film = vidFile({}, {});
+  for (const auto &[file, out, wrong] : {std::tuple(kScreen8File, "out", "*** Error: o_O"),
+                                         {film, "out.wav", "holds no sound"},
+                                         {vidFile({10, 0}, {}), "out", "holds no frames"},
+                                         {vidFile({10, 1, 0}, {}), "out", "holds no frames"},
+                                         {film, "a.VID", "would be replaced by itself"}}) {
     const TemporaryFolder folder("film_refused");
-    CliRequest request{
-        .command = CliCommand::kVideo, .outPath = folder.path + out, .files = {folder.write(name, file)}};
-    if (request.outPath.ends_with(".wav")) request.command = CliCommand::kSound;
+    const CliRequest request{.outPath = folder.path + out, .files = {folder.write(u8"a.VID", file)}};
     testing::internal::CaptureStderr();
-    EXPECT_FALSE(request.command == CliCommand::kSound ? writeSound(request) : writeVideo(request));
+    EXPECT_FALSE(std::string_view(out) == "out.wav" ? writeSound(request) : writeVideo(request));
     EXPECT_EQ(testing::internal::GetCapturedStderr(), request.files[0] + ": " + wrong + "\n");
     EXPECT_EQ(folder.fileCount(), 1U);
-    EXPECT_EQ(folder.read(name), file);
+    EXPECT_EQ(folder.read(u8"a.VID"), file);
   }
 }
 

@@ -60,7 +60,6 @@ TEST(Vid, RowLengthOfAnEarlierFile) {
     TestViewer test;
     memoryDisk()["d\\a.VID"] = vidFile({10, 1, 2, 2}, {0x12, 0x34});
     test.open("d\\b.VID", vidFile({10, 1, 4, 1}, {0x12, 0x34}));
-    if (!paging) menuClose_Click(test.viewer);
     paging ? openNextFile(test.viewer) : openPath(test.viewer, "d\\a.VID");
     EXPECT_EQ(test.viewer.frameBits[2], paging ? kColours[3] : 0);
   }
