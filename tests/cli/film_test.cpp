@@ -10,28 +10,18 @@
 
 namespace {
 
-TEST(CliFilm, ColoursByTheStandard) {
-  // Black, white, the three primaries and a grey, as BT.601 gives them in 8 bits.
-  const std::pair<uint32_t, std::array<uint8_t, 3>> rows[] = {{0x000000, {16, 128, 128}}, {0xFFFFFF, {235, 128, 128}},
-                                                              {0xFF0000, {82, 90, 240}},  {0x00FF00, {144, 54, 34}},
-                                                              {0x0000FF, {41, 240, 110}}, {0x808080, {126, 128, 128}}};
-  for (const auto &[colour, parts] : rows) EXPECT_EQ(yCbCr(colour), parts) << std::hex << colour;
-}
-
 TEST(CliFilm, VideoHoldsEveryFrameInThreePlanes) {
-  const TemporaryFolder folder("film_video");
-  TestViewer test; // a rate of 0 counts as 1
-  test.open("a.VID", vidFile({0, 2, 4, 2, 7, 4}, {0x01, 0x23, 0x45, 0x67, 0x89, 0xAB, 0xCD, 0xEF}));
-  ASSERT_TRUE(writeVideo({.outPath = folder.path + "out", .files = {folder.write(u8"a.VID", memoryDisk()["a.VID"])}}));
-  std::string expected = "YUV4MPEG2 W4 H2 F1:1 Ip A1:1 C444\n";
-  for (const int32_t frame : {0, 1}) {
-    HScroll1_Change(test.viewer, frame);
-    expected += "FRAME\n";
-    for (size_t plane = 0; plane < 3; ++plane) {
-      for (const uint32_t word : test.viewer.frameBits) expected += static_cast<char>(yCbCr(word)[plane]);
-    }
-  }
-  EXPECT_EQ(folder.read(u8"out"), Bytes(expected.begin(), expected.end()));
+  const TemporaryFolder folder("film_video"); // a rate of 0 counts as 1
+  const std::string film = folder.write(u8"a.VID", vidFile({0, 2}, {0x18, 0xFA, 0x71, 0x88}));
+  ASSERT_TRUE(writeVideo({.outPath = folder.path + "out", .files = {film}}));
+  const std::string header = "YUV4MPEG2 W4 H1 F1:1 Ip A1:1 C444\n", frame = "FRAME\n";
+  const Bytes frameBytes(frame.begin(), frame.end());
+  // Black, white, red, green; blue, black, white, white, as BT.601 gives them in 8 bits.
+  EXPECT_EQ(folder.read(u8"out"), joined({Bytes(header.begin(), header.end()),
+                                          frameBytes,
+                                          {16, 235, 82, 144, 128, 128, 90, 54, 128, 128, 240, 34},
+                                          frameBytes,
+                                          {41, 16, 235, 235, 240, 128, 128, 128, 110, 128, 128, 128}}));
 }
 
 TEST(CliFilm, SoundIsTheWholeTrack) {
@@ -49,19 +39,21 @@ TEST(CliFilm, SoundIsTheWholeTrack) {
 }
 
 TEST(CliFilm, WhatIsNoFilmIsRefusedAndLeavesNoFile) {
+  using Row = std::tuple<const char8_t *, Bytes, CliCommand, const char *, std::string>;
   const Bytes film = vidFile({}, {});
-  for (const auto &[file, out, wrong] : {std::tuple(kScreen8File, "out", "*** Error: o_O"),
-                                         {film, "out.wav", "holds no sound"},
-                                         {vidFile({10, 0}, {}), "out", "holds no frames"},
-                                         {vidFile({10, 1, 0}, {}), "out", "holds no frames"},
-                                         {film, "a.VID", "would be replaced by itself"}}) {
+  for (const auto &[name, file, command, out, wrong] :
+       {Row{u8"a.SC8", kScreen8File, CliCommand::kVideo, "out", "is no video"},
+        Row{u8"a.VID", film, CliCommand::kSound, "out", "holds no sound"},
+        Row{u8"a.VID", vidFile({10, 0}, {}), CliCommand::kVideo, "out", "holds no frames"},
+        Row{u8"a.VID", vidFile({10, 1, 0}, {}), CliCommand::kVideo, "out", "holds no frames"},
+        Row{u8"a.VID", film, CliCommand::kVideo, "a.VID", "would be replaced by itself"}}) {
     const TemporaryFolder folder("film_refused");
-    const CliRequest request{.outPath = folder.path + out, .files = {folder.write(u8"a.VID", file)}};
+    const CliRequest request{.command = command, .outPath = folder.path + out, .files = {folder.write(name, file)}};
     testing::internal::CaptureStderr();
-    EXPECT_FALSE(std::string_view(out) == "out.wav" ? writeSound(request) : writeVideo(request));
+    EXPECT_FALSE(command == CliCommand::kSound ? writeSound(request) : writeVideo(request));
     EXPECT_EQ(testing::internal::GetCapturedStderr(), request.files[0] + ": " + wrong + "\n");
     EXPECT_EQ(folder.fileCount(), 1U);
-    EXPECT_EQ(folder.read(u8"a.VID"), file);
+    EXPECT_EQ(folder.read(name), file);
   }
 }
 
