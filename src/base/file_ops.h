@@ -27,8 +27,8 @@ struct FileOps {
 
   void (*close)(FileHandle file);
 
-  // Names of the regular files in a folder, in the system's order. `folder` is UTF-8 and ends in a separator; if empty,
-  // it is the current folder.
+  // Names of the regular files in a folder that are not hidden, in the system's order. `folder` is UTF-8 and ends in a
+  // separator; if empty, it is the current folder.
   std::vector<std::string> (*listFolder)(const char *folder);
 
   // Creates a temporary file beside `path`, which finishOutput() renames to `path`: a failure leaves the old file

@@ -55,7 +55,8 @@ std::vector<std::string> listFolder(const char *folder) {
   while (const dirent *entry = readdir(listing)) {
     struct stat status {};
     const bool known = fstatat(dirfd(listing), entry->d_name, &status, 0) == 0;
-    if (known && S_ISREG(status.st_mode)) names.emplace_back(entry->d_name);
+    const bool hidden = entry->d_name[0] == '.';
+    if (known && !hidden && S_ISREG(status.st_mode)) names.emplace_back(entry->d_name);
   }
   closedir(listing);
   return names;

@@ -48,13 +48,15 @@ size_t readAt(FileHandle file, int64_t offset, uint8_t *into, size_t count) {
 
 void closeFile(FileHandle file) { CloseHandle(file); }
 
+constexpr DWORD kNotListed = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+
 std::vector<std::string> listFolder(const char *folder) {
   std::vector<std::string> names;
   WIN32_FIND_DATAW found{};
   const HANDLE listing = FindFirstFileW(toUtf16(std::string(folder) + "*").c_str(), &found);
   if (listing == INVALID_HANDLE_VALUE) return names;
   do {
-    if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) names.push_back(toUtf8(found.cFileName));
+    if ((found.dwFileAttributes & kNotListed) == 0) names.push_back(toUtf8(found.cFileName));
   } while (FindNextFileW(listing, &found));
   FindClose(listing);
   return names;

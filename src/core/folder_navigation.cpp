@@ -48,22 +48,23 @@ void openStep(ViewerState &viewer, Step step) {
 void rebuildFolderList(ViewerState &viewer) {
   const std::string &caption = viewer.window.caption;
   if (caption == kEmptyCaption) return;
-  viewer.folderFiles.clear();
-  viewer.folderFileCount = 0;
-  viewer.folderIndex = 1;
   const size_t letters = characterCount(std::string_view(caption).substr(kCaptionStart.size()));
-  const std::string_view name = lastCharacters(viewer.filePath, letters);
-  if (characterCount(name) < letters || !isFileName(viewer.filePath, name)) return;
+  std::string_view name = lastCharacters(viewer.filePath, letters);
   viewer.folderPrefix = viewer.filePath.substr(0, viewer.filePath.size() - name.size());
+  if (characterCount(name) < letters || !isFileName(viewer.filePath, name)) {
+    // The caption is that of another file: the path tried last was ignored. Paging goes on past it.
+    viewer.folderPrefix = viewer.folderPath;
+    const bool sameFolder = viewer.filePath.substr(0, folderLength(viewer.filePath)) == viewer.folderPath;
+    name = sameFolder ? fileNameOf(viewer.filePath) : viewer.fileName;
+  }
 
   viewer.folderFiles = viewer.platform.files->listFolder(viewer.folderPrefix.c_str());
   std::erase_if(viewer.folderFiles, [](const std::string &file) { return !supported(file); });
   if (viewer.folderFiles.size() > kMaxFiles) viewer.folderFiles.resize(kMaxFiles);
   viewer.folderFileCount = static_cast<int16_t>(viewer.folderFiles.size());
   const auto current = std::find(viewer.folderFiles.begin(), viewer.folderFiles.end(), name);
-  if (current != viewer.folderFiles.end()) {
-    viewer.folderIndex = static_cast<int16_t>(current - viewer.folderFiles.begin() + 1);
-  }
+  const bool found = current != viewer.folderFiles.end();
+  viewer.folderIndex = found ? static_cast<int16_t>(current - viewer.folderFiles.begin() + 1) : int16_t{1};
 }
 
 void openNextFile(ViewerState &viewer) {

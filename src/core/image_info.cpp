@@ -1,6 +1,7 @@
 #include "core/image_info.h"
 
 #include "base/text.h"
+#include "state/labels.h"
 #include "state/platform_calls.h"
 #include "video/playback.h"
 #include "video/sound_track.h"
@@ -21,6 +22,12 @@ std::string paletteText(const ViewerState &viewer) {
   constexpr uint8_t kMaxEntries = 64;
   if (viewer.hasPalette != kTrue || viewer.colourCount == 0 || viewer.colourCount > kMaxEntries) return "no";
   return "yes, " + std::to_string(viewer.colourCount) + " colors";
+}
+
+// Label3 keeps the text of the picture before if the description has none.
+std::string colours(const ViewerState &viewer) {
+  const char *text = colourText(viewer);
+  return text != nullptr ? text : std::to_string(viewer.colourCount) + " colors";
 }
 
 std::string videoLines(const ViewerState &viewer) {
@@ -51,8 +58,8 @@ std::string imageInfo(const ViewerState &viewer) {
            line("Size", sizeText(viewer.frameWidth, viewer.frameHeight));
   }
   text += line("Size", sizeText(viewer.imageWidth, viewer.imageHeight)) +
-          line("Depth", std::to_string(viewer.bitsPerPixel) + " bits per pixel") +
-          line("Colors", viewer.window.Label3) + line("Palette", paletteText(viewer));
+          line("Depth", std::to_string(viewer.bitsPerPixel) + " bits per pixel") + line("Colors", colours(viewer)) +
+          line("Palette", paletteText(viewer));
   if (video) text += videoLines(viewer);
   if (const auto details = viewer.pictureKind->traits.details; details != nullptr) text += details(viewer);
   return text;

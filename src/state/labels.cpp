@@ -1,8 +1,5 @@
 #include "state/labels.h"
 
-namespace {
-
-// The text of Label3, or nullptr if the description has none.
 const char *colourText(const ViewerState &viewer) {
   switch (viewer.bitsPerPixel) {
   case 16: return "32K colors";
@@ -23,8 +20,6 @@ const char *colourText(const ViewerState &viewer) {
   default: return nullptr;
   }
 }
-
-} // namespace
 
 void showPictureInfo(ViewerState &viewer) {
   if (videoPlaying(viewer)) return;

@@ -3,6 +3,9 @@
 
 #include "state/viewer_state.h"
 
+// The colour text of the picture's description, or nullptr if the description has none.
+const char *colourText(const ViewerState &viewer);
+
 // Fills Label1 to Label3 from the picture's description and clears the status line.
 // Without a file all four labels are cleared. While a video plays, nothing happens.
 void showPictureInfo(ViewerState &viewer);
