@@ -4,7 +4,7 @@
 #include <cstring>
 #include <new>
 
-// The only file built with exceptions: bad_alloc is caught here and becomes false.
+// Built with exceptions: bad_alloc is caught here and becomes false.
 
 namespace {
 

@@ -53,5 +53,9 @@ std::string replaceFile(const FileOps &files, const std::string &path,
 // The file system of this computer; defined in posix_files.cpp and windows_files.cpp.
 const FileOps &systemFiles();
 
-// Whether both UTF-8 paths resolve to the same file or folder; false if either does not exist.
-bool sameFile(const std::string &left, const std::string &right);
+// What the file system knows a path by: the same for every path that leads to one file or folder; if nothing exists
+// there, to one name in one folder.
+std::string fileIdentity(const std::string &path);
+
+// Removes the files that are being written. A signal handler may call it; the program is to end then.
+void removeTemporaries();

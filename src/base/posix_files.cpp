@@ -1,9 +1,11 @@
 // The file system of POSIX systems.
 #include "base/file_ops.h"
+#include "base/temporaries.h"
 
+#include <array>
 #include <atomic>
 #include <cerrno>
-#include <cstdlib>
+#include <climits>
 #include <cstring>
 #include <memory>
 
@@ -14,13 +16,13 @@
 
 namespace {
 
-// A descriptor as a pointer, plus one: descriptor 0 is not nullptr.
-// NOLINTNEXTLINE(performance-no-int-to-ptr): never dereferenced, so no optimisation is lost.
+// A descriptor as a pointer; one higher, so that descriptor 0 is no nullptr.
+// NOLINTNEXTLINE(performance-no-int-to-ptr): it points to nothing, so no optimisation is lost.
 FileHandle handleOf(int descriptor) { return reinterpret_cast<FileHandle>(static_cast<intptr_t>(descriptor) + 1); }
 int descriptorOf(FileHandle file) { return static_cast<int>(reinterpret_cast<intptr_t>(file) - 1); }
 
 FileHandle openForReading(const char *path) {
-  // O_NONBLOCK: opening a pipe does not wait for a writer.
+  // Without O_NONBLOCK the opening of a pipe would wait for a writer.
   const int descriptor = open(path, O_RDONLY | O_NONBLOCK | O_CLOEXEC);
   if (descriptor < 0) return nullptr;
   struct stat status {};
@@ -62,15 +64,23 @@ std::vector<std::string> listFolder(const char *folder) {
   return names;
 }
 
+Temporaries<char> temporaries;
+
+size_t folderEnd(const std::string &path) { return path.find_last_of('/') + 1; }
+
 std::string systemWords(int error) { return std::strerror(error); }
 
-// Resolves a symbolic link: the link stays and its target is replaced.
-std::string linkTarget(const char *path) {
-  char *resolved = realpath(path, nullptr);
-  if (resolved == nullptr) return path;
-  std::string target = resolved;
-  std::free(resolved);
-  return target;
+// Follows symbolic links to the file that they name, which need not exist, so that the links themselves stay.
+std::string linkTarget(std::string path) {
+  constexpr int kMaxLinks = 40;
+  std::array<char, PATH_MAX> text;
+  for (int links = 0; links < kMaxLinks; ++links) {
+    const ssize_t length = readlink(path.c_str(), text.data(), text.size());
+    if (length < 0) break;
+    const std::string target(text.data(), static_cast<size_t>(length));
+    path = target.starts_with('/') ? target : path.substr(0, folderEnd(path)) + target;
+  }
+  return path;
 }
 
 struct Output {
@@ -79,29 +89,33 @@ struct Output {
   std::string temporary; // empty if the target is written in place
 };
 
+// Creates a file beside the target. A short name of its own: the target's may already be as long as names can be.
+void createTemporary(Output &output) {
+  static std::atomic<unsigned> serial{0}; // only makes names differ between threads
+  const std::string folder = output.target.substr(0, folderEnd(output.target));
+  do {
+    output.temporary = folder + ".korilan-" + std::to_string(getpid()) + "-" + std::to_string(serial++) + ".tmp";
+    output.descriptor = open(output.temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+  } while (output.descriptor < 0 && errno == EEXIST);
+  if (output.descriptor >= 0) temporaries.remember(output.temporary.c_str());
+}
+
 OutputHandle beginOutput(const char *path, std::string &failure) {
-  static std::atomic<unsigned> temporaryCount{0}; // keeps the names of threads apart
   auto output = std::make_unique<Output>();
   output->target = linkTarget(path);
   struct stat old {};
   const bool exists = stat(output->target.c_str(), &old) == 0;
   if (exists && !S_ISREG(old.st_mode)) {
     output->descriptor = open(output->target.c_str(), O_WRONLY | O_CLOEXEC);
-  } else {
-    // Not derived from the target's name, which may have the maximum length.
-    const std::string folder = output->target.substr(0, output->target.find_last_of('/') + 1);
-    do {
-      output->temporary =
-          folder + ".korilan-" + std::to_string(getpid()) + "-" + std::to_string(temporaryCount++) + ".tmp";
-      output->descriptor = open(output->temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-    } while (output->descriptor < 0 && errno == EEXIST);
+  } else if (!exists || access(output->target.c_str(), W_OK) == 0) {
+    createTemporary(*output);
   }
   if (output->descriptor < 0) {
     failure = systemWords(errno);
     return nullptr;
   }
   const bool replaces = exists && !output->temporary.empty();
-  if (replaces) (void)!fchmod(output->descriptor, old.st_mode & 07777); // keeps the old file's mode if possible
+  if (replaces) (void)!fchmod(output->descriptor, old.st_mode & 07777); // keeps the old file's rights if it can
   return output.release();
 }
 
@@ -122,6 +136,7 @@ std::string finishOutput(OutputHandle handle, bool keep) {
     const bool placed = keep && error == 0;
     if (placed && rename(output->temporary.c_str(), output->target.c_str()) != 0) error = errno;
     if (!placed || error != 0) unlink(output->temporary.c_str());
+    temporaries.forget(output->temporary.c_str());
   }
   return error == 0 ? std::string() : systemWords(error);
 }
@@ -139,8 +154,18 @@ constexpr FileOps kPosixFiles{.openForReading = openForReading,
 
 const FileOps &systemFiles() { return kPosixFiles; }
 
-bool sameFile(const std::string &left, const std::string &right) {
-  struct stat of[2]{};
-  return stat(left.c_str(), &of[0]) == 0 && stat(right.c_str(), &of[1]) == 0 && of[0].st_dev == of[1].st_dev &&
-         of[0].st_ino == of[1].st_ino;
+std::string fileIdentity(const std::string &path) {
+  struct stat status {};
+  std::string name;
+  if (stat(path.c_str(), &status) != 0) {
+    const std::string target = linkTarget(path);
+    const std::string folder = target.substr(0, folderEnd(target));
+    name = "/" + target.substr(folder.size());
+    if (stat(folder.empty() ? "." : folder.c_str(), &status) != 0) return path;
+  }
+  return std::to_string(status.st_dev) + ":" + std::to_string(status.st_ino) + name;
+}
+
+void removeTemporaries() {
+  temporaries.removeAll([](const char *path) { unlink(path); });
 }

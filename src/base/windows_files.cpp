@@ -1,5 +1,6 @@
 // FileOps for Windows. Only the W functions accept paths of more than 260 characters.
 #include "base/file_ops.h"
+#include "base/temporaries.h"
 #include "base/windows_text.h"
 
 #include <windows.h>
@@ -9,6 +10,9 @@
 #include <memory>
 
 namespace {
+
+// With the prefix that lifts the limit of 260.
+constexpr DWORD kMaxPath = 32768;
 
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
@@ -72,16 +76,36 @@ std::string errorText(DWORD error) {
   return text.empty() ? "Error " + std::to_string(error) : text;
 }
 
+Temporaries<wchar_t> temporaries;
+
 struct Output {
   HANDLE file = INVALID_HANDLE_VALUE;
-  std::string target;
-  std::string temporary; // empty if the target is written in place
+  std::wstring target;
+  std::wstring temporary; // empty if the target is written in place
 };
 
-// Opens a device or pipe for writing; INVALID_HANDLE_VALUE for a regular file or a missing one.
-HANDLE openDevice(const char *path) {
-  const HANDLE device = CreateFileW(toUtf16(path).c_str(), GENERIC_WRITE, kShareAll, nullptr, OPEN_EXISTING,
-                                    FILE_ATTRIBUTE_NORMAL, nullptr);
+// What a path leads to, by whatever links. INVALID_HANDLE_VALUE if nothing is there. No access rights are needed to
+// query; FILE_FLAG_BACKUP_SEMANTICS opens folders too.
+HANDLE openForQuery(const std::wstring &path) {
+  return CreateFileW(path.c_str(), 0, kShareAll, nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+}
+
+// Follows a link to the file that it names, so that the link itself stays.
+std::wstring linkTarget(const std::wstring &path) {
+  const DWORD attributes = GetFileAttributesW(path.c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return path;
+  const HANDLE file = openForQuery(path);
+  if (file == INVALID_HANDLE_VALUE) return path;
+  std::wstring target(kMaxPath, L'\0');
+  target.resize(GetFinalPathNameByHandleW(file, target.data(), kMaxPath, 0));
+  CloseHandle(file);
+  return target.empty() ? path : target;
+}
+
+// Opens a device or pipe for writing; INVALID_HANDLE_VALUE for a file and if nothing exists there.
+HANDLE openDevice(const std::wstring &path) {
+  const HANDLE device =
+      CreateFileW(path.c_str(), GENERIC_WRITE, kShareAll, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
   if (device == INVALID_HANDLE_VALUE) return device;
   if (GetFileType(device) == FILE_TYPE_DISK) {
     CloseHandle(device);
@@ -90,26 +114,32 @@ HANDLE openDevice(const char *path) {
   return device;
 }
 
-// Creates a file in the folder of `path` and stores its path in `temporaryPath`.
-HANDLE createTemporary(const std::string &path, std::string &temporaryPath) {
+// Creates a file beside the target. It can be deleted while it is open.
+void createTemporary(Output &output) {
   static std::atomic<unsigned> serial{0};
   constexpr int kAttempts = 100;
-  const size_t folderEnd = path.find_last_of("\\/:");
-  const std::string folder = folderEnd == std::string::npos ? "" : path.substr(0, folderEnd + 1);
+  const std::wstring folder = output.target.substr(0, output.target.find_last_of(L"\\/:") + 1);
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
-    temporaryPath = folder + "~" + std::to_string(GetCurrentProcessId()) + "-" + std::to_string(serial++) + ".tmp";
-    const HANDLE file = CreateFileW(toUtf16(temporaryPath).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
-                                    FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (file != INVALID_HANDLE_VALUE || GetLastError() != ERROR_FILE_EXISTS) return file;
+    output.temporary =
+        folder + L"~" + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(serial++) + L".tmp";
+    output.file = CreateFileW(output.temporary.c_str(), GENERIC_WRITE, FILE_SHARE_DELETE, nullptr, CREATE_NEW,
+                              FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (output.file != INVALID_HANDLE_VALUE) temporaries.remember(output.temporary.c_str());
+    if (output.file != INVALID_HANDLE_VALUE || GetLastError() != ERROR_FILE_EXISTS) return;
   }
-  return INVALID_HANDLE_VALUE;
 }
 
 OutputHandle beginOutput(const char *path, std::string &failure) {
   auto output = std::make_unique<Output>();
-  output->target = path;
-  output->file = openDevice(path);
-  if (output->file == INVALID_HANDLE_VALUE) output->file = createTemporary(path, output->temporary);
+  output->target = linkTarget(toUtf16(path));
+  const DWORD attributes = GetFileAttributesW(output->target.c_str());
+  const bool readOnly = attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
+  output->file = openDevice(output->target);
+  if (readOnly) {
+    SetLastError(ERROR_ACCESS_DENIED);
+  } else if (output->file == INVALID_HANDLE_VALUE) {
+    createTemporary(*output);
+  }
   if (output->file != INVALID_HANDLE_VALUE) return output.release();
   failure = errorText(GetLastError());
   return nullptr;
@@ -131,12 +161,12 @@ std::string finishOutput(OutputHandle handle, bool keep) {
   const std::unique_ptr<Output> output(static_cast<Output *>(handle));
   DWORD error = CloseHandle(output->file) ? ERROR_SUCCESS : GetLastError();
   if (!output->temporary.empty()) {
-    const std::wstring temporary = toUtf16(output->temporary);
     const bool placed = keep && error == ERROR_SUCCESS;
-    if (placed && !MoveFileExW(temporary.c_str(), toUtf16(output->target).c_str(), MOVEFILE_REPLACE_EXISTING)) {
+    if (placed && !MoveFileExW(output->temporary.c_str(), output->target.c_str(), MOVEFILE_REPLACE_EXISTING)) {
       error = GetLastError();
     }
-    if (!placed || error != ERROR_SUCCESS) DeleteFileW(temporary.c_str());
+    if (!placed || error != ERROR_SUCCESS) DeleteFileW(output->temporary.c_str());
+    temporaries.forget(output->temporary.c_str());
   }
   return error == ERROR_SUCCESS ? std::string() : errorText(error);
 }
@@ -157,17 +187,27 @@ const FileOps &systemFiles() {
   return kFiles;
 }
 
-bool sameFile(const std::string &left, const std::string &right) {
-  const auto identify = [](const std::string &path, BY_HANDLE_FILE_INFORMATION &identity) {
-    // No access rights needed to query; FILE_FLAG_BACKUP_SEMANTICS opens folders too.
-    const HANDLE file =
-        CreateFileW(toUtf16(path).c_str(), 0, kShareAll, nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
-    if (file == INVALID_HANDLE_VALUE) return false;
-    const bool known = GetFileInformationByHandle(file, &identity);
-    CloseHandle(file);
-    return known;
-  };
-  BY_HANDLE_FILE_INFORMATION of[2]{};
-  return identify(left, of[0]) && identify(right, of[1]) && of[0].dwVolumeSerialNumber == of[1].dwVolumeSerialNumber &&
-         of[0].nFileIndexHigh == of[1].nFileIndexHigh && of[0].nFileIndexLow == of[1].nFileIndexLow;
+std::string fileIdentity(const std::string &path) {
+  std::wstring place = linkTarget(toUtf16(path));
+  std::wstring name;
+  HANDLE file = openForQuery(place);
+  if (file == INVALID_HANDLE_VALUE) {
+    const size_t folderEnd = place.find_last_of(L"\\/:") + 1;
+    name = L"/" + place.substr(folderEnd);
+    // As the file system compares names.
+    LCMapStringEx(LOCALE_NAME_INVARIANT, LCMAP_UPPERCASE, name.data(), static_cast<int>(name.size()), name.data(),
+                  static_cast<int>(name.size()), nullptr, nullptr, 0);
+    place.resize(folderEnd);
+    file = openForQuery(place.empty() ? L"." : place);
+  }
+  BY_HANDLE_FILE_INFORMATION known{};
+  const bool found = file != INVALID_HANDLE_VALUE && GetFileInformationByHandle(file, &known);
+  if (file != INVALID_HANDLE_VALUE) CloseHandle(file);
+  if (!found) return path;
+  return std::to_string(known.dwVolumeSerialNumber) + ":" + std::to_string(known.nFileIndexHigh) + ":" +
+         std::to_string(known.nFileIndexLow) + toUtf8(name);
+}
+
+void removeTemporaries() {
+  temporaries.removeAll([](const wchar_t *path) { DeleteFileW(path); });
 }

@@ -111,6 +111,9 @@ const Option *findOption(const std::string &name, char command) {
 // `arguments` begins with the command.
 std::string parseOptions(std::span<const std::string> arguments, CliRequest &request) {
   std::vector<std::string_view> given;
+  const auto isGiven = [&given](std::string_view name) {
+    return std::find(given.begin(), given.end(), name) != given.end();
+  };
   bool onlyFiles = false;
   for (size_t i = 1; i < arguments.size(); ++i) {
     const std::string &argument = arguments[i];
@@ -124,6 +127,7 @@ std::string parseOptions(std::span<const std::string> arguments, CliRequest &req
     }
     const Option *option = findOption(argument, arguments[0][0]);
     if (option == nullptr) return "unknown option '" + argument + "'";
+    if (isGiven(option->name)) return argument + " is given twice";
     if (option->flag != nullptr) {
       request.*option->flag = true;
     } else {
@@ -132,9 +136,6 @@ std::string parseOptions(std::span<const std::string> arguments, CliRequest &req
     }
     given.push_back(option->name);
   }
-  const auto isGiven = [&given](std::string_view name) {
-    return std::find(given.begin(), given.end(), name) != given.end();
-  };
   if (isGiven("--frame") && isGiven("--all-frames")) return "--frame and --all-frames exclude each other";
   if (!isGiven("--format") && endsIn(request.outPath, ".ppm")) request.format = ImageFormat::kPpm;
   return "";
@@ -153,6 +154,7 @@ std::string parseArguments(std::span<const std::string> arguments, CliRequest &r
   request.command = row->command;
   if (std::string wrong = parseOptions(arguments, request); !wrong.empty()) return wrong;
   if (request.files.empty()) return command + " needs at least one file";
+  if (std::find(request.files.begin(), request.files.end(), "") != request.files.end()) return "an empty file name";
   if (request.command == CliCommand::kVideo || request.command == CliCommand::kSound) {
     if (request.files.size() > 1) return command + " takes one file";
     if (request.outPath.empty()) return command + " needs -o OUT";

@@ -1,9 +1,8 @@
 #include "cli/convert.h"
 
-#include "base/buffers.h"
 #include "base/paths.h"
 #include "base/text.h"
-#include "cli/interrupt.h"
+#include "base/threads.h"
 #include "cli/opened_file.h"
 #include "cli/output.h"
 #include "cli/progress.h"
@@ -14,20 +13,13 @@
 #include <atomic>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <thread>
 
 namespace {
 
-// Input files whose output name would be the same, in the order given; one thread converts them.
+// Input files whose output name would be the same, in the order given: one thread writes them.
 using NameGroup = std::vector<std::string>;
-
-struct Conversion {
-  const CliRequest &request;
-  const std::vector<NameGroup> groups;
-  std::atomic<size_t> next{0};
-  std::atomic<bool> allConverted{true};
-  Progress progress = {};
-};
 
 std::string putPpm(const PixelView &picture, const PutBytes &put) {
   constexpr size_t kChunkPixels = size_t{1} << 13;
@@ -62,7 +54,7 @@ std::vector<NameGroup> groupByName(const CliRequest &request) {
     const size_t nameStart = request.outDirectory.empty() ? 0 : folderLength(path);
     std::string name = withLastLetters(path.substr(nameStart), "");
 #ifdef _WIN32
-    name = upperCased(name); // names are not case-sensitive
+    name = upperCased(name); // names that differ only in case are one
 #endif
     const auto [entry, isNew] = groupOf.emplace(name, groups.size());
     if (isNew) groups.emplace_back();
@@ -71,16 +63,41 @@ std::vector<NameGroup> groupByName(const CliRequest &request) {
   return groups;
 }
 
-// Output path -> input file.
-using TakenNames = std::map<std::string, std::string>;
+// The files that a batch reads and those that it has written, by fileIdentity(), each with the input that it is or is
+// from. All threads share it.
+struct Targets {
+  struct Holder {
+    std::string input;
+    bool written;
+  };
+  std::map<std::string, Holder> holders;
+  std::mutex mutex;
+};
 
-// Writes the shown picture, unless another file's picture has its name. Returns an error message, empty on success.
-std::string writePicture(const ViewerState &viewer, const CliRequest &request, TakenNames &taken) {
+// Takes a target for the picture of an input. Returns why that cannot be, or an empty text.
+std::string takeTarget(Targets &targets, const std::string &target, const std::string &input) {
+  if (target == kStandardOutput) return "";
+  const std::string identity = fileIdentity(target);
+  const std::scoped_lock lock(targets.mutex);
+  const Targets::Holder &holder = targets.holders.emplace(identity, Targets::Holder{input, true}).first->second;
+  if (holder.written && holder.input == input) return "";
+  if (holder.written) return input + ": its picture would replace that of " + holder.input;
+  return input + ": its picture would replace " + (holder.input == input ? "the file itself" : holder.input);
+}
+
+// The target exists now, and may be known by another identity.
+void keepTarget(Targets &targets, const std::string &target, const std::string &input) {
+  const std::string identity = fileIdentity(target);
+  const std::scoped_lock lock(targets.mutex);
+  targets.holders.emplace(identity, Targets::Holder{input, true});
+}
+
+// Writes the picture shown now, unless that would replace an input or another picture of the batch. Returns what went
+// wrong, or an empty text.
+std::string writePicture(const ViewerState &viewer, const CliRequest &request, Targets &targets) {
   const std::string &path = viewer.filePath;
   const std::string target = outputPath(viewer, request);
-  const auto &holder = taken.emplace(target, path).first->second;
-  if (holder != path) return path + ": its picture would replace that of " + holder;
-  if (target != kStandardOutput && sameFile(target, path)) return path + ": its picture would replace the file itself";
+  if (std::string clash = takeTarget(targets, target, path); !clash.empty()) return clash;
   std::vector<uint32_t> stretched;
   PixelView picture = shownPicture(viewer);
   if (request.shown) {
@@ -93,32 +110,46 @@ std::string writePicture(const ViewerState &viewer, const CliRequest &request, T
   CliOutput output;
   if (std::string failure = beginCliOutput(output, target); !failure.empty()) return failure;
   const auto put = [&output](std::span<const uint8_t> bytes) { return writeCliOutput(output, bytes); };
-  return finishCliOutput(output, request.format == ImageFormat::kPpm ? putPpm(picture, put)
-                                                                     : putBitmap(picture, BitmapHeader::kFile, put));
+  const std::string failure =
+      finishCliOutput(output, request.format == ImageFormat::kPpm ? putPpm(picture, put)
+                                                                  : putBitmap(picture, BitmapHeader::kFile, put));
+  keepTarget(targets, target, path);
+  return failure;
 }
 
-std::string convertFile(OpenedFile &opened, const CliRequest &request, const std::string &path, TakenNames &taken) {
+std::string convertFrame(OpenedFile &opened, const CliRequest &request, int32_t frame, Targets &targets) {
+  if (showFrame(opened, frame)) return writePicture(opened.viewer, request, targets);
+  return opened.viewer.filePath + ": has no frame " + std::to_string(frame);
+}
+
+std::string convertFile(OpenedFile &opened, const CliRequest &request, const std::string &path, Targets &targets) {
   openFile(opened, path);
   const ViewerState &viewer = opened.viewer;
   if (viewer.pictureShown != kTrue) return refusal(viewer);
-  const int32_t first = request.allFrames ? 0 : request.frame;
-  const int32_t behind = request.allFrames ? framesOf(viewer) : first + 1;
+  if (!request.allFrames) return convertFrame(opened, request, request.frame, targets);
+  if (framesOf(viewer) <= 0) return path + ": holds no frames";
   std::string failure;
-  for (int32_t frame = first; frame < behind && failure.empty(); ++frame) {
-    failure = showFrame(opened, frame) ? writePicture(viewer, request, taken)
-                                       : path + ": has no frame " + std::to_string(frame);
+  for (int32_t frame = 0; frame < framesOf(viewer) && failure.empty(); ++frame) {
+    failure = convertFrame(opened, request, frame, targets);
   }
   return failure;
 }
 
+struct Conversion {
+  const CliRequest &request;
+  const std::vector<NameGroup> groups;
+  std::atomic<size_t> next{0};
+  std::atomic<bool> allConverted{true};
+  Progress progress = {};
+  Targets targets = {};
+};
+
 void convertUntilDone(Conversion &conversion) {
-  const auto opened = std::make_unique<OpenedFile>(); // its memory is reused for each file
+  const auto opened = std::make_unique<OpenedFile>(); // its memory serves for one file after another
   for (size_t i = conversion.next++; i < conversion.groups.size(); i = conversion.next++) {
-    TakenNames taken;
     for (const std::string &path : conversion.groups[i]) {
-      if (interrupted()) return;
       showProgress(conversion.progress, path);
-      const std::string failure = convertFile(*opened, conversion.request, path, taken);
+      const std::string failure = convertFile(*opened, conversion.request, path, conversion.targets);
       if (!failure.empty()) conversion.allConverted = false;
       countProgress(conversion.progress, failure);
     }
@@ -129,13 +160,18 @@ void convertUntilDone(Conversion &conversion) {
 
 bool convertFiles(const CliRequest &request) {
   Conversion conversion{.request = request, .groups = groupByName(request)};
+  for (const std::string &path : request.files) conversion.targets.holders[fileIdentity(path)] = {path, false};
   beginProgress(conversion.progress, request.files.size());
   const size_t cores = request.jobs != 0 ? request.jobs : std::max(1U, std::thread::hardware_concurrency());
   const size_t threadCount = std::min(cores, conversion.groups.size());
-  std::vector<std::thread> helpers;
-  for (size_t i = 1; i < threadCount; ++i) helpers.emplace_back([&conversion] { convertUntilDone(conversion); });
+  std::vector<std::thread> helpers(std::max<size_t>(1, threadCount) - 1);
+  for (std::thread &helper : helpers) {
+    if (!startThread(helper, [&conversion] { convertUntilDone(conversion); })) break; // goes on with those there are
+  }
   convertUntilDone(conversion);
-  for (std::thread &helper : helpers) helper.join();
+  for (std::thread &helper : helpers) {
+    if (helper.joinable()) helper.join();
+  }
   endProgress(conversion.progress);
   return conversion.allConverted;
 }

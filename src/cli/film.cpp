@@ -23,7 +23,7 @@ std::array<uint8_t, 3> yCbCr(uint32_t colour) {
 
 namespace {
 
-// A frame header, then the Y, U and V planes.
+// Y, U and V planes behind the frame's own header.
 void encodeFrame(const ViewerState &viewer, std::vector<uint8_t> &frame) {
   constexpr std::string_view kFrameHeader = "FRAME\n";
   const std::span<const uint32_t> pixels = viewer.frameBits;
@@ -31,18 +31,12 @@ void encodeFrame(const ViewerState &viewer, std::vector<uint8_t> &frame) {
   uint8_t *const luma = std::copy(kFrameHeader.begin(), kFrameHeader.end(), frame.data());
   uint8_t *const blue = luma + pixels.size();
   uint8_t *const red = blue + pixels.size();
-  for (size_t i = 0; i < pixels.size(); ++i) { // written to be vectorised
+  for (size_t i = 0; i < pixels.size(); ++i) { // vectorised
     const auto parts = yCbCr(pixels[i]);
     luma[i] = parts[0];
     blue[i] = parts[1];
     red[i] = parts[2];
   }
-}
-
-// Checks for an interrupt before each part: a film may be long.
-std::string writePart(const CliOutput &output, std::span<const uint8_t> bytes) {
-  const std::string stop = stopLine(output);
-  return stop.empty() ? writeCliOutput(output, bytes) : stop;
 }
 
 std::string writeFrames(OpenedFile &file, const CliOutput &output) {
@@ -55,7 +49,7 @@ std::string writeFrames(OpenedFile &file, const CliOutput &output) {
   for (int32_t frame = 0; frame < framesOf(viewer) && failure.empty(); ++frame) {
     showFrame(file, frame);
     encodeFrame(viewer, bytes);
-    failure = writePart(output, bytes);
+    failure = writeCliOutput(output, bytes);
   }
   return failure;
 }
@@ -64,20 +58,21 @@ std::string writeSamples(OpenedFile &file, const CliOutput &output) {
   ViewerState &viewer = file.viewer;
   const SoundFormat &format = soundFormat(viewer);
   const uint64_t sampleBytes = static_cast<uint64_t>(viewer.evaPlayer.frameCount) * format.samplesPerFrame;
-  if (sampleBytes > std::numeric_limits<uint32_t>::max() - kWaveHeaderBytes) return "too long for a WAVE file";
+  if (sampleBytes > std::numeric_limits<uint32_t>::max() - kWaveHeaderBytes)
+    return viewer.filePath + ": too long for a WAVE file";
   std::string failure = writeCliOutput(output, waveHeader(format, static_cast<uint32_t>(sampleBytes)));
   EvaFrame video;
   int32_t &frame = viewer.run.currentFrame;
   for (frame = 0; frame < viewer.evaPlayer.frameCount && failure.empty(); ++frame) {
     readEvaFrame(viewer, video);
-    failure = writePart(output, soundSlot(viewer, frame));
+    failure = writeCliOutput(output, soundSlot(viewer, frame));
   }
   constexpr std::array<uint8_t, 1> kPadding{};
   const bool odd = sampleBytes % 2 != 0;
   return odd && failure.empty() ? writeCliOutput(output, kPadding) : failure;
 }
 
-// Why nothing can be written; empty if it can.
+// Why nothing can be written, or an empty text.
 std::string refusalOf(const ViewerState &viewer, CliCommand command) {
   if (std::string failure = refusal(viewer); !failure.empty()) return failure;
   const std::string &path = viewer.filePath;
@@ -91,7 +86,8 @@ bool writeFilm(const CliRequest &request, std::string (*write)(OpenedFile &file,
   const auto file = std::make_unique<OpenedFile>();
   openFile(*file, path);
   std::string failure = refusalOf(file->viewer, request.command);
-  if (failure.empty() && sameFile(request.outPath, path)) failure = path + ": would be replaced by itself";
+  if (failure.empty() && fileIdentity(request.outPath) == fileIdentity(path))
+    failure = path + ": would be replaced by itself";
   CliOutput output;
   if (failure.empty()) failure = beginCliOutput(output, request.outPath);
   if (failure.empty()) failure = finishCliOutput(output, write(*file, output));

@@ -1,25 +1,29 @@
 #include "cli/interrupt.h"
 
-#include <atomic>
+#include "base/file_ops.h"
+
 #include <csignal>
+#include <cstdlib>
 
 namespace {
 
-std::atomic<bool> noted{false};
-static_assert(std::atomic<bool>::is_always_lock_free); // a signal handler sets it
+#ifdef _WIN32
+constexpr int kEnding[] = {SIGINT, SIGTERM, SIGBREAK};
+#else
+constexpr int kEnding[] = {SIGINT, SIGTERM, SIGHUP};
+#endif
 
-void note(int signal) {
-  noted = true;
-  (void)std::signal(signal, SIG_DFL);
+void end(int signal) {
+  constexpr int kStatusOfSignals = 128; // as shells count
+  removeTemporaries();
+  std::_Exit(kStatusOfSignals + signal);
 }
 
 } // namespace
 
 void watchForInterrupt() {
-  for (const int signal : {SIGINT, SIGTERM}) {
-    // Keeps a signal ignored if the parent process has set it so.
-    if (std::signal(signal, note) == SIG_IGN) (void)std::signal(signal, SIG_IGN);
+  for (const int signal : kEnding) {
+    // Whoever started the program may have had it ignore the signal.
+    if (std::signal(signal, end) == SIG_IGN) (void)std::signal(signal, SIG_IGN);
   }
 }
-
-bool interrupted() { return noted; }

@@ -1,9 +1,4 @@
-// Ctrl+C: stops writing, and leaves no incomplete file.
+// Ctrl+C and the other signals that end the program: at once, and nothing half written stays.
 #pragma once
 
-inline constexpr int kInterruptedStatus = 130; // 128 + SIGINT, as in shells
-
-// Installs the handler: the first Ctrl+C sets interrupted(), a second one ends the program.
 void watchForInterrupt();
-
-bool interrupted();

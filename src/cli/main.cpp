@@ -9,14 +9,17 @@
 #include "cli/output.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
 #include <memory>
 
-#ifdef _WIN32
 #include <fcntl.h>
+#ifdef _WIN32
 #include <io.h>
+#else
+#include <unistd.h>
 #endif
 
 namespace {
@@ -27,24 +30,44 @@ bool printInfo(const CliRequest &request) {
   bool allShown = true;
   const auto file = std::make_unique<OpenedFile>();
   for (const std::string &path : request.files) {
-    if (interrupted()) return false;
     openFile(*file, path);
     std::string failure = refusal(file->viewer);
     if (failure.empty() && !showFrame(*file, request.frame)) {
       failure = path + ": has no frame " + std::to_string(request.frame);
     }
-    if (request.json) std::printf("%s\n", infoJson(file->viewer).c_str());
-    if (failure.empty()) {
-      if (!request.json) std::printf("%s\n", infoText(file->viewer).c_str());
-      continue;
-    }
+    const bool hasLine = request.json || failure.empty();
+    if (hasLine && !printLine(stdout, request.json ? infoJson(file->viewer) : infoText(file->viewer))) return false;
+    if (failure.empty()) continue;
     allShown = false;
     printError(failure);
   }
   return allShown;
 }
 
-// The program throws nothing itself: only the library's bad_alloc ends here.
+// A reader that has seen enough, as a pager that was left, is no failure to speak of.
+bool readerIsGone() {
+#ifdef _WIN32
+  constexpr unsigned long kBrokenPipe = 109;
+  constexpr unsigned long kPipeClosing = 232;
+  return _doserrno == kBrokenPipe || _doserrno == kPipeClosing;
+#else
+  return errno == EPIPE;
+#endif
+}
+
+// Bitmaps to standard output, and the same line ends everywhere; and no file that is opened later takes the place of a
+// standard stream that whoever started the program has closed.
+void prepareStandardStreams() {
+#ifdef _WIN32
+  _setmode(_fileno(stdout), _O_BINARY);
+#else
+  int descriptor = 0;
+  while (descriptor >= 0 && descriptor <= STDERR_FILENO) descriptor = open("/dev/null", O_RDWR);
+  if (descriptor > STDERR_FILENO) close(descriptor);
+#endif
+}
+
+// Only bad_alloc of the library can end here.
 [[noreturn]] void endForLackOfMemory() {
   (void)std::fputs("korilan-cli: there is not enough memory\n", stderr);
   std::_Exit(kSomeNotShown);
@@ -54,9 +77,7 @@ bool printInfo(const CliRequest &request) {
 
 int main(int argumentCount, char **argumentTexts) {
   std::set_terminate(endForLackOfMemory);
-#ifdef _WIN32
-  _setmode(_fileno(stdout), _O_BINARY); // for bitmaps, and the same line ends on all systems
-#endif
+  prepareStandardStreams();
   const std::vector<std::string> arguments(argumentTexts + std::min(argumentCount, 1), argumentTexts + argumentCount);
   CliRequest request;
   if (const std::string wrong = parseArguments(arguments, request); !wrong.empty()) {
@@ -73,10 +94,9 @@ int main(int argumentCount, char **argumentTexts) {
   case CliCommand::kVideo: allShown = writeVideo(request); break;
   case CliCommand::kSound: allShown = writeSound(request); break;
   }
-  if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
-    printError("korilan-cli: standard output could not be written");
-    allShown = false;
-  }
-  if (interrupted()) return kInterruptedStatus;
-  return allShown ? kAllShown : kSomeNotShown;
+  const bool written = std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
+  // The other commands have said so themselves.
+  const bool told = request.command != CliCommand::kInfo && request.command != CliCommand::kHelp;
+  if (!written && !told && !readerIsGone()) printError("korilan-cli: standard output could not be written");
+  return allShown && written ? kAllShown : kSomeNotShown;
 }

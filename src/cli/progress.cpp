@@ -7,26 +7,13 @@
 #include <algorithm>
 #include <cstdio>
 
-#ifdef _WIN32
-#include <io.h>
-#else
-#include <unistd.h>
-#endif
-
 namespace {
 
 constexpr size_t kLineLetters = 79;
 
-bool isTerminal() {
-#ifdef _WIN32
-  return _isatty(_fileno(stderr)) != 0;
-#else
-  return isatty(STDERR_FILENO) != 0;
-#endif
-}
-
 // Overwrites the line, padded with blanks instead of control codes.
-void writeLine(Progress &progress, const std::string &line) {
+void writeLine(Progress &progress, const std::string &text) {
+  const std::string line = withoutControls(text);
   const size_t letters = characterCount(line);
   const std::string blanks(progress.width - std::min(progress.width, letters), ' ');
   (void)std::fputs(("\r" + line + blanks).c_str(), stderr);
@@ -50,7 +37,7 @@ std::string progressLine(size_t number, size_t files, const std::string &path) {
 
 void beginProgress(Progress &progress, size_t files) {
   progress.files = files;
-  progress.shown = files > 1 && isTerminal();
+  progress.shown = files > 1 && isTerminal(stderr);
 }
 
 void showProgress(Progress &progress, const std::string &path) {

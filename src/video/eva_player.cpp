@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <limits>
 
 // A file is a list of blocks of 15360 bytes, one per frame, without a header. Two bytes in the unused end of block 0:
 //   15343   8: Screen 8 bytes; else YJK groups
@@ -117,7 +118,8 @@ bool open(ViewerState &viewer) {
   EvaPlayer &eva = viewer.evaPlayer;
   prepare(eva);
   runPendingEvents(viewer);
-  eva.frameCount = roundHalfEven(static_cast<double>(inputFileLength(viewer.inputFile)) / kBlockBytes);
+  const double blocks = static_cast<double>(inputFileLength(viewer.inputFile)) / kBlockBytes;
+  eva.frameCount = roundHalfEven(std::min<double>(blocks, std::numeric_limits<int32_t>::max() - 1));
   takeRate(viewer);
   // Case-sensitive, so "film.ev8" goes by its colour kind: intended, the extension is only the fallback.
   eva.isRgb = toFlag(readByte(viewer.inputFile, kColourKindPos) == kScreen8Kind ||
