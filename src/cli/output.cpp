@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr const char *kNotWritten = "standard output could not be written";
+constexpr const char *kNotWritten = "standard output: could not be written";
 
 } // namespace
 
