@@ -1,4 +1,4 @@
-// FileOps for Windows. Only the W functions accept paths of more than 260 characters.
+// FileOps for Windows.
 #include "base/file_ops.h"
 #include "base/temporaries.h"
 #include "base/windows_text.h"
@@ -19,8 +19,18 @@ constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELE
 // The byte count of a call is a DWORD.
 constexpr size_t kMaxTransfer = size_t{1} << 30;
 
+// The path for a W function. From MAX_PATH characters on it is accepted only in full and behind \\?\ unless the
+// system is set up for longer ones.
+std::wstring longPath(const std::string &path) {
+  std::wstring wide = toUtf16(path);
+  std::wstring full(GetFullPathNameW(wide.c_str(), 0, nullptr, nullptr), L'\0'); // room for the NUL, too
+  full.resize(GetFullPathNameW(wide.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
+  if (full.size() < MAX_PATH || full.starts_with(L"\\\\?\\") || full.starts_with(L"\\\\.\\")) return wide;
+  return full.starts_with(L"\\\\") ? L"\\\\?\\UNC" + full.substr(1) : L"\\\\?\\" + full;
+}
+
 FileHandle openForReading(const char *path) {
-  const HANDLE file = CreateFileW(toUtf16(path).c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING,
+  const HANDLE file = CreateFileW(longPath(path).c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING,
                                   FILE_ATTRIBUTE_NORMAL, nullptr);
   if (file == INVALID_HANDLE_VALUE) return nullptr;
   if (GetFileType(file) != FILE_TYPE_DISK) {
@@ -57,7 +67,7 @@ constexpr DWORD kNotListed = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN | 
 std::vector<std::string> listFolder(const char *folder) {
   std::vector<std::string> names;
   WIN32_FIND_DATAW found{};
-  const HANDLE listing = FindFirstFileW(toUtf16(std::string(folder) + "*").c_str(), &found);
+  const HANDLE listing = FindFirstFileW(longPath(std::string(folder) + "*").c_str(), &found);
   if (listing == INVALID_HANDLE_VALUE) return names;
   do {
     if ((found.dwFileAttributes & kNotListed) == 0) names.push_back(toUtf8(found.cFileName));
@@ -68,10 +78,10 @@ std::vector<std::string> listFolder(const char *folder) {
 
 // The system's message for an error number.
 std::string errorText(DWORD error) {
-  char buffer[512];
-  const DWORD size = FormatMessageA(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error, 0,
-                                    buffer, sizeof buffer, nullptr);
-  std::string text(buffer, size);
+  wchar_t buffer[512];
+  const DWORD size = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error, 0,
+                                    buffer, std::size(buffer), nullptr);
+  std::string text = toUtf8({buffer, size});
   text.erase(text.find_last_not_of("\r\n") + 1);
   return text.empty() ? "Error " + std::to_string(error) : text;
 }
@@ -131,7 +141,7 @@ void createTemporary(Output &output) {
 
 OutputHandle beginOutput(const char *path, std::string &failure) {
   auto output = std::make_unique<Output>();
-  output->target = linkTarget(toUtf16(path));
+  output->target = linkTarget(longPath(path));
   const DWORD attributes = GetFileAttributesW(output->target.c_str());
   const bool readOnly = attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
   output->file = openDevice(output->target);
@@ -188,7 +198,7 @@ const FileOps &systemFiles() {
 }
 
 std::string fileIdentity(const std::string &path) {
-  std::wstring place = linkTarget(toUtf16(path));
+  std::wstring place = linkTarget(longPath(path));
   std::wstring name;
   HANDLE file = openForQuery(place);
   if (file == INVALID_HANDLE_VALUE) {

@@ -1,9 +1,11 @@
 // The Windows program: creates the window, passes the command line to the viewer, runs the message loop.
 #include "base/paths.h"
+#include "base/windows_text.h"
 #include "core/commands.h"
 #include "shell/main_window.h"
 #include "shell/out_of_memory.h"
 #include "shell/platform_windows.h"
+#include "shell/scale_functions.h"
 #include "state/viewer_state.h"
 
 #include <windows.h>
@@ -28,15 +30,18 @@ std::string_view withoutProgramName(std::string_view line) {
 
 } // namespace
 
-// The manifest makes UTF-8 the code page of the A functions: texts need no conversion.
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int showCommand) {
   HeapSetInformation(nullptr, HeapEnableTerminationOnCorruption, nullptr, 0);
   endWhenOutOfMemory();
+  if (!systemIsSupported()) {
+    MessageBoxW(nullptr, L"Korilan needs Windows 10 version 1607 or later.", L"Korilan", MB_ICONERROR);
+    return 1;
+  }
   ViewerState viewer;
   MainWindow main;
   viewer.platform = windowsPlatform(main);
   if (!createMainWindow(main, viewer, instance)) return 1;
-  startViewer(viewer, systemPath(std::string(withoutProgramName(GetCommandLineA()))));
+  startViewer(viewer, systemPath(std::string(withoutProgramName(toUtf8(GetCommandLineW())))));
   showMainWindow(main, showCommand);
   return runMessageLoop(main);
 }

@@ -1,6 +1,7 @@
 #include "shell/main_view.h"
 
 #include "shell/control_ids.h"
+#include "shell/scale_functions.h"
 #include "shell/win32_helpers.h"
 
 #include <algorithm>
@@ -8,7 +9,7 @@
 
 namespace {
 
-constexpr char kViewClass[] = "KorilanMainView";
+constexpr wchar_t kViewClass[] = L"KorilanMainView";
 
 // Around a picture smaller than the area, and while no picture is shown.
 constexpr int kBackgroundColour = COLOR_APPWORKSPACE;
@@ -49,15 +50,15 @@ void scrollTo(MainView &view, POINT corner) {
   view.corner = corner;
   SetScrollPos(view.window, SB_HORZ, view.corner.x, TRUE);
   SetScrollPos(view.window, SB_VERT, view.corner.y, TRUE);
-  SendMessageA(GetParent(view.window), kMouseLeftView, 0, 0); // another pixel is under the mouse
+  SendMessageW(GetParent(view.window), kMouseLeftView, 0, 0); // another pixel is under the mouse
   InvalidateRect(view.window, nullptr, FALSE);
 }
 
 // Size inside the border, scroll bars included.
 SIZE innerSizeOf(HWND window, UINT dotsPerInch) {
   const SIZE outer = windowSizeOf(window);
-  return {outer.cx - 2 * GetSystemMetricsForDpi(SM_CXEDGE, dotsPerInch),
-          outer.cy - 2 * GetSystemMetricsForDpi(SM_CYEDGE, dotsPerInch)};
+  return {outer.cx - 2 * scaleFunctions().systemMetric(SM_CXEDGE, dotsPerInch),
+          outer.cy - 2 * scaleFunctions().systemMetric(SM_CYEDGE, dotsPerInch)};
 }
 
 void setScrollBar(const MainView &view, int bar, LONG length, LONG page, LONG position) {
@@ -112,7 +113,7 @@ void mouseMoved(const MainView &view, LPARAM place) {
   requestMouseLeave(view.window);
   const LONG x = static_cast<short>(LOWORD(place)) + view.corner.x;
   const LONG y = static_cast<short>(HIWORD(place)) + view.corner.y;
-  SendMessageA(GetParent(view.window), kMouseOverView, static_cast<WPARAM>(x), y);
+  SendMessageW(GetParent(view.window), kMouseOverView, static_cast<WPARAM>(x), y);
 }
 
 void releasePicture(MainView &view) {
@@ -126,11 +127,11 @@ void releasePicture(MainView &view) {
 
 LRESULT CALLBACK mainViewProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_NCCREATE) {
-    const auto *creation = reinterpret_cast<const CREATESTRUCTA *>(lParam);
-    SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(creation->lpCreateParams));
+    const auto *creation = reinterpret_cast<const CREATESTRUCTW *>(lParam);
+    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(creation->lpCreateParams));
   }
-  auto *view = reinterpret_cast<MainView *>(GetWindowLongPtrA(window, GWLP_USERDATA));
-  if (view == nullptr || view->window != window) return DefWindowProcA(window, message, wParam, lParam);
+  auto *view = reinterpret_cast<MainView *>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (view == nullptr || view->window != window) return DefWindowProcW(window, message, wParam, lParam);
 
   switch (message) {
   case WM_ERASEBKGND: return 1; // WM_PAINT paints every pixel
@@ -150,26 +151,26 @@ LRESULT CALLBACK mainViewProcedure(HWND window, UINT message, WPARAM wParam, LPA
   case WM_KEYDOWN: scrollByKey(*view, wParam); return 0;
   case WM_LBUTTONDOWN: SetFocus(window); return 0;
   case WM_MOUSEMOVE: mouseMoved(*view, lParam); return 0;
-  case WM_MOUSELEAVE: return SendMessageA(GetParent(window), kMouseLeftView, 0, 0);
-  case WM_DROPFILES: return SendMessageA(GetParent(window), message, wParam, lParam);
+  case WM_MOUSELEAVE: return SendMessageW(GetParent(window), kMouseLeftView, 0, 0);
+  case WM_DROPFILES: return SendMessageW(GetParent(window), message, wParam, lParam);
   case WM_DESTROY: releasePicture(*view); return 0;
-  default: return DefWindowProcA(window, message, wParam, lParam);
+  default: return DefWindowProcW(window, message, wParam, lParam);
   }
 }
 
 } // namespace
 
 bool createMainView(MainView &view, HWND parent, HINSTANCE instance) {
-  WNDCLASSEXA viewClass{};
+  WNDCLASSEXW viewClass{};
   viewClass.cbSize = sizeof viewClass;
   viewClass.lpfnWndProc = mainViewProcedure;
   viewClass.hInstance = instance;
-  viewClass.hCursor = LoadCursorA(nullptr, IDC_ARROW);
+  viewClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
   viewClass.lpszClassName = kViewClass;
-  RegisterClassExA(&viewClass);
+  RegisterClassExW(&viewClass);
 
   view.picture1 = CreateCompatibleDC(nullptr);
-  view.window = CreateWindowExA(WS_EX_CLIENTEDGE | WS_EX_ACCEPTFILES, kViewClass, "Picture",
+  view.window = CreateWindowExW(WS_EX_CLIENTEDGE | WS_EX_ACCEPTFILES, kViewClass, L"Picture",
                                 WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_TABSTOP, 0, 0, 0, 0, parent,
                                 reinterpret_cast<HMENU>(INT_PTR{kMainViewId}), instance, &view);
   return view.window != nullptr && view.picture1 != nullptr;
@@ -214,10 +215,10 @@ void redrawPicture(MainView &view, const Stretch &stretch, SIZE area) {
 }
 
 void updateScrollBars(MainView &view) {
-  const UINT dotsPerInch = GetDpiForWindow(view.window);
+  const UINT dotsPerInch = scaleFunctions().dpiForWindow(view.window);
   SIZE room = innerSizeOf(view.window, dotsPerInch);
-  const LONG barWidth = GetSystemMetricsForDpi(SM_CXVSCROLL, dotsPerInch);
-  const LONG barHeight = GetSystemMetricsForDpi(SM_CYHSCROLL, dotsPerInch);
+  const LONG barWidth = scaleFunctions().systemMetric(SM_CXVSCROLL, dotsPerInch);
+  const LONG barHeight = scaleFunctions().systemMetric(SM_CYHSCROLL, dotsPerInch);
   const bool vertical = view.area.cy > room.cy || (view.area.cx > room.cx && view.area.cy > room.cy - barHeight);
   const bool horizontal = view.area.cx > room.cx - (vertical ? barWidth : 0);
   if (vertical) room.cx -= barWidth;

@@ -7,6 +7,7 @@
 #include "core/menus.h"
 #include "core/video_commands.h"
 #include "shell/control_ids.h"
+#include "shell/scale_functions.h"
 #include "shell/swatches.h"
 #include "shell/system_library.h"
 #include "shell/window_controls.h"
@@ -21,7 +22,7 @@
 
 namespace {
 
-constexpr char kWindowClass[] = "KorilanMainWindow";
+constexpr wchar_t kWindowClass[] = L"KorilanMainWindow";
 
 // Posted to the main window after its first paint. WM_APP and WM_APP + 1 are messages of MainView.
 constexpr UINT kMakeControls = WM_APP + 2;
@@ -37,15 +38,15 @@ HMENU buildMenuBar() {
     if (row.menu != menuName) {
       menuName = row.menu;
       menu = CreatePopupMenu();
-      AppendMenuA(menuBar, MF_POPUP, reinterpret_cast<UINT_PTR>(menu), row.menu);
+      AppendMenuW(menuBar, MF_POPUP, reinterpret_cast<UINT_PTR>(menu), toUtf16(row.menu).c_str());
     }
     if (row.caption == nullptr) {
-      AppendMenuA(menu, MF_SEPARATOR, 0, nullptr);
+      AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
     } else {
       const auto state = static_cast<UINT>(menuRowEnabled(initial, row) ? MF_ENABLED : MF_GRAYED);
       const std::string shortcut = shortcutText(row);
       const std::string text = row.caption + (shortcut.empty() ? "" : "\t" + shortcut);
-      AppendMenuA(menu, MF_STRING | state, kFirstMenuCommand + index, text.c_str());
+      AppendMenuW(menu, MF_STRING | state, kFirstMenuCommand + index, toUtf16(text).c_str());
     }
   }
   return menuBar;
@@ -112,8 +113,10 @@ void releaseWindow(MainWindow &main) {
 }
 
 LRESULT CALLBACK mainWindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  auto *main = reinterpret_cast<MainWindow *>(GetWindowLongPtrA(window, GWLP_USERDATA));
-  if (main == nullptr || main->window == nullptr) return DefWindowProcA(window, message, wParam, lParam);
+  auto *main = reinterpret_cast<MainWindow *>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  // Windows 10 1607 scales title bar and menus only if asked; later versions do so by the manifest.
+  if (message == WM_NCCREATE) scaleFunctions().enableNonClientScaling(window);
+  if (main == nullptr || main->window == nullptr) return DefWindowProcW(window, message, wParam, lParam);
 
   switch (message) {
   case WM_COMMAND:
@@ -151,24 +154,24 @@ LRESULT CALLBACK mainWindowProcedure(HWND window, UINT message, WPARAM wParam, L
   case WM_DPICHANGED: changeResolution(*main, LOWORD(wParam), *reinterpret_cast<const RECT *>(lParam)); return 0;
   case WM_DISPLAYCHANGE: keepWindowOnWorkArea(*main); return 0;
   case WM_DESTROY: releaseWindow(*main); return 0;
-  default: return DefWindowProcA(window, message, wParam, lParam);
+  default: return DefWindowProcW(window, message, wParam, lParam);
   }
   syncWindow(*main);
   return 0;
 }
 
 void registerWindowClass(HINSTANCE instance) {
-  WNDCLASSEXA windowClass{};
+  WNDCLASSEXW windowClass{};
   windowClass.cbSize = sizeof windowClass;
   windowClass.lpfnWndProc = mainWindowProcedure;
   windowClass.hInstance = instance;
-  windowClass.hIcon = LoadIconA(instance, MAKEINTRESOURCEA(kProgramIcon));
-  windowClass.hIconSm = static_cast<HICON>(LoadImageA(instance, MAKEINTRESOURCEA(kProgramIcon), IMAGE_ICON,
+  windowClass.hIcon = LoadIconW(instance, MAKEINTRESOURCEW(kProgramIcon));
+  windowClass.hIconSm = static_cast<HICON>(LoadImageW(instance, MAKEINTRESOURCEW(kProgramIcon), IMAGE_ICON,
                                                       GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON), 0));
-  windowClass.hCursor = LoadCursorA(nullptr, IDC_ARROW);
+  windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
   windowClass.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
   windowClass.lpszClassName = kWindowClass;
-  RegisterClassExA(&windowClass);
+  RegisterClassExW(&windowClass);
 }
 
 } // namespace
@@ -177,12 +180,12 @@ bool createMainWindow(MainWindow &main, ViewerState &viewer, HINSTANCE instance)
   registerWindowClass(instance);
   main.viewer = &viewer;
   main.menuBar = buildMenuBar();
-  main.window = CreateWindowExA(WS_EX_ACCEPTFILES, kWindowClass, main.shown.caption.c_str(),
+  main.window = CreateWindowExW(WS_EX_ACCEPTFILES, kWindowClass, toUtf16(main.shown.caption).c_str(),
                                 WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT,
                                 CW_USEDEFAULT, nullptr, main.menuBar, instance, nullptr);
   if (main.window == nullptr || !createMainView(main.mainView, main.window, instance)) return false;
-  updateFont(main, GetDpiForWindow(main.window));
-  SetWindowLongPtrA(main.window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&main));
+  updateFont(main, scaleFunctions().dpiForWindow(main.window));
+  SetWindowLongPtrW(main.window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&main));
   return true;
 }
 
@@ -192,7 +195,7 @@ void showMainWindow(MainWindow &main, int showCommand) {
   showFitted(main, showCommand);
   UpdateWindow(main.window);
   UpdateWindow(main.mainView.window);
-  PostMessageA(main.window, kMakeControls, 0, 0); // dispatched by the loops of menus and dialogs, too
+  PostMessageW(main.window, kMakeControls, 0, 0); // dispatched by the loops of menus and dialogs, too
 }
 
 void handleMessage(MainWindow &main, MSG &message) {
@@ -208,13 +211,13 @@ void handleMessage(MainWindow &main, MSG &message) {
       return;
     }
   }
-  if (IsDialogMessageA(main.window, &message)) return; // Tab moves the focus
+  if (IsDialogMessageW(main.window, &message)) return; // Tab moves the focus
   TranslateMessage(&message);
-  DispatchMessageA(&message);
+  DispatchMessageW(&message);
 }
 
 int runMessageLoop(MainWindow &main) {
   MSG message;
-  while (GetMessageA(&message, nullptr, 0, 0) > 0) handleMessage(main, message);
+  while (GetMessageW(&message, nullptr, 0, 0) > 0) handleMessage(main, message);
   return static_cast<int>(message.wParam);
 }

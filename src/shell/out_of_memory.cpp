@@ -14,7 +14,7 @@ void *reservedMemory = nullptr;
 // new_handler: reports and ends.
 [[noreturn]] void reportAndEnd() {
   std::free(reservedMemory);
-  MessageBoxA(nullptr, "There is not enough memory. Korilan has to end.", "Korilan", MB_ICONERROR | MB_TASKMODAL);
+  MessageBoxW(nullptr, L"There is not enough memory. Korilan has to end.", L"Korilan", MB_ICONERROR | MB_TASKMODAL);
   TerminateProcess(GetCurrentProcess(), 1);
   std::abort();
 }

@@ -1,5 +1,6 @@
 #include "shell/platform_windows.h"
 
+#include "base/windows_text.h"
 #include "shell/open_file_dialog.h"
 #include "shell/preferences_dialog.h"
 #include "shell/registry_settings.h"
@@ -24,7 +25,7 @@ void runPendingEvents(void *context) {
   main.lastEventPass = now;
   if (IsWindowVisible(main.window)) syncWindow(main);
   MSG message;
-  while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
     if (message.message == WM_QUIT) {
       PostQuitMessage(static_cast<int>(message.wParam)); // the main loop ends on it
       return;
@@ -99,7 +100,7 @@ void showMessage(void *context, const std::string &title, const std::string &tex
                                                                             : 0);
   pausePlayback(*main.viewer);
   const ThemedControls themed;
-  MessageBoxA(main.window, text.c_str(), title.c_str(), MB_OK | iconFlag);
+  MessageBoxW(main.window, toUtf16(text).c_str(), toUtf16(title).c_str(), MB_OK | iconFlag);
   resumePlayback(*main.viewer);
 }
 
@@ -125,12 +126,12 @@ void deleteSetting(void *, const std::string &key) { deleteRegistrySetting(key);
 void notifyAssociations(void *) { notifyAssociationsChanged(); }
 
 std::string programPath(void *) {
-  std::string path(MAX_PATH, '\0');
+  std::wstring path(MAX_PATH, L'\0');
   for (;;) {
-    const DWORD length = GetModuleFileNameA(nullptr, path.data(), static_cast<DWORD>(path.size()));
+    const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
     if (length < path.size()) {
       path.resize(length);
-      return path;
+      return toUtf8(path);
     }
     path.resize(path.size() * 2);
   }

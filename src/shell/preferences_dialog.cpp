@@ -3,6 +3,7 @@
 #include "core/preferences.h"
 #include "shell/control_ids.h"
 #include "shell/themed_controls.h"
+#include "shell/win32_helpers.h"
 
 namespace {
 
@@ -30,9 +31,9 @@ Preferences takeForm(HWND dialog) {
 
 void startDialog(HWND dialog, const ViewerState &viewer) {
   int id = kGeneralPreferenceId;
-  for (const GeneralPreference &row : kGeneralPreferences) SetDlgItemTextA(dialog, id++, row.caption);
+  for (const GeneralPreference &row : kGeneralPreferences) setText(GetDlgItem(dialog, id++), row.caption);
   id = kAssociationId;
-  for (const Association &row : kAssociations) SetDlgItemTextA(dialog, id++, row.extension);
+  for (const Association &row : kAssociations) setText(GetDlgItem(dialog, id++), row.extension);
   putForm(dialog, storedPreferences(viewer));
 }
 
@@ -61,11 +62,11 @@ void runCommand(HWND dialog, ViewerState &viewer, int command) {
 INT_PTR CALLBACK preferencesProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
   case WM_INITDIALOG:
-    SetWindowLongPtrA(dialog, DWLP_USER, lParam);
+    SetWindowLongPtrW(dialog, DWLP_USER, lParam);
     startDialog(dialog, *reinterpret_cast<const ViewerState *>(lParam));
     return TRUE;
   case WM_COMMAND:
-    runCommand(dialog, *reinterpret_cast<ViewerState *>(GetWindowLongPtrA(dialog, DWLP_USER)), LOWORD(wParam));
+    runCommand(dialog, *reinterpret_cast<ViewerState *>(GetWindowLongPtrW(dialog, DWLP_USER)), LOWORD(wParam));
     return TRUE;
   default: return FALSE;
   }
@@ -75,6 +76,6 @@ INT_PTR CALLBACK preferencesProcedure(HWND dialog, UINT message, WPARAM wParam, 
 
 void showPreferencesDialog(HWND owner, ViewerState &viewer) {
   const ThemedControls themed;
-  DialogBoxParamA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(kPreferencesDialog), owner, preferencesProcedure,
+  DialogBoxParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(kPreferencesDialog), owner, preferencesProcedure,
                   reinterpret_cast<LPARAM>(&viewer));
 }

@@ -25,15 +25,16 @@ static_assert(kNotifyFlags == 8192);
 HKEY openSetting(const std::string &key) {
   for (const REGSAM access : {kReadWrite, REGSAM{KEY_READ}}) {
     HKEY opened = nullptr;
-    if (RegOpenKeyExA(HKEY_CLASSES_ROOT, key.c_str(), 0, access, &opened) == ERROR_SUCCESS) return opened;
+    if (RegOpenKeyExW(HKEY_CLASSES_ROOT, toUtf16(key).c_str(), 0, access, &opened) == ERROR_SUCCESS) return opened;
   }
   return nullptr;
 }
 
 void createSetting(HKEY root, const std::string &key, const std::string &value) {
   HKEY created = nullptr;
-  if (RegCreateKeyA(root, key.c_str(), &created) != ERROR_SUCCESS) return;
-  RegSetValueA(created, nullptr, REG_SZ, value.c_str(), static_cast<DWORD>(value.size()));
+  if (RegCreateKeyW(root, toUtf16(key).c_str(), &created) != ERROR_SUCCESS) return;
+  const std::wstring text = toUtf16(value);
+  RegSetValueW(created, nullptr, REG_SZ, text.c_str(), static_cast<DWORD>(text.size() * sizeof text[0]));
   RegCloseKey(created);
 }
 
@@ -42,12 +43,12 @@ void createSetting(HKEY root, const std::string &key, const std::string &value) 
 std::string readRegistrySetting(const std::string &key) {
   const HKEY opened = openSetting(key);
   if (opened == nullptr) return "";
-  std::array<char, 1024> text{};
-  DWORD bytes = text.size() - 1;
+  std::array<wchar_t, 1024> text{};
+  DWORD bytes = (text.size() - 1) * sizeof text[0];
   const LSTATUS status =
-      RegQueryValueExA(opened, nullptr, nullptr, nullptr, reinterpret_cast<BYTE *>(text.data()), &bytes);
+      RegQueryValueExW(opened, nullptr, nullptr, nullptr, reinterpret_cast<BYTE *>(text.data()), &bytes);
   RegCloseKey(opened);
-  return status == ERROR_SUCCESS ? text.data() : "";
+  return status == ERROR_SUCCESS ? toUtf8(text.data()) : "";
 }
 
 void writeRegistrySetting(const std::string &key, const std::string &value) {
@@ -58,8 +59,8 @@ void writeRegistrySetting(const std::string &key, const std::string &value) {
 
 // Deletes the subtree, so no half of another program's class is left.
 void deleteRegistrySetting(const std::string &key) {
-  RegDeleteTreeA(HKEY_CURRENT_USER, (kUserClasses + key).c_str());
-  RegDeleteTreeA(HKEY_CLASSES_ROOT, key.c_str());
+  RegDeleteTreeW(HKEY_CURRENT_USER, toUtf16(kUserClasses + key).c_str());
+  RegDeleteTreeW(HKEY_CLASSES_ROOT, toUtf16(key).c_str());
 }
 
 void notifyAssociationsChanged() {

@@ -2,30 +2,31 @@
 
 #include "base/colours.h"
 #include "base/text.h"
+#include "base/windows_text.h"
 #include "shell/control_ids.h"
 
 namespace {
 
 // A field of that colour with a border of one pixel. Paints every pixel once: no flicker.
-void drawSwatch(const DRAWITEMSTRUCT &item, uint32_t colour, uint32_t textColour, const std::string &text) {
+void drawSwatch(const DRAWITEMSTRUCT &item, uint32_t colour, uint32_t textColour, const std::wstring &text) {
   RECT field = item.rcItem;
   FrameRect(item.hDC, &field, GetSysColorBrush(COLOR_WINDOWFRAME));
   InflateRect(&field, -1, -1);
   SetBkColor(item.hDC, swapRedBlue(colour));
   SetTextColor(item.hDC, swapRedBlue(textColour));
   SIZE size{};
-  GetTextExtentPoint32A(item.hDC, text.c_str(), static_cast<int>(text.size()), &size);
+  GetTextExtentPoint32W(item.hDC, text.c_str(), static_cast<int>(text.size()), &size);
   const int left = (field.left + field.right - size.cx) / 2;
   const int top = (field.top + field.bottom - size.cy) / 2;
-  ExtTextOutA(item.hDC, left, top, ETO_OPAQUE | ETO_CLIPPED, &field, text.c_str(), static_cast<UINT>(text.size()),
+  ExtTextOutW(item.hDC, left, top, ETO_OPAQUE | ETO_CLIPPED, &field, text.c_str(), static_cast<UINT>(text.size()),
               nullptr);
 }
 
-void drawReadout(const DRAWITEMSTRUCT &item, const std::string &text) {
+void drawReadout(const DRAWITEMSTRUCT &item, const std::wstring &text) {
   SetBkColor(item.hDC, GetSysColor(COLOR_BTNFACE));
   SetTextColor(item.hDC, GetSysColor(COLOR_BTNTEXT));
   SetTextAlign(item.hDC, TA_RIGHT);
-  ExtTextOutA(item.hDC, item.rcItem.right, item.rcItem.top, ETO_OPAQUE | ETO_CLIPPED, &item.rcItem, text.c_str(),
+  ExtTextOutW(item.hDC, item.rcItem.right, item.rcItem.top, ETO_OPAQUE | ETO_CLIPPED, &item.rcItem, text.c_str(),
               static_cast<UINT>(text.size()), nullptr);
   SetTextAlign(item.hDC, TA_LEFT);
 }
@@ -44,11 +45,11 @@ void drawItem(const MainWindow &main, const DRAWITEMSTRUCT &item) {
   const WindowModel &model = main.shown;
   const HGDIOBJ previous = SelectObject(item.hDC, main.font);
   if (item.CtlID == kReadoutId) {
-    drawReadout(item, model.readout.text);
+    drawReadout(item, toUtf16(model.readout.text));
   } else if (item.CtlID == kReadoutSwatchId) {
-    drawSwatch(item, model.readout.colour, 0, "");
+    drawSwatch(item, model.readout.colour, 0, L"");
   } else if (const size_t index = item.CtlID - kLabel5Id; index < model.Label5.size()) {
-    drawSwatch(item, model.Label5[index].background, model.Label5[index].text, std::to_string(index));
+    drawSwatch(item, model.Label5[index].background, model.Label5[index].text, std::to_wstring(index));
   }
   SelectObject(item.hDC, previous);
 }

@@ -1,5 +1,6 @@
 #include "shell/text_dialog.h"
 
+#include "base/windows_text.h"
 #include "shell/control_ids.h"
 #include "shell/themed_controls.h"
 #include "shell/win32_helpers.h"
@@ -18,8 +19,8 @@ constexpr LONG kBarWidth = 24;   // scroll bar and borders of the text
 constexpr LONG kTextBorder = 10; // above and below the text
 
 struct TextDialog {
-  const std::string &title;
-  std::string text; // lines end in "\r\n"
+  std::wstring title;
+  std::wstring text; // lines end in "\r\n"
 };
 
 // Dialog units to pixels.
@@ -43,18 +44,18 @@ void placeDialogControls(HWND dialog) {
 }
 
 // Sizes the dialog to its text, up to three quarters of the work area, and centres it.
-void sizeDialog(HWND dialog, const std::string &text) {
+void sizeDialog(HWND dialog, const std::wstring &text) {
   const HWND edit = GetDlgItem(dialog, kTextId);
   const HDC screen = GetDC(edit);
-  const HGDIOBJ previous = SelectObject(screen, reinterpret_cast<HGDIOBJ>(SendMessageA(edit, WM_GETFONT, 0, 0)));
+  const HGDIOBJ previous = SelectObject(screen, reinterpret_cast<HGDIOBJ>(SendMessageW(edit, WM_GETFONT, 0, 0)));
   const LONG tab = fromUnits(dialog, kTabStop, 0).cx;
-  TEXTMETRICA metrics{};
-  GetTextMetricsA(screen, &metrics);
+  TEXTMETRICW metrics{};
+  GetTextMetricsW(screen, &metrics);
   SIZE wanted{};
   for (size_t start = 0; start < text.size();) {
-    const size_t end = std::min(text.find("\r\n", start), text.size());
+    const size_t end = std::min(text.find(L"\r\n", start), text.size());
     const int tabs = static_cast<int>(tab);
-    const DWORD extent = GetTabbedTextExtentA(screen, text.c_str() + start, static_cast<int>(end - start), 1, &tabs);
+    const DWORD extent = GetTabbedTextExtentW(screen, text.c_str() + start, static_cast<int>(end - start), 1, &tabs);
     wanted.cx = std::max(wanted.cx, LONG{LOWORD(extent)});
     wanted.cy += metrics.tmHeight;
     start = end + 2;
@@ -75,9 +76,9 @@ void sizeDialog(HWND dialog, const std::string &text) {
 
 void startDialog(HWND dialog, const TextDialog &content) {
   const HWND edit = GetDlgItem(dialog, kTextId);
-  SetWindowTextA(dialog, content.title.c_str());
-  SendMessageA(edit, EM_SETTABSTOPS, 1, reinterpret_cast<LPARAM>(&kTabStop));
-  SetWindowTextA(edit, content.text.c_str());
+  SetWindowTextW(dialog, content.title.c_str());
+  SendMessageW(edit, EM_SETTABSTOPS, 1, reinterpret_cast<LPARAM>(&kTabStop));
+  SetWindowTextW(edit, content.text.c_str());
   sizeDialog(dialog, content.text);
   placeDialogControls(dialog);
   SetFocus(GetDlgItem(dialog, IDCANCEL)); // the focus would select the whole text
@@ -89,8 +90,8 @@ INT_PTR CALLBACK textDialogProcedure(HWND dialog, UINT message, WPARAM wParam, L
   case WM_SIZE: placeDialogControls(dialog); return TRUE;
   case WM_COMMAND:
     if (LOWORD(wParam) == kCopyTextId) {
-      SendDlgItemMessageA(dialog, kTextId, EM_SETSEL, 0, -1);
-      SendDlgItemMessageA(dialog, kTextId, WM_COPY, 0, 0);
+      SendDlgItemMessageW(dialog, kTextId, EM_SETSEL, 0, -1);
+      SendDlgItemMessageW(dialog, kTextId, WM_COPY, 0, 0);
     } else if (LOWORD(wParam) == IDCANCEL) {
       EndDialog(dialog, 0);
     }
@@ -102,12 +103,12 @@ INT_PTR CALLBACK textDialogProcedure(HWND dialog, UINT message, WPARAM wParam, L
 } // namespace
 
 void showTextDialog(HWND owner, const std::string &title, const std::string &text) {
-  TextDialog content{.title = title, .text = {}};
-  for (const char letter : text.substr(0, text.find_last_not_of('\n') + 1)) {
-    if (letter == '\n') content.text += '\r';
+  TextDialog content{.title = toUtf16(title), .text = {}};
+  for (const wchar_t letter : toUtf16(text.substr(0, text.find_last_not_of('\n') + 1))) {
+    if (letter == L'\n') content.text += L'\r';
     content.text += letter;
   }
   const ThemedControls themed;
-  DialogBoxParamA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(kTextDialog), owner, textDialogProcedure,
+  DialogBoxParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(kTextDialog), owner, textDialogProcedure,
                   reinterpret_cast<LPARAM>(&content));
 }

@@ -5,12 +5,12 @@
 namespace {
 
 HANDLE createContext() {
-  ACTCTXA request{};
+  ACTCTXW request{};
   request.cbSize = sizeof request;
   request.dwFlags = ACTCTX_FLAG_HMODULE_VALID | ACTCTX_FLAG_RESOURCE_NAME_VALID;
-  request.hModule = GetModuleHandleA(nullptr);
-  request.lpResourceName = MAKEINTRESOURCEA(kThemedControlsManifest);
-  return CreateActCtxA(&request);
+  request.hModule = GetModuleHandleW(nullptr);
+  request.lpResourceName = MAKEINTRESOURCEW(kThemedControlsManifest);
+  return CreateActCtxW(&request);
 }
 
 } // namespace

@@ -17,9 +17,9 @@ constexpr COLORREF kPressedDisc = RGB(0x12, 0x3F, 0x78);
 constexpr COLORREF kSign = RGB(0xFF, 0xFF, 0xFF);
 
 bool highContrast() {
-  HIGHCONTRASTA contrast{};
+  HIGHCONTRASTW contrast{};
   contrast.cbSize = sizeof contrast;
-  return SystemParametersInfoA(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) &&
+  return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) &&
          (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
 }
 
@@ -66,7 +66,7 @@ void setHovered(VideoButton &button, bool hovered) {
 }
 
 LRESULT CALLBACK buttonProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  auto &button = *reinterpret_cast<VideoButton *>(GetWindowLongPtrA(window, GWLP_USERDATA));
+  auto &button = *reinterpret_cast<VideoButton *>(GetWindowLongPtrW(window, GWLP_USERDATA));
   if (message == WM_MOUSEMOVE) {
     setHovered(button, true);
     requestMouseLeave(window);
@@ -75,21 +75,21 @@ LRESULT CALLBACK buttonProcedure(HWND window, UINT message, WPARAM wParam, LPARA
   } else if (message == WM_ERASEBKGND) {
     return 1; // WM_DRAWITEM paints every pixel
   }
-  return CallWindowProcA(button.firstProcedure, window, message, wParam, lParam);
+  return CallWindowProcW(button.firstProcedure, window, message, wParam, lParam);
 }
 
 } // namespace
 
 void createVideoButtons(VideoButtons &buttons, HWND parent, HINSTANCE instance) {
-  constexpr std::array<const char *, 2> kNames = {"Play", "Stop"};
+  constexpr std::array<const wchar_t *, 2> kNames = {L"Play", L"Stop"};
   for (size_t i = 0; i < buttons.size(); ++i) {
     VideoButton &button = buttons[i];
-    button.window = CreateWindowExA(0, "BUTTON", kNames[i], WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP | BS_OWNERDRAW, 0,
+    button.window = CreateWindowExW(0, L"BUTTON", kNames[i], WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP | BS_OWNERDRAW, 0,
                                     0, 0, 0, parent, reinterpret_cast<HMENU>(kImage1Id + i), instance, nullptr);
     if (button.window == nullptr) continue;
-    SetWindowLongPtrA(button.window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&button));
+    SetWindowLongPtrW(button.window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&button));
     button.firstProcedure = reinterpret_cast<WNDPROC>(
-        SetWindowLongPtrA(button.window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(buttonProcedure)));
+        SetWindowLongPtrW(button.window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(buttonProcedure)));
   }
 }
 

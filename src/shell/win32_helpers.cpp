@@ -1,5 +1,7 @@
 #include "shell/win32_helpers.h"
 
+#include "base/windows_text.h"
+
 SIZE sizeOf(const RECT &rectangle) { return {rectangle.right - rectangle.left, rectangle.bottom - rectangle.top}; }
 
 SIZE windowSizeOf(HWND window) {
@@ -17,7 +19,7 @@ SIZE clientSizeOf(HWND window) {
 RECT workAreaOf(HWND window) {
   MONITORINFO monitor{};
   monitor.cbSize = sizeof monitor;
-  GetMonitorInfoA(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
+  GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
   return monitor.rcWork;
 }
 
@@ -28,5 +30,7 @@ void requestMouseLeave(HWND window) {
   request.hwndTrack = window;
   TrackMouseEvent(&request);
 }
+
+void setText(HWND window, std::string_view text) { SetWindowTextW(window, toUtf16(text).c_str()); }
 
 void setVisible(HWND control, bool visible) { ShowWindow(control, visible ? SW_SHOWNA : SW_HIDE); }

@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include <string_view>
+
 SIZE sizeOf(const RECT &rectangle);
 
 // Outer size.
@@ -15,6 +17,9 @@ RECT workAreaOf(HWND window);
 
 // Has WM_MOUSELEAVE sent once, when the mouse leaves the window.
 void requestMouseLeave(HWND window);
+
+// Sets the caption or the text, given as UTF-8. Does nothing for nullptr.
+void setText(HWND window, std::string_view text);
 
 // Shows or hides a control without activating it. Does nothing for nullptr.
 void setVisible(HWND control, bool visible);

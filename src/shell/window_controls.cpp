@@ -7,10 +7,10 @@
 
 namespace {
 
-HINSTANCE programInstance() { return GetModuleHandleA(nullptr); }
+HINSTANCE programInstance() { return GetModuleHandleW(nullptr); }
 
 HWND createStatic(const MainWindow &main, size_t id, DWORD style) {
-  return CreateWindowExA(0, "STATIC", "", WS_CHILD | WS_CLIPSIBLINGS | style, 0, 0, 0, 0, main.window,
+  return CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_CLIPSIBLINGS | style, 0, 0, 0, 0, main.window,
                          reinterpret_cast<HMENU>(id), programInstance(), nullptr);
 }
 
@@ -20,11 +20,11 @@ void makeLabels(MainWindow &main) {
   constexpr DWORD kLabel = WS_VISIBLE | SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS;
   for (size_t i = 0; i < main.labels.size(); ++i) {
     main.labels[i] = createStatic(main, kLabel1Id + i, kLabel);
-    SendMessageA(main.labels[i], WM_SETFONT, reinterpret_cast<WPARAM>(main.font), FALSE);
-    SetWindowTextA(main.labels[i], (main.shown.*kLabelTexts[i]).c_str());
+    SendMessageW(main.labels[i], WM_SETFONT, reinterpret_cast<WPARAM>(main.font), FALSE);
+    setText(main.labels[i], main.shown.*kLabelTexts[i]);
   }
   main.readout = createStatic(main, kReadoutId, WS_VISIBLE | SS_OWNERDRAW);
-  SetWindowTextA(main.readout, main.shown.readout.text.c_str());
+  setText(main.readout, main.shown.readout.text);
   main.readoutSwatch = createStatic(main, kReadoutSwatchId, SS_OWNERDRAW);
   placeControls(main);
   setVisible(main.readoutSwatch, !main.shown.readout.text.empty());
@@ -44,7 +44,7 @@ bool provideVideoControls(MainWindow &main) {
   const ThemedControls themed;
   createVideoButtons(main.videoButtons, main.window, programInstance());
   main.frameBar =
-      CreateWindowExA(0, "SCROLLBAR", "Frame", WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP | SBS_HORZ, 0, 0, 0, 0,
+      CreateWindowExW(0, L"SCROLLBAR", L"Frame", WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP | SBS_HORZ, 0, 0, 0, 0,
                       main.window, reinterpret_cast<HMENU>(INT_PTR{kHScroll1Id}), programInstance(), nullptr);
   return true;
 }

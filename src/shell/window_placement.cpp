@@ -1,5 +1,6 @@
 #include "shell/window_placement.h"
 
+#include "shell/scale_functions.h"
 #include "shell/win32_helpers.h"
 
 #include <algorithm>
@@ -9,9 +10,9 @@ namespace {
 // The client area with frame, title bar and a menu bar of one row.
 SIZE outerSize(const MainWindow &main, SIZE client) {
   RECT outer{0, 0, client.cx, client.cy};
-  const auto style = static_cast<DWORD>(GetWindowLongA(main.window, GWL_STYLE));
-  const auto extendedStyle = static_cast<DWORD>(GetWindowLongA(main.window, GWL_EXSTYLE));
-  AdjustWindowRectExForDpi(&outer, style, TRUE, extendedStyle, static_cast<UINT>(main.metrics.dotsPerInch));
+  const auto style = static_cast<DWORD>(GetWindowLongW(main.window, GWL_STYLE));
+  const auto extendedStyle = static_cast<DWORD>(GetWindowLongW(main.window, GWL_EXSTYLE));
+  scaleFunctions().adjustWindowRect(&outer, style, TRUE, extendedStyle, static_cast<UINT>(main.metrics.dotsPerInch));
   return sizeOf(outer);
 }
 
@@ -72,24 +73,24 @@ void releaseFont(MainWindow &main) {
 void updateFont(MainWindow &main, UINT dotsPerInch) {
   NONCLIENTMETRICSW system{}; // the call exists only for UTF-16
   system.cbSize = sizeof system;
-  SystemParametersInfoForDpi(SPI_GETNONCLIENTMETRICS, sizeof system, &system, 0, dotsPerInch);
+  scaleFunctions().systemParameters(SPI_GETNONCLIENTMETRICS, sizeof system, &system, 0, dotsPerInch);
   const HFONT font = CreateFontIndirectW(&system.lfMessageFont);
-  for (const HWND label : main.labels) SendMessageA(label, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+  for (const HWND label : main.labels) SendMessageW(label, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
   InvalidateRect(main.window, nullptr, TRUE); // owner-drawn controls
   releaseFont(main);
   main.font = font;
 
-  TEXTMETRICA text{};
+  TEXTMETRICW text{};
   const HDC screen = GetDC(main.window);
   const HGDIOBJ previous = SelectObject(screen, font);
-  GetTextMetricsA(screen, &text);
+  GetTextMetricsW(screen, &text);
   SelectObject(screen, previous);
   ReleaseDC(main.window, screen);
   main.metrics = {
       .dotsPerInch = static_cast<int>(dotsPerInch),
       .lineHeight = static_cast<int>(text.tmHeight),
       .characterWidth = static_cast<int>(text.tmAveCharWidth),
-      .scrollBarWidth = GetSystemMetricsForDpi(SM_CXVSCROLL, dotsPerInch),
+      .scrollBarWidth = scaleFunctions().systemMetric(SM_CXVSCROLL, dotsPerInch),
   };
 }
 

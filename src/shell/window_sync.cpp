@@ -45,7 +45,7 @@ void syncSwatches(MainWindow &main, const WindowModel &model) {
     const Swatch &shown = main.shown.Label5[i];
     const bool recoloured = swatch.background != shown.background || swatch.text != shown.text;
     if (swatch.visible && (recoloured || !shown.visible)) {
-      SetWindowTextA(main.swatches[i], swatchName(i, swatch.background).c_str());
+      setText(main.swatches[i], swatchName(i, swatch.background));
       redraw(main.swatches[i]);
     }
     if (swatch.visible != shown.visible) setVisible(main.swatches[i], swatch.visible);
@@ -56,12 +56,12 @@ void syncSwatches(MainWindow &main, const WindowModel &model) {
 void syncLabels(const MainWindow &main, const WindowModel &model) {
   for (size_t label = 0; label < kLabelTexts.size(); ++label) {
     const std::string &text = model.*kLabelTexts[label];
-    if (text != main.shown.*kLabelTexts[label]) SetWindowTextA(main.labels[label], text.c_str());
+    if (text != main.shown.*kLabelTexts[label]) setText(main.labels[label], text);
   }
   const ColourReadout &readout = model.readout;
   const bool visible = !readout.text.empty();
   if (readout.text != main.shown.readout.text) {
-    SetWindowTextA(main.readout, readout.text.c_str());
+    setText(main.readout, readout.text);
     redraw(main.readout);
   }
   if (readout.colour != main.shown.readout.colour) redraw(main.readoutSwatch);
@@ -104,7 +104,7 @@ void syncWindow(MainWindow &main) {
   if (main.window == nullptr) return;
   const WindowModel &model = main.viewer->window;
 
-  if (model.caption != main.shown.caption) SetWindowTextA(main.window, model.caption.c_str());
+  if (model.caption != main.shown.caption) setText(main.window, model.caption);
   syncLabels(main, model);
   syncSwatches(main, model);
   syncVideoControls(main, model);
