@@ -6,6 +6,7 @@
 #include "shell/out_of_memory.h"
 #include "shell/platform_windows.h"
 #include "shell/scale_functions.h"
+#include "shell/system_library.h"
 #include "state/viewer_state.h"
 
 #include <windows.h>
@@ -28,9 +29,18 @@ std::string_view withoutProgramName(std::string_view line) {
   return line.substr(first, line.find_last_not_of(kBlanks) - first + 1);
 }
 
+// Has all libraries loaded from the system's folder, those that the system's own libraries load, too: a file beside the
+// program cannot stand in for one. Windows 7 may lack the function.
+void restrictLibrarySearch() {
+  const auto restrict = libraryFunction<decltype(SetDefaultDllDirectories)>(GetModuleHandleW(L"kernel32.dll"),
+                                                                            "SetDefaultDllDirectories");
+  if (restrict != nullptr) restrict(LOAD_LIBRARY_SEARCH_SYSTEM32);
+}
+
 } // namespace
 
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int showCommand) {
+  restrictLibrarySearch();
   HeapSetInformation(nullptr, HeapEnableTerminationOnCorruption, nullptr, 0);
   endWhenOutOfMemory();
   if (!systemIsSupported()) {
