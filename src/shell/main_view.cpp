@@ -173,6 +173,7 @@ bool createMainView(MainView &view, HWND parent, HINSTANCE instance) {
   view.window = CreateWindowExW(WS_EX_CLIENTEDGE | WS_EX_ACCEPTFILES, kViewClass, L"Picture",
                                 WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_TABSTOP, 0, 0, 0, 0, parent,
                                 reinterpret_cast<HMENU>(INT_PTR{kMainViewId}), instance, &view);
+  allowDrops(view.window);
   return view.window != nullptr && view.picture1 != nullptr;
 }
 

@@ -10,6 +10,7 @@
 #include "shell/scale_functions.h"
 #include "shell/swatches.h"
 #include "shell/system_library.h"
+#include "shell/win32_helpers.h"
 #include "shell/window_controls.h"
 #include "shell/window_placement.h"
 #include "shell/window_sync.h"
@@ -184,6 +185,7 @@ bool createMainWindow(MainWindow &main, ViewerState &viewer, HINSTANCE instance)
                                 WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT,
                                 CW_USEDEFAULT, nullptr, main.menuBar, instance, nullptr);
   if (main.window == nullptr || !createMainView(main.mainView, main.window, instance)) return false;
+  allowDrops(main.window);
   updateFont(main, scaleFunctions().dpiForWindow(main.window));
   SetWindowLongPtrW(main.window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&main));
   return true;

@@ -21,5 +21,7 @@ ThemedControls::ThemedControls() {
 }
 
 ThemedControls::~ThemedControls() {
-  if (cookie != 0) DeactivateActCtx(0, cookie);
+  // A shell extension in the open dialog may have left a context of its own active: without the flag that would raise
+  // an exception.
+  if (cookie != 0) DeactivateActCtx(DEACTIVATE_ACTCTX_FLAG_FORCE_EARLY_DEACTIVATION, cookie);
 }

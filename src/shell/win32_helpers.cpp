@@ -31,6 +31,13 @@ void requestMouseLeave(HWND window) {
   TrackMouseEvent(&request);
 }
 
+void allowDrops(HWND window) {
+  constexpr UINT kCopyGlobalData = 0x0049; // carries the paths; not in the headers
+  for (const UINT message : {UINT{WM_DROPFILES}, UINT{WM_COPYDATA}, kCopyGlobalData}) {
+    ChangeWindowMessageFilterEx(window, message, MSGFLT_ALLOW, nullptr);
+  }
+}
+
 void setText(HWND window, std::string_view text) { SetWindowTextW(window, toUtf16(text).c_str()); }
 
 void setVisible(HWND control, bool visible) { ShowWindow(control, visible ? SW_SHOWNA : SW_HIDE); }

@@ -18,6 +18,9 @@ RECT workAreaOf(HWND window);
 // Has WM_MOUSELEAVE sent once, when the mouse leaves the window.
 void requestMouseLeave(HWND window);
 
+// Lets a window that accepts files take them from the desktop even if the program runs as administrator.
+void allowDrops(HWND window);
+
 // Sets the caption or the text, given as UTF-8. Does nothing for nullptr.
 void setText(HWND window, std::string_view text);
 
