@@ -41,6 +41,7 @@ void ApplyDisplayGeometry(ViewerState &viewer) {
   window.mainViewWidth = std::max(areaWidth, kMinAreaWidth) + kViewBorders;
   window.mainViewHeight = std::max(areaHeight, kMinAreaHeight) + kViewBorders;
   ++window.pictureSerial;
+  ++window.fittings;
   window.readout = {}; // the old one is of the last picture
 
   const PictureSettings &picture = viewer.picture;

@@ -75,4 +75,5 @@ void resetViewer(ViewerState &viewer) {
   window.stretch = {};
   window.readout = {};
   ++window.pictureSerial;
+  ++window.fittings;
 }

@@ -100,17 +100,44 @@ void runControl(ViewerState &viewer, int id) {
   if (id == kImage1Id + 1) Image2_Click(viewer);
 }
 
-// Takes the corner that the system proposes; the size follows from the content.
-void changeResolution(MainWindow &main, UINT dotsPerInch, const RECT &proposed) {
-  updateFont(main, dotsPerInch);
-  SetWindowPos(main.window, nullptr, proposed.left, proposed.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-  fitWindow(main);
-}
-
 void releaseWindow(MainWindow &main) {
   main.window = nullptr;
   releaseFont(main);
   PostQuitMessage(0);
+}
+
+// Messages about size, place and scale.
+LRESULT handlePlacement(MainWindow &main, UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+  case WM_SIZE:
+    if (wParam == SIZE_RESTORED && main.fitLater) {
+      fitWindow(main);
+    } else if (wParam != SIZE_MINIMIZED) {
+      placeControls(main);
+    }
+    return 0;
+  case WM_GETMINMAXINFO: {
+    const SIZE minimum = minWindowSize(main);
+    reinterpret_cast<MINMAXINFO *>(lParam)->ptMinTrackSize = {minimum.cx, minimum.cy};
+    return 0;
+  }
+  case WM_GETDPISCALEDSIZE:
+    if (IsZoomed(main.window) || IsIconic(main.window)) break;
+    *reinterpret_cast<SIZE *>(lParam) = sizeAtScale(main, static_cast<UINT>(wParam));
+    return TRUE;
+  case WM_DPICHANGED: changeScale(main, LOWORD(wParam), *reinterpret_cast<const RECT *>(lParam)); return 0;
+  case WM_DISPLAYCHANGE: placeWindow(main); return 0;
+  case WM_SETTINGCHANGE:
+    if (wParam == SPI_SETWORKAREA) {
+      placeWindow(main);
+    } else {
+      changeSettings(main, wParam == SPI_SETNONCLIENTMETRICS);
+    }
+    break;
+  case WM_THEMECHANGED: changeSettings(main, false); break;
+  default: break;
+  }
+  return DefWindowProcW(main.window, message, wParam, lParam);
 }
 
 LRESULT CALLBACK mainWindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -118,6 +145,7 @@ LRESULT CALLBACK mainWindowProcedure(HWND window, UINT message, WPARAM wParam, L
   // Windows 10 1607 scales title bar and menus only if asked; later versions do so by the manifest.
   if (message == WM_NCCREATE) scaleFunctions().enableNonClientScaling(window);
   if (main == nullptr || main->window == nullptr) return DefWindowProcW(window, message, wParam, lParam);
+  if (message == WM_ENTERSIZEMOVE || message == WM_EXITSIZEMOVE) setMoving(*main, message == WM_ENTERSIZEMOVE);
 
   switch (message) {
   case WM_COMMAND:
@@ -140,22 +168,8 @@ LRESULT CALLBACK mainWindowProcedure(HWND window, UINT message, WPARAM wParam, L
   case WM_DROPFILES: openDroppedFile(*main, reinterpret_cast<HDROP>(wParam)); break;
   case WM_CLOSE: menuExit_Click(*main->viewer); break;
   case WM_ENTERIDLE: break; // a dialog may have run a command: sync while it is open
-  case WM_SIZE:
-    if (wParam == SIZE_RESTORED && main->fitWhenRestored) {
-      fitWindow(*main);
-    } else if (wParam != SIZE_MINIMIZED) {
-      placeControls(*main);
-    }
-    return 0;
-  case WM_GETMINMAXINFO: {
-    const SIZE minimum = minWindowSize(*main);
-    reinterpret_cast<MINMAXINFO *>(lParam)->ptMinTrackSize = {minimum.cx, minimum.cy};
-    return 0;
-  }
-  case WM_DPICHANGED: changeResolution(*main, LOWORD(wParam), *reinterpret_cast<const RECT *>(lParam)); return 0;
-  case WM_DISPLAYCHANGE: keepWindowOnWorkArea(*main); return 0;
   case WM_DESTROY: releaseWindow(*main); return 0;
-  default: return DefWindowProcW(window, message, wParam, lParam);
+  default: return handlePlacement(*main, message, wParam, lParam);
   }
   syncWindow(*main);
   return 0;

@@ -25,15 +25,16 @@ struct MainWindow {
   HFONT font = nullptr;
   TextMetrics metrics;
 
-  WindowModel shown;            // what the controls show
-  DWORD lastEventPass = 0;      // tick count of the last event pass
-  bool fitWhenRestored = false; // MainView was resized while the window was maximised or minimised
+  WindowModel shown;       // what the controls show
+  DWORD lastEventPass = 0; // tick count of the last event pass
+  bool moving = false;     // the user moves or resizes the window
+  bool fitLater = false;   // a fitting waits until the window is restored or its move has ended
 };
 
 // Creates the hidden window and MainView; both records must outlive it. Returns false if the system refuses.
 bool createMainWindow(MainWindow &main, ViewerState &viewer, HINSTANCE instance);
 
-// Shows the window in the centre of the work area, paints the picture, then has the labels made.
+// Shows the window sized to its content, paints the picture, then has the labels made.
 void showMainWindow(MainWindow &main, int showCommand);
 
 // Runs a key's command, or dispatches the message to its window.

@@ -13,6 +13,8 @@ struct TextMetrics {
   int lineHeight = 0;
   int characterWidth = 0; // average
   int scrollBarWidth = 0;
+
+  bool operator==(const TextMetrics &) const = default;
 };
 
 struct WindowLayout {

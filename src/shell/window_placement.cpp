@@ -8,17 +8,22 @@
 namespace {
 
 // The client area with frame, title bar and a menu bar of one row.
-SIZE outerSize(const MainWindow &main, SIZE client) {
+SIZE outerSize(HWND window, SIZE client, const TextMetrics &metrics) {
   RECT outer{0, 0, client.cx, client.cy};
-  const auto style = static_cast<DWORD>(GetWindowLongW(main.window, GWL_STYLE));
-  const auto extendedStyle = static_cast<DWORD>(GetWindowLongW(main.window, GWL_EXSTYLE));
-  scaleFunctions().adjustWindowRect(&outer, style, TRUE, extendedStyle, static_cast<UINT>(main.metrics.dotsPerInch));
+  const auto style = static_cast<DWORD>(GetWindowLongW(window, GWL_STYLE));
+  const auto extendedStyle = static_cast<DWORD>(GetWindowLongW(window, GWL_EXSTYLE));
+  scaleFunctions().adjustWindowRect(&outer, style, TRUE, extendedStyle, static_cast<UINT>(metrics.dotsPerInch));
   return sizeOf(outer);
 }
 
-SIZE contentToShow(const MainWindow &main) {
-  const LONG frameHeight = outerSize(main, {}).cy;
-  return contentSize(main.shown, main.metrics, sizeOf(workAreaOf(main.window)).cy - frameHeight);
+SIZE contentToShow(const MainWindow &main, const TextMetrics &metrics) {
+  const LONG frameHeight = outerSize(main.window, {}, metrics).cy;
+  return contentSize(main.shown, metrics, sizeOf(workAreaOf(main.window)).cy - frameHeight);
+}
+
+// Outer size at which nothing scrolls.
+SIZE fullSize(const MainWindow &main, const TextMetrics &metrics) {
+  return outerSize(main.window, contentToShow(main, metrics), metrics);
 }
 
 constexpr UINT kMoveOnly = SWP_NOZORDER | SWP_NOACTIVATE;
@@ -47,9 +52,10 @@ RECT placeOnWorkArea(HWND window, SIZE size, bool centred) {
 }
 
 // One call sizes, moves and, with SWP_SHOWWINDOW in `how`, shows the window: each call is slow.
-void fitToContent(const MainWindow &main, bool centred, UINT how = kMoveOnly) {
-  const SIZE content = contentToShow(main);
-  const SIZE outer = outerSize(main, content);
+void fitToContent(const MainWindow &main, UINT how = kMoveOnly) {
+  const SIZE content = contentToShow(main, main.metrics);
+  const SIZE outer = outerSize(main.window, content, main.metrics);
+  const bool centred = main.shown.alwaysCentred;
   const RECT place = placeOnWorkArea(main.window, outer, centred);
   moveWindow(main.window, place, how);
   // SWP_SHOWWINDOW may not have moved it; move it again if so.
@@ -62,6 +68,30 @@ void fitToContent(const MainWindow &main, bool centred, UINT how = kMoveOnly) {
   moveWindow(main.window, placeOnWorkArea(main.window, {outer.cx, outer.cy + missing}, centred));
 }
 
+bool resizable(const MainWindow &main) { return !main.moving && !IsZoomed(main.window) && !IsIconic(main.window); }
+
+HFONT createMessageFont(UINT dotsPerInch) {
+  NONCLIENTMETRICSW system{}; // the call exists only for UTF-16
+  system.cbSize = sizeof system;
+  scaleFunctions().systemParameters(SPI_GETNONCLIENTMETRICS, sizeof system, &system, 0, dotsPerInch);
+  return CreateFontIndirectW(&system.lfMessageFont);
+}
+
+TextMetrics measureFont(HWND window, HFONT font, UINT dotsPerInch) {
+  TEXTMETRICW text{};
+  const HDC screen = GetDC(window);
+  const HGDIOBJ previous = SelectObject(screen, font);
+  GetTextMetricsW(screen, &text);
+  SelectObject(screen, previous);
+  ReleaseDC(window, screen);
+  return {
+      .dotsPerInch = static_cast<int>(dotsPerInch),
+      .lineHeight = static_cast<int>(text.tmHeight),
+      .characterWidth = static_cast<int>(text.tmAveCharWidth),
+      .scrollBarWidth = scaleFunctions().systemMetric(SM_CXVSCROLL, dotsPerInch),
+  };
+}
+
 } // namespace
 
 void releaseFont(MainWindow &main) {
@@ -71,27 +101,12 @@ void releaseFont(MainWindow &main) {
 }
 
 void updateFont(MainWindow &main, UINT dotsPerInch) {
-  NONCLIENTMETRICSW system{}; // the call exists only for UTF-16
-  system.cbSize = sizeof system;
-  scaleFunctions().systemParameters(SPI_GETNONCLIENTMETRICS, sizeof system, &system, 0, dotsPerInch);
-  const HFONT font = CreateFontIndirectW(&system.lfMessageFont);
+  const HFONT font = createMessageFont(dotsPerInch);
   for (const HWND label : main.labels) SendMessageW(label, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
   InvalidateRect(main.window, nullptr, TRUE); // owner-drawn controls
   releaseFont(main);
   main.font = font;
-
-  TEXTMETRICW text{};
-  const HDC screen = GetDC(main.window);
-  const HGDIOBJ previous = SelectObject(screen, font);
-  GetTextMetricsW(screen, &text);
-  SelectObject(screen, previous);
-  ReleaseDC(main.window, screen);
-  main.metrics = {
-      .dotsPerInch = static_cast<int>(dotsPerInch),
-      .lineHeight = static_cast<int>(text.tmHeight),
-      .characterWidth = static_cast<int>(text.tmAveCharWidth),
-      .scrollBarWidth = scaleFunctions().systemMetric(SM_CXVSCROLL, dotsPerInch),
-  };
+  main.metrics = measureFont(main.window, font, dotsPerInch);
 }
 
 void placeControls(MainWindow &main) {
@@ -109,26 +124,58 @@ void placeControls(MainWindow &main) {
 
 void fitWindow(MainWindow &main) {
   if (!IsWindowVisible(main.window)) return;
-  main.fitWhenRestored = IsZoomed(main.window) || IsIconic(main.window);
-  if (!main.fitWhenRestored) fitToContent(main, main.shown.alwaysCentred);
+  main.fitLater = !resizable(main);
+  if (!main.fitLater) fitToContent(main);
   placeControls(main);
 }
 
 void showFitted(MainWindow &main, int showCommand) {
   const bool plainly = showCommand == SW_SHOWNORMAL || showCommand == SW_SHOWDEFAULT;
-  fitToContent(main, true, plainly ? SWP_SHOWWINDOW : kMoveOnly);
+  fitToContent(main, plainly ? SWP_SHOWWINDOW : kMoveOnly);
   placeControls(main);
   updateScrollBars(main.mainView);
   if (!plainly) ShowWindow(main.window, showCommand);
 }
 
-void keepWindowOnWorkArea(const MainWindow &main) {
-  if (IsZoomed(main.window) || IsIconic(main.window)) return;
-  moveWindow(main.window, placeOnWorkArea(main.window, windowSizeOf(main.window), false));
+void placeWindow(MainWindow &main) {
+  if (!resizable(main)) {
+    main.fitLater = main.fitLater || main.shown.alwaysCentred;
+    return;
+  }
+  moveWindow(main.window, placeOnWorkArea(main.window, windowSizeOf(main.window), main.shown.alwaysCentred));
+}
+
+void setMoving(MainWindow &main, bool moving) {
+  main.moving = moving;
+  if (main.fitLater) fitWindow(main);
+}
+
+// The picture keeps its pixels; only frame and labels scale. An enlarged window stays as much larger.
+SIZE sizeAtScale(const MainWindow &main, UINT dotsPerInch) {
+  const HFONT font = createMessageFont(dotsPerInch);
+  const SIZE full = fullSize(main, measureFont(main.window, font, dotsPerInch));
+  DeleteObject(font);
+  const SIZE fullNow = fullSize(main, main.metrics);
+  const SIZE now = windowSizeOf(main.window);
+  return {now.cx + full.cx - fullNow.cx, now.cy + full.cy - fullNow.cy};
+}
+
+void changeScale(MainWindow &main, UINT dotsPerInch, const RECT &place) {
+  updateFont(main, dotsPerInch);
+  if (IsZoomed(main.window) || IsIconic(main.window)) main.fitLater = true;
+  // Not even the minimum size changes the place: the window would jump under the mouse.
+  moveWindow(main.window, place, kMoveOnly | SWP_NOSENDCHANGING);
+  placeControls(main);
+}
+
+void changeSettings(MainWindow &main, bool frameChanged) {
+  const TextMetrics before = main.metrics;
+  updateFont(main, static_cast<UINT>(before.dotsPerInch));
+  if (frameChanged || main.metrics != before) fitWindow(main);
 }
 
 SIZE minWindowSize(const MainWindow &main) {
-  const SIZE content = outerSize(main, contentToShow(main));
+  const SIZE full = fullSize(main, main.metrics);
   const SIZE workArea = sizeOf(workAreaOf(main.window));
-  return {std::min(content.cx, workArea.cx), std::min(content.cy, workArea.cy)};
+  return {std::min(full.cx, workArea.cx), std::min(full.cy, workArea.cy)};
 }

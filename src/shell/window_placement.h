@@ -10,15 +10,28 @@ void releaseFont(MainWindow &main);
 // Lays the controls out for the current client area.
 void placeControls(MainWindow &main);
 
-// Sizes the window to its content and keeps it on the work area of its monitor. A maximised or minimised window is
-// fitted when it is restored; a hidden one is left alone.
+// Sizes the window to its content and places it as placeWindow() does. A maximised or minimised window is fitted when
+// it is restored, one that the user moves at the end of the move; a hidden one is left alone.
 void fitWindow(MainWindow &main);
 
-// Moves the window onto the work area and keeps its size.
-void keepWindowOnWorkArea(const MainWindow &main);
+// Moves the window onto the work area of its monitor, into the centre if it is always centred, and keeps its size.
+void placeWindow(MainWindow &main);
 
-// Shows the window, sized to its content, in the centre of the work area.
+// Shows the window for the first time, where the system created it, sized to its content and placed as above.
 void showFitted(MainWindow &main, int showCommand);
+
+// The user begins or ends to move or resize the window.
+void setMoving(MainWindow &main, bool moving);
+
+// The size that the window will have at another scale.
+SIZE sizeAtScale(const MainWindow &main, UINT dotsPerInch);
+
+// Takes a new scale and the place that the system gives for it.
+void changeScale(MainWindow &main, UINT dotsPerInch, const RECT &place);
+
+// Takes over fonts and colours of the system, which may have changed. Fits the window if the text has another size, or
+// if the caller knows of a changed frame.
+void changeSettings(MainWindow &main, bool frameChanged);
 
 // Minimum size to which the user can drag the frame.
 SIZE minWindowSize(const MainWindow &main);

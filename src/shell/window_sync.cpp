@@ -111,7 +111,7 @@ void syncWindow(MainWindow &main) {
   syncMenuItems(main, model);
   syncViewMenu(main, model);
 
-  const bool recentred = model.alwaysCentred && !main.shown.alwaysCentred;
+  const bool recentred = model.alwaysCentred && (!main.shown.alwaysCentred || model.fittings != main.shown.fittings);
   const bool resized = model.mainViewWidth != main.shown.mainViewWidth ||
                        model.mainViewHeight != main.shown.mainViewHeight ||
                        model.HScroll1.visible != main.shown.HScroll1.visible;
@@ -119,6 +119,10 @@ void syncWindow(MainWindow &main) {
   // Assigned before resizing, which sends messages that read `shown`.
   main.shown = model;
   if (redrawn) redrawPicture(main.mainView, model.stretch, pictureAreaOf(model));
-  if (resized || recentred) fitWindow(main);
+  if (resized) {
+    fitWindow(main);
+  } else if (recentred && IsWindowVisible(main.window)) {
+    placeWindow(main);
+  }
   if (redrawn && IsWindowVisible(main.window)) updateScrollBars(main.mainView);
 }

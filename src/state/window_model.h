@@ -80,6 +80,7 @@ struct WindowModel {
   ScrollBar HScroll1;
 
   bool alwaysCentred = false; // fitting the window centres it in the work area
+  uint32_t fittings = 0;      // incremented to request one, even at the same size
 
   // Outer size of the picture area in pixels, with its border.
   int32_t mainViewWidth = 0;

@@ -53,6 +53,7 @@ bool enterVideoMode(ViewerState &viewer, const PictureSettings &format) {
                     .targetHeight = kEnlargement * height};
   window.mainViewWidth = window.stretch.targetWidth + kViewBorders;
   window.mainViewHeight = window.stretch.targetHeight + kViewBorders;
+  ++window.fittings;
   return true;
 }
 
