@@ -1,6 +1,5 @@
 #include "core/bitmap_export.h"
 
-#include "base/buffers.h"
 #include "base/paths.h"
 #include "state/platform_calls.h"
 
@@ -8,15 +7,15 @@
 
 namespace {
 
-// A bitmap in memory. Empty if there is not enough memory.
-std::vector<uint8_t> bitmapInMemory(const PixelView &picture, BitmapHeader header) {
-  std::vector<uint8_t> bytes;
-  if (!reserve(bytes, bitmapBytes(picture, header))) return bytes;
-  putBitmap(picture, header, [&bytes](std::span<const uint8_t> more) {
-    bytes.insert(bytes.end(), more.begin(), more.end());
-    return std::string();
-  });
-  return bytes;
+ClipboardBitmap clipboardBitmap(const PixelView &picture, BitmapHeader header) {
+  const auto write = [picture, header](std::span<uint8_t> into) {
+    putBitmap(picture, header, [&into](std::span<const uint8_t> bytes) {
+      std::copy(bytes.begin(), bytes.end(), into.begin());
+      into = into.subspan(bytes.size());
+      return std::string();
+    });
+  };
+  return {bitmapBytes(picture, header), write};
 }
 
 } // namespace
@@ -45,10 +44,10 @@ void menuSaveBMP_Click(ViewerState &viewer) {
 
 void menuCopyClipboard_Click(ViewerState &viewer) {
   const PixelView picture = shownPicture(viewer);
-  const auto bitmap = bitmapInMemory(picture, BitmapHeader::kClipboard);
-  const auto bitmapV5 = bitmapInMemory(picture, BitmapHeader::kClipboardV5);
-  const bool encoded = !bitmap.empty() && !bitmapV5.empty();
-  if (encoded && viewer.platform.copyToClipboard(viewer.platform.context, bitmap, bitmapV5)) return;
+  if (viewer.platform.copyToClipboard(viewer.platform.context, clipboardBitmap(picture, BitmapHeader::kClipboard),
+                                      clipboardBitmap(picture, BitmapHeader::kClipboardV5))) {
+    return;
+  }
   showMessage(viewer, "Korilan", "Could not copy: the clipboard is in use, or there is not enough memory.",
               MessageIcon::kWarning);
 }

@@ -7,9 +7,12 @@
 
 namespace {
 
+// A larger picture is not drawn a second time for its entries: it would need as much memory again.
+constexpr size_t kMaxEntryPixels = size_t{16} << 20;
+
 // The palette entry of the pixel. Its colour alone does not identify it: two entries may have the same colour.
 std::optional<uint32_t> entryAt(ViewerState &viewer, size_t pixel) {
-  if (viewer.picture.hasPalette != kTrue) return std::nullopt;
+  if (viewer.picture.hasPalette != kTrue || viewer.frameBits.size() > kMaxEntryPixels) return std::nullopt;
   if (viewer.entryBitsSerial != viewer.window.pictureSerial) {
     viewer.entryBits = renderEntries(viewer);
     viewer.entryBitsSerial = viewer.window.pictureSerial;

@@ -39,12 +39,24 @@ void presentPicture(void *context, std::span<const uint32_t>, int32_t width, int
   logOnce(platformOf(context), "presentPicture " + std::to_string(width) + "x" + std::to_string(height));
 }
 
-bool copyToClipboard(void *context, std::span<const uint8_t> bitmap, std::span<const uint8_t> bitmapV5) {
+// Empty if there is not enough memory.
+std::vector<uint8_t> bytesOf(const ClipboardBitmap &bitmap) {
+  std::vector<uint8_t> bytes;
+  if (!reserve(bytes, bitmap.bytes)) return bytes;
+  bytes.resize(bitmap.bytes);
+  bitmap.write(bytes);
+  return bytes;
+}
+
+bool copyToClipboard(void *context, const ClipboardBitmap &bitmap, const ClipboardBitmap &bitmapV5) {
   HeadlessPlatform &headless = platformOf(context);
-  log(context, "copyToClipboard " + std::to_string(bitmap.size()));
+  log(context, "copyToClipboard " + std::to_string(bitmap.bytes));
   if (headless.clipboardHeld) return false;
-  headless.clipboard.assign(bitmap.begin(), bitmap.end());
-  headless.clipboardV5.assign(bitmapV5.begin(), bitmapV5.end());
+  std::vector<uint8_t> plain = bytesOf(bitmap);
+  std::vector<uint8_t> version5 = bytesOf(bitmapV5);
+  if (plain.empty() || version5.empty()) return false;
+  headless.clipboard = std::move(plain);
+  headless.clipboardV5 = std::move(version5);
   return true;
 }
 

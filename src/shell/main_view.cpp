@@ -1,11 +1,11 @@
 #include "shell/main_view.h"
 
+#include "core/bitmap_export.h"
 #include "shell/control_ids.h"
 #include "shell/scale_functions.h"
 #include "shell/win32_helpers.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace {
 
@@ -14,25 +14,36 @@ constexpr wchar_t kViewClass[] = L"KorilanMainView";
 // Around a picture smaller than the area, and while no picture is shown.
 constexpr int kBackgroundColour = COLOR_APPWORKSPACE;
 
-// While a picture is being replaced, the stretch can be that of a larger one.
-bool holdsSource(const MainView &view, const Stretch &stretch) {
-  return view.bitmap != nullptr && stretch.sourceWidth <= view.width && stretch.sourceHeight <= view.height;
+// Draws straight from the frame: a bitmap of its own would double the memory of a huge picture. Returns false if the
+// system has not enough memory.
+bool drawPicture(HDC screen, const PixelView &picture, const Stretch &stretch) {
+  const RECT target{0, 0, stretch.targetWidth, stretch.targetHeight};
+  if (!RectVisible(screen, &target)) return true;
+  BITMAPINFO info{};
+  info.bmiHeader.biSize = sizeof info.bmiHeader;
+  info.bmiHeader.biWidth = picture.width;
+  info.bmiHeader.biHeight = -picture.height; // top row first
+  info.bmiHeader.biPlanes = 1;
+  info.bmiHeader.biBitCount = 32;
+  info.bmiHeader.biCompression = BI_RGB;
+  SetStretchBltMode(screen, COLORONCOLOR);
+  return StretchDIBits(screen, 0, 0, target.right, target.bottom, 0, 0, picture.width, picture.height,
+                       picture.words.data(), &info, DIB_RGB_COLORS, SRCCOPY) != 0;
 }
 
 // Paints every pixel once: no flicker.
 void paintView(const MainView &view, HDC screen) {
+  const PixelView picture = shownPicture(*view.viewer);
+  const Stretch &stretch = view.stretch;
+  const bool clear = stretch.targetWidth <= 0 || stretch.targetHeight <= 0;
+  // While the picture is being replaced, the one before stays on the screen. The new one requests a repaint.
+  if (!clear && (stretch.sourceWidth != picture.width || stretch.sourceHeight != picture.height)) return;
   const SIZE client = clientSizeOf(view.window);
   const LONG right = view.corner.x + client.cx;
   const LONG bottom = view.corner.y + client.cy;
   const int before = SaveDC(screen);
   OffsetViewportOrgEx(screen, -view.corner.x, -view.corner.y, nullptr);
-  Stretch stretch = view.stretch;
-  if (!holdsSource(view, stretch)) stretch = {};
-  if (stretch.targetWidth > 0 && stretch.targetHeight > 0) {
-    SetStretchBltMode(screen, COLORONCOLOR);
-    StretchBlt(screen, 0, 0, stretch.targetWidth, stretch.targetHeight, view.picture1, 0, 0, stretch.sourceWidth,
-               stretch.sourceHeight, SRCCOPY);
-  }
+  if (!clear && !drawPicture(screen, picture, stretch)) SendMessageW(GetParent(view.window), kViewNotDrawn, 0, 0);
   const RECT beside{stretch.targetWidth, 0, right, stretch.targetHeight};
   const RECT below{0, stretch.targetHeight, right, bottom};
   for (const RECT &rest : {beside, below}) {
@@ -116,15 +127,6 @@ void mouseMoved(const MainView &view, LPARAM place) {
   SendMessageW(GetParent(view.window), kMouseOverView, static_cast<WPARAM>(x), y);
 }
 
-void releasePicture(MainView &view) {
-  if (view.bitmap != nullptr) {
-    SelectObject(view.picture1, view.firstBitmap);
-    DeleteObject(view.bitmap);
-  }
-  if (view.picture1 != nullptr) DeleteDC(view.picture1);
-  view = {};
-}
-
 LRESULT CALLBACK mainViewProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_NCCREATE) {
     const auto *creation = reinterpret_cast<const CREATESTRUCTW *>(lParam);
@@ -153,14 +155,15 @@ LRESULT CALLBACK mainViewProcedure(HWND window, UINT message, WPARAM wParam, LPA
   case WM_MOUSEMOVE: mouseMoved(*view, lParam); return 0;
   case WM_MOUSELEAVE: return SendMessageW(GetParent(window), kMouseLeftView, 0, 0);
   case WM_DROPFILES: return SendMessageW(GetParent(window), message, wParam, lParam);
-  case WM_DESTROY: releasePicture(*view); return 0;
+  case WM_DESTROY: *view = {}; return 0;
   default: return DefWindowProcW(window, message, wParam, lParam);
   }
 }
 
 } // namespace
 
-bool createMainView(MainView &view, HWND parent, HINSTANCE instance) {
+bool createMainView(MainView &view, const ViewerState &viewer, HWND parent, HINSTANCE instance) {
+  view.viewer = &viewer;
   WNDCLASSEXW viewClass{};
   viewClass.cbSize = sizeof viewClass;
   viewClass.lpfnWndProc = mainViewProcedure;
@@ -169,41 +172,11 @@ bool createMainView(MainView &view, HWND parent, HINSTANCE instance) {
   viewClass.lpszClassName = kViewClass;
   RegisterClassExW(&viewClass);
 
-  view.picture1 = CreateCompatibleDC(nullptr);
   view.window = CreateWindowExW(WS_EX_CLIENTEDGE | WS_EX_ACCEPTFILES, kViewClass, L"Picture",
                                 WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_TABSTOP, 0, 0, 0, 0, parent,
                                 reinterpret_cast<HMENU>(INT_PTR{kMainViewId}), instance, &view);
   allowDrops(view.window);
-  return view.window != nullptr && view.picture1 != nullptr;
-}
-
-void setPicture(MainView &view, std::span<const uint32_t> frameBits, int32_t width, int32_t height) {
-  if (width <= 0 || height <= 0) return;
-  if (view.bitmap == nullptr || width != view.width || height != view.height) {
-    BITMAPINFO info{};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = width;
-    info.bmiHeader.biHeight = -height; // top row first
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    info.bmiHeader.biCompression = BI_RGB;
-    void *pixels = nullptr;
-    const HBITMAP bitmap = CreateDIBSection(view.picture1, &info, DIB_RGB_COLORS, &pixels, nullptr, 0);
-    if (bitmap == nullptr) return;
-    const HGDIOBJ previous = SelectObject(view.picture1, bitmap);
-    if (view.bitmap == nullptr) {
-      view.firstBitmap = previous;
-    } else {
-      DeleteObject(view.bitmap);
-    }
-    view.bitmap = bitmap;
-    view.pixels = pixels;
-    view.width = width;
-    view.height = height;
-  }
-  GdiFlush(); // GDI may still be reading the old pixels
-  const size_t words = static_cast<size_t>(width) * static_cast<size_t>(height);
-  std::memcpy(view.pixels, frameBits.data(), std::min(words, frameBits.size()) * sizeof(uint32_t));
+  return view.window != nullptr;
 }
 
 void redrawPicture(MainView &view, const Stretch &stretch, SIZE area) {

@@ -14,6 +14,7 @@
 #include "shell/window_controls.h"
 #include "shell/window_placement.h"
 #include "shell/window_sync.h"
+#include "state/labels.h"
 #include "video/playback.h"
 
 #include <shellapi.h>
@@ -25,8 +26,8 @@ namespace {
 
 constexpr wchar_t kWindowClass[] = L"KorilanMainWindow";
 
-// Posted to the main window after its first paint. WM_APP and WM_APP + 1 are messages of MainView.
-constexpr UINT kMakeControls = WM_APP + 2;
+// Posted to the main window after its first paint. The numbers before are messages of MainView.
+constexpr UINT kMakeControls = WM_APP + 3;
 
 // The menus of kMenuRows in the state of a new WindowModel.
 HMENU buildMenuBar() {
@@ -165,6 +166,7 @@ LRESULT CALLBACK mainWindowProcedure(HWND window, UINT message, WPARAM wParam, L
   case WM_DRAWITEM: drawItem(*main, *reinterpret_cast<const DRAWITEMSTRUCT *>(lParam)); return TRUE;
   case kMouseOverView: moveMouse(*main->viewer, static_cast<int32_t>(wParam), static_cast<int32_t>(lParam)); break;
   case kMouseLeftView: leaveMouse(*main->viewer); break;
+  case kViewNotDrawn: reportNoMemory(*main->viewer); break;
   case WM_DROPFILES: openDroppedFile(*main, reinterpret_cast<HDROP>(wParam)); break;
   case WM_CLOSE: menuExit_Click(*main->viewer); break;
   case WM_ENTERIDLE: break; // a dialog may have run a command: sync while it is open
@@ -198,7 +200,7 @@ bool createMainWindow(MainWindow &main, ViewerState &viewer, HINSTANCE instance)
   main.window = CreateWindowExW(WS_EX_ACCEPTFILES, kWindowClass, toUtf16(main.shown.caption).c_str(),
                                 WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT,
                                 CW_USEDEFAULT, nullptr, main.menuBar, instance, nullptr);
-  if (main.window == nullptr || !createMainView(main.mainView, main.window, instance)) return false;
+  if (main.window == nullptr || !createMainView(main.mainView, viewer, main.window, instance)) return false;
   allowDrops(main.window);
   updateFont(main, scaleFunctions().dpiForWindow(main.window));
   SetWindowLongPtrW(main.window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&main));

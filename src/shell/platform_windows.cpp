@@ -10,8 +10,6 @@
 #include "shell/window_sync.h"
 #include "video/playback.h"
 
-#include <cstring>
-
 namespace {
 
 MainWindow &mainWindowOf(void *context) { return *static_cast<MainWindow *>(context); }
@@ -41,10 +39,8 @@ void waitForEvents(void *, uint32_t milliseconds) {
   MsgWaitForMultipleObjectsEx(0, nullptr, milliseconds, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
 }
 
-void presentPicture(void *context, std::span<const uint32_t> frameBits, int32_t width, int32_t height) {
-  MainWindow &main = mainWindowOf(context);
-  if (main.window != nullptr) setPicture(main.mainView, frameBits, width, height);
-}
+// MainView paints from the frame itself.
+void presentPicture(void *, std::span<const uint32_t>, int32_t, int32_t) {}
 
 // Retries: another program may have the clipboard open.
 bool openClipboardPatiently(HWND owner) {
@@ -57,35 +53,41 @@ bool openClipboardPatiently(HWND owner) {
   return false;
 }
 
-HGLOBAL globalCopy(std::span<const uint8_t> bytes) {
-  const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bytes.size());
-  if (memory == nullptr) return nullptr;
-  void *into = GlobalLock(memory);
+// nullptr if there is not enough memory.
+HGLOBAL globalCopy(const ClipboardBitmap &bitmap) {
+  const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bitmap.bytes);
+  auto *into = static_cast<uint8_t *>(memory != nullptr ? GlobalLock(memory) : nullptr);
   if (into == nullptr) {
-    GlobalFree(memory);
+    if (memory != nullptr) GlobalFree(memory);
     return nullptr;
   }
-  std::memcpy(into, bytes.data(), bytes.size());
+  bitmap.write({into, bitmap.bytes});
   GlobalUnlock(memory);
   return memory;
 }
 
 // On success the clipboard owns the memory.
-bool offer(UINT format, std::span<const uint8_t> bytes) {
-  const HGLOBAL memory = globalCopy(bytes);
-  if (memory == nullptr) return false;
+bool offer(UINT format, HGLOBAL memory) {
   if (SetClipboardData(format, memory) != nullptr) return true;
   // cppcheck-suppress doubleFree ; after a failure the program owns it
   GlobalFree(memory);
   return false;
 }
 
-bool copyToClipboard(void *context, std::span<const uint8_t> bitmap, std::span<const uint8_t> bitmapV5) {
-  if (!openClipboardPatiently(mainWindowOf(context).window)) return false;
+// The clipboard keeps its contents if there is not enough memory.
+bool copyToClipboard(void *context, const ClipboardBitmap &bitmap, const ClipboardBitmap &bitmapV5) {
+  const HGLOBAL plain = globalCopy(bitmap);
+  const HGLOBAL version5 = plain != nullptr ? globalCopy(bitmapV5) : nullptr;
+  if (version5 == nullptr || !openClipboardPatiently(mainWindowOf(context).window)) {
+    GlobalFree(plain);
+    GlobalFree(version5);
+    return false;
+  }
   EmptyClipboard();
-  const bool taken = offer(CF_DIBV5, bitmapV5) && offer(CF_DIB, bitmap);
+  const bool version5Taken = offer(CF_DIBV5, version5);
+  const bool plainTaken = offer(CF_DIB, plain);
   CloseClipboard();
-  return taken;
+  return version5Taken && plainTaken;
 }
 
 std::string askOpenFileName(void *context, const std::string &filter, const std::string &initialDirectory) {

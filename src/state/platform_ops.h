@@ -3,9 +3,17 @@
 
 #include "base/file_ops.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <string>
+
+// A bitmap for the clipboard: its length, and what writes it into that many bytes.
+struct ClipboardBitmap {
+  size_t bytes;
+  std::function<void(std::span<uint8_t> into)> write;
+};
 
 enum class MessageIcon { kNone, kWarning, kInformation };
 
@@ -22,12 +30,12 @@ struct PlatformOps {
   // Sleeps until an event is pending, at most `milliseconds`.
   void (*waitForEvents)(void *context, uint32_t milliseconds) = nullptr;
 
-  // Copies the rendered picture to be shown: `width` x `height` words 0x00RRGGBB, top row first.
+  // The rendered picture is complete: `width` x `height` words 0x00RRGGBB, top row first.
   void (*presentPicture)(void *context, std::span<const uint32_t> frameBits, int32_t width, int32_t height) = nullptr;
 
-  // Puts a device-independent bitmap (header and rows, no file header) onto the clipboard, with the plain header and
-  // with the version 5 one. Returns false if another program holds the clipboard or there is not enough memory.
-  bool (*copyToClipboard)(void *context, std::span<const uint8_t> bitmap, std::span<const uint8_t> bitmapV5) = nullptr;
+  // Puts a device-independent bitmap onto the clipboard (header and rows, without the file header), with the plain
+  // header and with the version 5 one. Returns false if another program holds the clipboard or memory runs out.
+  bool (*copyToClipboard)(void *context, const ClipboardBitmap &bitmap, const ClipboardBitmap &bitmapV5) = nullptr;
 
   // Asks for a file to open; `filter` is a list of description and pattern, each ended by a NUL, and a final NUL.
   // Returns its full path; empty if the user cancels or the dialog fails.
