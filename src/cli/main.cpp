@@ -17,6 +17,8 @@
 
 #include <fcntl.h>
 #ifdef _WIN32
+#include "base/windows_text.h"
+
 #include <io.h>
 #else
 #include <unistd.h>
@@ -73,12 +75,9 @@ void prepareStandardStreams() {
   std::_Exit(kSomeNotShown);
 }
 
-} // namespace
-
-int main(int argumentCount, char **argumentTexts) {
+int run(const std::vector<std::string> &arguments) {
   std::set_terminate(endForLackOfMemory);
   prepareStandardStreams();
-  const std::vector<std::string> arguments(argumentTexts + std::min(argumentCount, 1), argumentTexts + argumentCount);
   CliRequest request;
   if (const std::string wrong = parseArguments(arguments, request); !wrong.empty()) {
     printError("korilan-cli: " + wrong);
@@ -100,3 +99,17 @@ int main(int argumentCount, char **argumentTexts) {
   if (!written && !told && !readerIsGone()) printError("korilan-cli: standard output could not be written");
   return allShown && written ? kAllShown : kSomeNotShown;
 }
+
+} // namespace
+
+#ifdef _WIN32
+int wmain(int argumentCount, wchar_t **argumentTexts) {
+  std::vector<std::string> arguments;
+  for (int i = 1; i < argumentCount; ++i) arguments.push_back(toUtf8(argumentTexts[i]));
+  return run(arguments);
+}
+#else
+int main(int argumentCount, char **argumentTexts) {
+  return run({argumentTexts + std::min(argumentCount, 1), argumentTexts + argumentCount});
+}
+#endif
