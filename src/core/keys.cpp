@@ -41,7 +41,7 @@ bool runKey(ViewerState &viewer, std::span<const CommandKey> table, int code) {
 
 // Whether the key press is the row's shortcut.
 bool isShortcut(const ViewerState &viewer, const MenuRow &row, KeyPress key) {
-  if (row.shortcut.code != key.code || key.alt) return false;
+  if (row.shortcut.code != key.code || key.alt || key.shift) return false;
   const ShortcutUse use = row.shortcut.use;
   if (key.ctrl) return use == ShortcutUse::kWithCtrl || use == ShortcutUse::kWithCtrlOrAlone;
   return use == ShortcutUse::kKeyAlone || (use == ShortcutUse::kWithCtrlOrAlone && viewer.preferences.Check4 == kTrue);
@@ -51,12 +51,13 @@ bool isShortcut(const ViewerState &viewer, const MenuRow &row, KeyPress key) {
 
 // Paging keys first, then Esc, then the keys of an open video, then the shortcuts of the menus.
 bool pressKey(ViewerState &viewer, KeyPress key) {
-  if (runKey(viewer, kPagingKeys, key.code)) return true;
-  if (key.code == key_code::kEscape && viewer.preferences.Check3 == kTrue) {
+  const bool alone = !key.ctrl && !key.alt && !key.shift;
+  if (alone && runKey(viewer, kPagingKeys, key.code)) return true;
+  if (alone && key.code == key_code::kEscape && viewer.preferences.Check3 == kTrue) {
     menuExit_Click(viewer);
     return true;
   }
-  if (viewer.player != nullptr && !key.ctrl && !key.alt && runKey(viewer, kVideoKeys, key.code)) return true;
+  if (viewer.player != nullptr && alone && runKey(viewer, kVideoKeys, key.code)) return true;
   for (size_t index = 0; index < kMenuRows.size(); ++index) {
     if (!isShortcut(viewer, kMenuRows[index], key)) continue;
     runMenuRow(viewer, index);

@@ -223,8 +223,9 @@ void handleMessage(MainWindow &main, MSG &message) {
                                (focus == main.videoButtons[0].window || focus == main.videoButtons[1].window);
     const bool ctrl = GetKeyState(VK_CONTROL) < 0;
     const bool alt = GetKeyState(VK_MENU) < 0;
+    const bool shift = GetKeyState(VK_SHIFT) < 0;
     if (!pressesButton &&
-        pressKey(*main.viewer, {.code = static_cast<int>(message.wParam), .ctrl = ctrl, .alt = alt})) {
+        pressKey(*main.viewer, {.code = static_cast<int>(message.wParam), .ctrl = ctrl, .alt = alt, .shift = shift})) {
       syncWindow(main);
       return;
     }
