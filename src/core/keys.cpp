@@ -57,6 +57,7 @@ bool pressKey(ViewerState &viewer, KeyPress key) {
     menuExit_Click(viewer);
     return true;
   }
+  if (viewer.player != nullptr && key.code == key_code::kSpace && key.repeated) return true;
   if (viewer.player != nullptr && alone && runKey(viewer, kVideoKeys, key.code)) return true;
   for (size_t index = 0; index < kMenuRows.size(); ++index) {
     if (!isShortcut(viewer, kMenuRows[index], key)) continue;

@@ -8,6 +8,7 @@ struct KeyPress {
   bool ctrl = false;
   bool alt = false;
   bool shift = false;
+  bool repeated = false; // held down
 };
 
 // Runs the key's command if it is enabled and the key is pressed with exactly the command's modifiers. False: no

@@ -106,6 +106,10 @@ void startSound(void *context, std::span<const uint8_t> image) {
   log(context, "startSound " + std::to_string(image.size()));
 }
 
+void holdSound(void *context) { log(context, "holdSound"); }
+
+void resumeSound(void *context) { log(context, "resumeSound"); }
+
 void stopSound(void *context, std::span<const uint8_t> silence) {
   log(context, "stopSound " + std::to_string(silence.size()));
 }
@@ -133,6 +137,8 @@ void attachHeadless(ViewerState &viewer, HeadlessPlatform &headless) {
                      .notifyAssociations = notifyAssociations,
                      .programPath = programPath,
                      .startSound = startSound,
+                     .holdSound = holdSound,
+                     .resumeSound = resumeSound,
                      .stopSound = stopSound,
                      .exitProgram = exitProgram};
 }

@@ -101,6 +101,14 @@ void runControl(ViewerState &viewer, int id) {
   if (id == kImage1Id + 1) Image2_Click(viewer);
 }
 
+// Returns when the mouse button is up again. A move of the window begins half a second after the press.
+LRESULT pressFrame(const MainWindow &main, WPARAM part, LPARAM place) {
+  pausePlayback(*main.viewer);
+  const LRESULT result = DefWindowProcW(main.window, WM_NCLBUTTONDOWN, part, place);
+  resumePlayback(*main.viewer);
+  return result;
+}
+
 void releaseWindow(MainWindow &main) {
   main.window = nullptr;
   releaseFont(main);
@@ -157,6 +165,7 @@ LRESULT CALLBACK mainWindowProcedure(HWND window, UINT message, WPARAM wParam, L
     }
     break;
   case WM_HSCROLL: scrollFrames(*main, LOWORD(wParam)); break;
+  case WM_NCLBUTTONDOWN: return pressFrame(*main, wParam, lParam);
   case WM_ENTERMENULOOP:
   case WM_ENTERSIZEMOVE: pausePlayback(*main->viewer); return 0;
   case WM_EXITMENULOOP:
@@ -218,14 +227,12 @@ void showMainWindow(MainWindow &main, int showCommand) {
 
 void handleMessage(MainWindow &main, MSG &message) {
   if (message.message == WM_KEYDOWN && main.window != nullptr) {
-    const HWND focus = GetFocus();
-    const bool pressesButton = message.wParam == VK_SPACE && focus != nullptr &&
-                               (focus == main.videoButtons[0].window || focus == main.videoButtons[1].window);
     const bool ctrl = GetKeyState(VK_CONTROL) < 0;
     const bool alt = GetKeyState(VK_MENU) < 0;
     const bool shift = GetKeyState(VK_SHIFT) < 0;
-    if (!pressesButton &&
-        pressKey(*main.viewer, {.code = static_cast<int>(message.wParam), .ctrl = ctrl, .alt = alt, .shift = shift})) {
+    const bool repeated = (HIWORD(message.lParam) & KF_REPEAT) != 0;
+    const auto code = static_cast<int>(message.wParam);
+    if (pressKey(*main.viewer, {.code = code, .ctrl = ctrl, .alt = alt, .shift = shift, .repeated = repeated})) {
       syncWindow(main);
       return;
     }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "shell/main_view.h"
+#include "shell/sound_device.h"
 #include "shell/video_buttons.h"
 #include "shell/window_layout.h"
 #include "state/viewer_state.h"
@@ -24,6 +25,7 @@ struct MainWindow {
   bool videoControlsMade = false;
   HFONT font = nullptr;
   TextMetrics metrics;
+  SoundDevice sound;
 
   WindowModel shown;       // what the controls show
   DWORD lastEventPass = 0; // tick count of the last event pass

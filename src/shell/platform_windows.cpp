@@ -4,7 +4,6 @@
 #include "shell/open_file_dialog.h"
 #include "shell/preferences_dialog.h"
 #include "shell/registry_settings.h"
-#include "shell/sound_device.h"
 #include "shell/text_dialog.h"
 #include "shell/themed_controls.h"
 #include "shell/window_sync.h"
@@ -22,8 +21,11 @@ void runPendingEvents(void *context) {
   if (main.viewer->activity == Activity::kLoading && now - main.lastEventPass < kMinPauseMilliseconds) return;
   main.lastEventPass = now;
   if (IsWindowVisible(main.window)) syncWindow(main);
+  // While a run ends the events stay in the queue: a dialog would keep the run from ending, and Close from being done.
+  const ViewerState &viewer = *main.viewer;
+  const auto runEnds = [&] { return viewer.activity == Activity::kPlaying && !videoPlaying(viewer); };
   MSG message;
-  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+  while (!runEnds() && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
     if (message.message == WM_QUIT) {
       PostQuitMessage(static_cast<int>(message.wParam)); // the main loop ends on it
       return;
@@ -139,9 +141,13 @@ std::string programPath(void *) {
   }
 }
 
-void startSound(void *, std::span<const uint8_t> image) { playLooping(image); }
+void startSound(void *context, std::span<const uint8_t> image) { startLoop(mainWindowOf(context).sound, image); }
 
-void stopSound(void *, std::span<const uint8_t> silence) { playOnce(silence); }
+void holdSound(void *context) { holdLoop(mainWindowOf(context).sound); }
+
+void resumeSound(void *context) { resumeLoop(mainWindowOf(context).sound); }
+
+void stopSound(void *context, std::span<const uint8_t>) { stopLoop(mainWindowOf(context).sound); }
 
 void exitProgram(void *context) {
   const MainWindow &main = mainWindowOf(context);
@@ -169,6 +175,8 @@ PlatformOps windowsPlatform(MainWindow &main) {
       .notifyAssociations = notifyAssociations,
       .programPath = programPath,
       .startSound = startSound,
+      .holdSound = holdSound,
+      .resumeSound = resumeSound,
       .stopSound = stopSound,
       .exitProgram = exitProgram,
   };

@@ -2,24 +2,116 @@
 
 #include "shell/system_library.h"
 
-#include <windows.h>
-
-#include <mmsystem.h>
+#include <cstring>
 
 namespace {
 
-constexpr DWORD kLoopFlags = SND_ASYNC | SND_MEMORY | SND_LOOP;
-constexpr DWORD kStopFlags = SND_MEMORY | SND_PURGE | SND_NOWAIT;
-static_assert(kLoopFlags == 13 && kStopFlags == 8260);
+// The image: 20 bytes in front of the format, a WAVEFORMATEX without its last field; the samples from byte 44 on.
+constexpr size_t kFormatOffset = 20;
+constexpr size_t kFormatBytes = offsetof(WAVEFORMATEX, cbSize);
+constexpr size_t kSamplesOffset = 44;
 
-// Loads the library at the first sound.
-void play(std::span<const uint8_t> image, DWORD flags) {
-  static const auto playSound = libraryFunction<decltype(PlaySoundA)>(systemLibrary("winmm.dll"), "PlaySoundA");
-  if (playSound != nullptr) playSound(reinterpret_cast<LPCSTR>(image.data()), nullptr, flags);
+// The library is loaded at the first sound.
+struct WaveOut {
+  HMODULE library = systemLibrary("winmm.dll");
+  decltype(waveOutOpen) *open = libraryFunction<decltype(waveOutOpen)>(library, "waveOutOpen");
+  decltype(waveOutPrepareHeader) *prepare =
+      libraryFunction<decltype(waveOutPrepareHeader)>(library, "waveOutPrepareHeader");
+  decltype(waveOutUnprepareHeader) *unprepare =
+      libraryFunction<decltype(waveOutUnprepareHeader)>(library, "waveOutUnprepareHeader");
+  decltype(waveOutWrite) *write = libraryFunction<decltype(waveOutWrite)>(library, "waveOutWrite");
+  decltype(waveOutPause) *pause = libraryFunction<decltype(waveOutPause)>(library, "waveOutPause");
+  decltype(waveOutRestart) *restart = libraryFunction<decltype(waveOutRestart)>(library, "waveOutRestart");
+  decltype(waveOutReset) *reset = libraryFunction<decltype(waveOutReset)>(library, "waveOutReset");
+  decltype(waveOutClose) *close = libraryFunction<decltype(waveOutClose)>(library, "waveOutClose");
+};
+
+const WaveOut &waveOut() {
+  static const WaveOut functions;
+  return functions;
+}
+
+// Goes to the sample that is due, if the device has fallen behind or its clock and that of the frames have drifted
+// apart: what lies further ahead has not been written yet.
+void keepStep(SoundDevice &sound) {
+  constexpr int64_t kMaxMilliseconds = 60;
+  if (sound.held) return;
+  const int64_t due = int64_t{GetTickCount() - sound.startTicks} * sound.rate / 1000;
+  const int64_t most = kMaxMilliseconds * sound.rate / 1000;
+  if (sound.next < due - most || sound.next > due + most) sound.next = due;
+}
+
+void fill(SoundDevice &sound, SoundBuffer &buffer) {
+  keepStep(sound);
+  for (char &sample : buffer.samples) {
+    sample = static_cast<char>(sound.ring[static_cast<size_t>(sound.next++) % sound.ring.size()]);
+  }
+}
+
+// Refills the buffers in their order, each as soon as it has been heard.
+DWORD WINAPI feed(void *context) {
+  SoundDevice &sound = *static_cast<SoundDevice *>(context);
+  for (size_t turn = 0;; turn = (turn + 1) % sound.buffers.size()) {
+    SoundBuffer &buffer = sound.buffers[turn];
+    while ((buffer.header.dwFlags & WHDR_INQUEUE) != 0 && !sound.ending) WaitForSingleObject(sound.bufferDone, INFINITE);
+    if (sound.ending) return 0;
+    fill(sound, buffer);
+    if (waveOut().write(sound.output, &buffer.header, sizeof buffer.header) != MMSYSERR_NOERROR) return 0;
+  }
 }
 
 } // namespace
 
-void playLooping(std::span<const uint8_t> image) { play(image, kLoopFlags); }
+void startLoop(SoundDevice &sound, std::span<const uint8_t> image) {
+  stopLoop(sound);
+  WAVEFORMATEX format{};
+  std::memcpy(&format, image.data() + kFormatOffset, kFormatBytes);
+  sound.ring = image.subspan(kSamplesOffset);
+  sound.rate = format.nSamplesPerSec;
+  sound.next = 0;
+  sound.held = sound.ending = false;
+  sound.bufferDone = CreateEventA(nullptr, FALSE, FALSE, nullptr);
+  if (waveOut().open == nullptr ||
+      waveOut().open(&sound.output, WAVE_MAPPER, &format, reinterpret_cast<DWORD_PTR>(sound.bufferDone), 0,
+                     CALLBACK_EVENT) != MMSYSERR_NOERROR) {
+    sound.output = nullptr;
+    CloseHandle(sound.bufferDone);
+    return;
+  }
+  for (SoundBuffer &buffer : sound.buffers) {
+    buffer.header = {};
+    buffer.header.lpData = buffer.samples.data();
+    buffer.header.dwBufferLength = static_cast<DWORD>(buffer.samples.size());
+    waveOut().prepare(sound.output, &buffer.header, sizeof buffer.header);
+  }
+  sound.startTicks = GetTickCount();
+  sound.feeder = CreateThread(nullptr, 0, feed, &sound, 0, nullptr);
+  SetThreadPriority(sound.feeder, THREAD_PRIORITY_TIME_CRITICAL);
+}
 
-void playOnce(std::span<const uint8_t> silence) { play(silence, kStopFlags); }
+void holdLoop(SoundDevice &sound) {
+  if (sound.output == nullptr || sound.held) return;
+  sound.heldTicks = GetTickCount();
+  sound.held = true;
+  waveOut().pause(sound.output);
+}
+
+void resumeLoop(SoundDevice &sound) {
+  if (sound.output == nullptr || !sound.held) return;
+  sound.startTicks += GetTickCount() - sound.heldTicks;
+  sound.held = false;
+  waveOut().restart(sound.output);
+}
+
+void stopLoop(SoundDevice &sound) {
+  if (sound.output == nullptr) return;
+  sound.ending = true;
+  SetEvent(sound.bufferDone);
+  WaitForSingleObject(sound.feeder, INFINITE); // returns at once if no thread could be started
+  CloseHandle(sound.feeder);
+  waveOut().reset(sound.output);
+  for (SoundBuffer &buffer : sound.buffers) waveOut().unprepare(sound.output, &buffer.header, sizeof buffer.header);
+  waveOut().close(sound.output);
+  CloseHandle(sound.bufferDone);
+  sound.output = nullptr;
+}

@@ -72,13 +72,19 @@ void syncVideoControls(MainWindow &main, const WindowModel &model) {
   const ScrollBar &bar = model.HScroll1;
   const ScrollBar &shown = main.shown.HScroll1;
   const bool fresh = bar.visible && provideVideoControls(main);
-  if (fresh || (main.frameBar != nullptr && (bar.maximum != shown.maximum || bar.value != shown.value))) {
+  const bool newRange = fresh || bar.maximum != shown.maximum;
+  if (main.frameBar != nullptr && (newRange || bar.value != shown.value)) {
     SCROLLINFO state{};
     state.cbSize = sizeof state;
-    state.fMask = SIF_RANGE | SIF_POS | SIF_DISABLENOSCROLL;
+    // A range also enables the control.
+    state.fMask = static_cast<UINT>(newRange ? SIF_RANGE | SIF_POS | SIF_DISABLENOSCROLL : SIF_POS);
     state.nMax = std::max(0, bar.maximum);
     state.nPos = bar.value;
     SetScrollInfo(main.frameBar, SB_CTL, &state, TRUE);
+  }
+  if (bar.enabled != shown.enabled) {
+    if (GetFocus() == main.frameBar) SetFocus(main.mainView.window); // a disabled control takes the keys of all
+    EnableWindow(main.frameBar, bar.enabled && bar.maximum > 0);
   }
   if (bar.visible == shown.visible) return;
   if (!bar.visible) SetFocus(main.mainView.window); // the controls to be hidden may have the focus

@@ -63,10 +63,15 @@ struct PlatformOps {
   // Full path of the running program.
   std::string (*programPath)(void *context) = nullptr;
 
-  // Loops a WAVE file in place: the memory stays valid, and is written during playback. No-op without a sound device.
+  // Loops a WAVE file from its first sample on. The file is read in place and written meanwhile; it must not move.
+  // Returns when the device is open. Without a sound device nothing happens.
   void (*startSound)(void *context, std::span<const uint8_t> image) = nullptr;
 
-  // Plays a WAVE file once, which ends the loop.
+  // Pauses the loop; resumes it at the same sample.
+  void (*holdSound)(void *context) = nullptr;
+  void (*resumeSound)(void *context) = nullptr;
+
+  // Ends the loop at once; a device that ends only by another sound plays `silence`, a WAVE file.
   void (*stopSound)(void *context, std::span<const uint8_t> silence) = nullptr;
 
   // Requests the program's end; may return.

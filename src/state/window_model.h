@@ -21,6 +21,7 @@ struct Swatch {
 // The frame scroll bar of a video, from 0 to `maximum`.
 struct ScrollBar {
   bool visible = false;
+  bool enabled = true;
   int32_t maximum = 0;
   int32_t value = 0;
 };

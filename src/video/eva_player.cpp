@@ -107,7 +107,9 @@ void playFrame(ViewerState &viewer) {
   EvaFrame video;
   readEvaFrame(viewer, video);
   if (eva.soundPending == kTrue && viewer.run.currentFrame == viewer.run.startFrame + 1) {
+    const uint32_t before = tickCount(viewer);
     startSound(viewer);
+    viewer.run.startTicks += tickCount(viewer) - before; // a device that opens slowly delays the frames as well
     eva.soundPending = kFalse;
   }
   // A run at 10 frames a second draws every frame as YJK: intended, films of that rate are YJK.

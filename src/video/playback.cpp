@@ -15,11 +15,12 @@ int32_t firstFrame(ScrollBar &bar, int32_t frameCount) {
   return bar.value;
 }
 
-// Commands that load or draw a picture are disabled during a run.
+// The commands that would load or draw a picture, and the scroll bar, cannot be used during a run.
 void enableDuringRun(WindowModel &window, bool enabled) {
   for (MenuItem *item : {&window.menuView, &window.menuOpen, &window.menuClose, &window.menuPreferences}) {
     item->enabled = enabled;
   }
+  window.HScroll1.enabled = enabled;
 }
 
 // Waits until the current frame is due, with event passes. Returns false at once if the end of the run is requested.
@@ -69,6 +70,7 @@ void playVideo(ViewerState &viewer) {
   enableDuringRun(viewer.window, false);
   viewer.evaPlayer.soundPending = toFlag(player.hasSound);
   run.startTicks = tickCount(viewer);
+  run.pauses = 0;
   for (run.currentFrame = run.startFrame; run.currentFrame < frames; ++run.currentFrame) {
     player.play(viewer);
     if (!waitForFrame(viewer)) break;
@@ -80,13 +82,15 @@ void playVideo(ViewerState &viewer) {
 }
 
 void pausePlayback(ViewerState &viewer) {
-  if (!videoPlaying(viewer)) return;
-  viewer.run.heldTicks = tickCount(viewer);
-  if (viewer.player->hasSound) stopSound(viewer);
+  VideoRun &run = viewer.run;
+  if (!videoPlaying(viewer) || run.pauses++ > 0) return;
+  run.heldTicks = tickCount(viewer);
+  viewer.platform.holdSound(viewer.platform.context);
 }
 
 void resumePlayback(ViewerState &viewer) {
-  if (!videoPlaying(viewer)) return;
-  viewer.run.startTicks += tickCount(viewer) - viewer.run.heldTicks;
-  if (viewer.player->hasSound && viewer.evaPlayer.soundPending != kTrue) startSound(viewer);
+  VideoRun &run = viewer.run;
+  if (run.pauses == 0 || --run.pauses > 0 || !videoPlaying(viewer)) return;
+  run.startTicks += tickCount(viewer) - run.heldTicks;
+  viewer.platform.resumeSound(viewer.platform.context);
 }

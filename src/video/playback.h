@@ -18,6 +18,6 @@ void setUpVideo(ViewerState &viewer);
 // the activity before; afterwards a request is always stored.
 void playVideo(ViewerState &viewer);
 
-// Pauses picture and sound while a menu or dialog is open; resumes at the same frame.
+// Pauses picture and sound while a menu or dialog is open; resumes at the same frame and sample. Pauses can be nested.
 void pausePlayback(ViewerState &viewer);
 void resumePlayback(ViewerState &viewer);
