@@ -31,14 +31,15 @@ const WaveOut &waveOut() {
   return functions;
 }
 
-// Goes to the sample that is due, if the device has fallen behind or its clock and that of the frames have drifted
-// apart: what lies further ahead has not been written yet.
+// Goes to the sample that is due if the device has fallen behind, or its clock and that of the frames have drifted
+// apart. Samples that lie further ahead are not written yet.
 void keepStep(SoundDevice &sound) {
-  constexpr int64_t kMaxMilliseconds = 60;
+  constexpr int64_t kMaxBehind = 30; // milliseconds; what is heard is up to 45 behind that
+  constexpr int64_t kMaxAhead = 60;
   if (sound.held) return;
-  const int64_t due = int64_t{GetTickCount() - sound.startTicks} * sound.rate / 1000;
-  const int64_t most = kMaxMilliseconds * sound.rate / 1000;
-  if (sound.next < due - most || sound.next > due + most) sound.next = due;
+  const int64_t elapsed = GetTickCount() - sound.startTicks;
+  const int64_t handedOver = sound.next * 1000 / sound.rate;
+  if (handedOver < elapsed - kMaxBehind || handedOver > elapsed + kMaxAhead) sound.next = elapsed * sound.rate / 1000;
 }
 
 void fill(SoundDevice &sound, SoundBuffer &buffer) {
@@ -53,7 +54,8 @@ DWORD WINAPI feed(void *context) {
   SoundDevice &sound = *static_cast<SoundDevice *>(context);
   for (size_t turn = 0;; turn = (turn + 1) % sound.buffers.size()) {
     SoundBuffer &buffer = sound.buffers[turn];
-    while ((buffer.header.dwFlags & WHDR_INQUEUE) != 0 && !sound.ending) WaitForSingleObject(sound.bufferDone, INFINITE);
+    while ((buffer.header.dwFlags & WHDR_INQUEUE) != 0 && !sound.ending)
+      WaitForSingleObject(sound.bufferDone, INFINITE);
     if (sound.ending) return 0;
     fill(sound, buffer);
     if (waveOut().write(sound.output, &buffer.header, sizeof buffer.header) != MMSYSERR_NOERROR) return 0;
