@@ -127,6 +127,14 @@ void mouseMoved(const MainView &view, LPARAM place) {
   SendMessageW(GetParent(view.window), kMouseOverView, static_cast<WPARAM>(x), y);
 }
 
+// To the parent like an open menu: the system follows the mouse on a scroll bar until its button is up again.
+LRESULT pressScrollBar(HWND view, WPARAM part, LPARAM place) {
+  SendMessageA(GetParent(view), WM_ENTERMENULOOP, FALSE, 0);
+  const LRESULT result = DefWindowProcA(view, WM_NCLBUTTONDOWN, part, place);
+  SendMessageA(GetParent(view), WM_EXITMENULOOP, FALSE, 0);
+  return result;
+}
+
 LRESULT CALLBACK mainViewProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_NCCREATE) {
     const auto *creation = reinterpret_cast<const CREATESTRUCTW *>(lParam);
@@ -152,6 +160,7 @@ LRESULT CALLBACK mainViewProcedure(HWND window, UINT message, WPARAM wParam, LPA
   case WM_GETDLGCODE: return DLGC_WANTARROWS;
   case WM_KEYDOWN: scrollByKey(*view, wParam); return 0;
   case WM_LBUTTONDOWN: SetFocus(window); return 0;
+  case WM_NCLBUTTONDOWN: return pressScrollBar(window, wParam, lParam);
   case WM_MOUSEMOVE: mouseMoved(*view, lParam); return 0;
   case WM_MOUSELEAVE: return SendMessageW(GetParent(window), kMouseLeftView, 0, 0);
   case WM_DROPFILES: return SendMessageW(GetParent(window), message, wParam, lParam);

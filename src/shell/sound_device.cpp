@@ -31,11 +31,11 @@ const WaveOut &waveOut() {
   return functions;
 }
 
-// Goes to the sample that is due if the device has fallen behind, or its clock and that of the frames have drifted
-// apart. Samples that lie further ahead are not written yet.
+// Jumps to the sample that is due if the device has fallen behind, or if its clock and that of the frames have drifted
+// apart. The frames write their samples 83 ms ahead at the least.
 void keepStep(SoundDevice &sound) {
-  constexpr int64_t kMaxBehind = 30; // milliseconds; what is heard is up to 45 behind that
-  constexpr int64_t kMaxAhead = 60;
+  constexpr int64_t kMaxBehind = 20; // milliseconds; what is heard is 60 ms behind what is handed over
+  constexpr int64_t kMaxAhead = 70;
   if (sound.held) return;
   const int64_t elapsed = GetTickCount() - sound.startTicks;
   const int64_t handedOver = sound.next * 1000 / sound.rate;
@@ -54,8 +54,8 @@ DWORD WINAPI feed(void *context) {
   SoundDevice &sound = *static_cast<SoundDevice *>(context);
   for (size_t turn = 0;; turn = (turn + 1) % sound.buffers.size()) {
     SoundBuffer &buffer = sound.buffers[turn];
-    while ((buffer.header.dwFlags & WHDR_INQUEUE) != 0 && !sound.ending)
-      WaitForSingleObject(sound.bufferDone, INFINITE);
+    const auto queued = [&] { return (buffer.header.dwFlags & WHDR_INQUEUE) != 0; };
+    while (queued() && !sound.ending) WaitForSingleObject(sound.bufferDone, INFINITE);
     if (sound.ending) return 0;
     fill(sound, buffer);
     if (waveOut().write(sound.output, &buffer.header, sizeof buffer.header) != MMSYSERR_NOERROR) return 0;
