@@ -20,14 +20,15 @@ struct SoundDevice {
   HWAVEOUT output = nullptr;            // nullptr: nothing plays
   HANDLE bufferDone = nullptr;          // event; set also to end the thread
   HANDLE feeder = nullptr;              // thread that keeps the device supplied
-  std::array<SoundBuffer, 5> buffers{}; // together the 75 ms that the device has ahead of what is heard
+  std::array<SoundBuffer, 4> buffers{}; // together the 60 ms that the device has ahead of what is heard
   std::span<const uint8_t> ring;        // samples of the loop
   uint32_t rate = 0;                    // samples a second
   int64_t next = 0;                     // sample to hand over next, counted from the start of the loop
-  std::atomic<uint32_t> startTicks = 0; // tick count at which the loop started, plus the time that it was held
-  uint32_t heldTicks = 0;               // tick count at which it was held
-  std::atomic<bool> held = false;       // no time passes for the loop
-  std::atomic<bool> ending = false;     // the thread is to end
+  int early = 0;                        // buffers in a row that were handed over long before they were due
+  std::atomic<int64_t> start = 0;   // time at which the loop started, plus the time that it was held, in milliseconds
+  int64_t heldAt = 0;               // time at which it was held
+  std::atomic<bool> held = false;   // no time passes for the loop
+  std::atomic<bool> ending = false; // the thread is to end
 };
 
 // Plays from the first sample on. Without a device, and if it refuses the format, nothing happens.
