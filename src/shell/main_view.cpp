@@ -129,9 +129,9 @@ void mouseMoved(const MainView &view, LPARAM place) {
 
 // To the parent like an open menu: the system follows the mouse on a scroll bar until its button is up again.
 LRESULT pressScrollBar(HWND view, WPARAM part, LPARAM place) {
-  SendMessageA(GetParent(view), WM_ENTERMENULOOP, FALSE, 0);
-  const LRESULT result = DefWindowProcA(view, WM_NCLBUTTONDOWN, part, place);
-  SendMessageA(GetParent(view), WM_EXITMENULOOP, FALSE, 0);
+  SendMessageW(GetParent(view), WM_ENTERMENULOOP, FALSE, 0);
+  const LRESULT result = DefWindowProcW(view, WM_NCLBUTTONDOWN, part, place);
+  SendMessageW(GetParent(view), WM_EXITMENULOOP, FALSE, 0);
   return result;
 }
 

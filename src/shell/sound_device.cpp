@@ -84,7 +84,7 @@ void startLoop(SoundDevice &sound, std::span<const uint8_t> image) {
   sound.rate = format.nSamplesPerSec;
   sound.next = sound.early = 0;
   sound.held = sound.ending = false;
-  sound.bufferDone = CreateEventA(nullptr, FALSE, FALSE, nullptr);
+  sound.bufferDone = CreateEventW(nullptr, FALSE, FALSE, nullptr);
   if (waveOut().open == nullptr ||
       waveOut().open(&sound.output, WAVE_MAPPER, &format, reinterpret_cast<DWORD_PTR>(sound.bufferDone), 0,
                      CALLBACK_EVENT) != MMSYSERR_NOERROR) {
