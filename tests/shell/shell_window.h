@@ -15,9 +15,7 @@
 #include <array>
 #include <functional>
 #include <future>
-#include <string>
 #include <thread>
-#include <vector>
 
 #include <shlobj.h>
 
@@ -94,11 +92,11 @@ struct ShellWindow {
   }
 
   void drop(const std::string &path) const {
-    const size_t units = path.size() + 2;
-    auto *files = static_cast<DROPFILES *>(GlobalAlloc(GPTR, sizeof(DROPFILES) + units * sizeof(wchar_t)));
+    const int units = static_cast<int>(path.size()) + 1;
+    auto *files = static_cast<DROPFILES *>(GlobalAlloc(GPTR, sizeof(DROPFILES) + 2 * path.size() + 4));
     files->pFiles = sizeof(DROPFILES);
     files->fWide = TRUE;
-    MultiByteToWideChar(CP_UTF8, 0, path.c_str(), -1, reinterpret_cast<wchar_t *>(files + 1), static_cast<int>(units));
+    MultiByteToWideChar(CP_UTF8, 0, path.c_str(), -1, reinterpret_cast<wchar_t *>(files + 1), units);
     SendMessageA(view, WM_DROPFILES, reinterpret_cast<WPARAM>(files), 0);
   }
 
@@ -121,7 +119,6 @@ struct ShellWindow {
 
   void choose(const char *caption) const { SendMessageA(main.window, WM_COMMAND, menuCommand(caption), 0); }
 
-  // Opens the dialog of that title by a menu item.
   HWND openDialog(const char *caption, const char *title) const {
     PostMessageA(main.window, WM_COMMAND, menuCommand(caption), 0);
     EXPECT_TRUE(waitUntil([&] { return IsWindowVisible(FindWindowA("#32770", title)); })) << title;
