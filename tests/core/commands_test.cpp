@@ -1,132 +1,135 @@
-#include "core/commands.h"
-
-#include "core/file_kinds.h"
+// Commands, their keys, and Preferences.
 #include "core/help_text.h"
-#include "core/keys.h"
-#include "core/menus.h"
-#include "core/open_dialog.h"
+#include "core/preferences.h"
 #include "support/bytes.h"
 #include "support/test_viewer.h"
-#include "support/viewer_text.h"
-
-#include <gtest/gtest.h>
-#include <thread>
 
 namespace {
 
 const Bytes kPicture = BloadBuilder{.body = {0x1F, 0x23}}.build();
 
 TEST(Commands, EventsDuringALoad) {
-  struct Row {
-    const char *name;
-    void (*deliver)(ViewerState &viewer, const std::string &path);
-    bool exits = false;
-  };
-  const auto look = [](ViewerState &viewer, const std::string &) { EXPECT_EQ(viewer.window.Label4, "Rendering..."); };
-  const auto close = [](ViewerState &viewer, const std::string &) { menuClose_Click(viewer); };
-  const auto exit = [](ViewerState &viewer, const std::string &) { menuExit_Click(viewer); };
-  const auto keys = [](ViewerState &viewer, const std::string &) {
-    for (const char letter : std::string_view("OSCTRPZAIWELN")) pressKey(viewer, {letter, true});
-    for (const int code : {33, 34, 35, 36, 116}) pressKey(viewer, {code}); // paging and F5
-  };
-  const auto quit = [](ViewerState &viewer, const std::string &) { pressKey(viewer, {'Q', true}); };
+  using Row = std::pair<const char *, void (*)(ViewerState & viewer, const std::string &path)>;
   TestViewer quiet;
   quiet.open("a.SC5", kPicture);
-  for (const Row &row : {Row{"nothing", look}, Row{"open", openPath}, Row{"close", close}, Row{"keys", keys},
-                         Row{"exit", exit, true}, Row{"Ctrl+Q", quit, true}}) {
-    SCOPED_TRACE(row.name);
+  for (const auto &[name, deliver] :
+       {Row{"nothing", [](auto &viewer, auto &) { EXPECT_EQ(viewer.window.Label4, "Rendering..."); }},
+        Row{"open", openPath}, Row{"close", [](auto &viewer, auto &) { menuClose_Click(viewer); }},
+        Row{"keys",
+            [](auto &viewer, auto &) {
+              for (const char letter : std::string_view("OSCTRPZAIWELN")) pressKey(viewer, {letter, true});
+              for (const int code : {33, 34, 35, 36, 116}) pressKey(viewer, {code}); // paging and F5
+            }},
+        Row{"exit", [](auto &viewer, auto &) {
+              pressKey(viewer, {'Q', true});
+            }}}) {
+    SCOPED_TRACE(name);
     TestViewer window;
     memoryDisk()["other.SC6"] = kPicture;
-    window.platform.events.push_back({row.deliver, "other.SC6"});
+    window.platform.events.push_back({deliver, "other.SC6"});
     window.open("a.SC5", kPicture);
-    std::vector<std::string> log{"runPendingEvents", "presentPicture 256x212"};
-    if (row.exits) log.emplace_back("exitProgram");
-    EXPECT_EQ(window.platform.log, log);
+    const bool exits = name == std::string("exit");
+    EXPECT_EQ(window.platform.log.back(), exits ? "exitProgram" : "presentPicture 256x212");
+    EXPECT_EQ(window.platform.log.size(), exits ? 3u : 2u); // events, picture, exit
     EXPECT_EQ(pictureText(window.viewer) + window.viewer.window.Label4, pictureText(quiet.viewer));
-    EXPECT_EQ(window.viewer.inputFile.handle == nullptr, row.exits);
+    EXPECT_EQ(window.viewer.inputFile.handle == nullptr, exits);
     openPath(window.viewer, "other.SC6"); // after the load commands work again
     EXPECT_EQ(window.viewer.window.Label1, "512x212");
   }
 }
 
-TEST(Commands, MenuRowsRunIfTheyAreEnabled) {
-  const auto indexOf = [](MenuItem WindowModel::*item) {
-    return static_cast<size_t>(std::ranges::find(kMenuRows, item, &MenuRow::item) - kMenuRows.begin());
-  };
-  const size_t close = indexOf(&WindowModel::menuClose), zoom = indexOf(&WindowModel::menuZoom);
-  const size_t help = indexOf(&WindowModel::menuHelp), about = indexOf(&WindowModel::menuAbout);
-  TestViewer window;
-  for (const size_t index : {close, zoom, close + 1, kMenuRows.size()}) runMenuRow(window.viewer, index);
-  EXPECT_EQ(window.viewer.window.pictureSerial + window.viewer.zoomMode, 2u); // one reset, zoomed
-  window.open("a.SC5", kPicture);
-  for (const bool zoomed : {false, true}) {
-    runMenuRow(window.viewer, zoom); // with its whole menu
-    EXPECT_EQ(window.viewer.window.menuZoom.checked, zoomed);
-    EXPECT_EQ(window.viewer.window.stretch.targetHeight, zoomed ? 424 : 212);
-  }
-  menuAbout_Click(window.viewer);
-  EXPECT_TRUE(window.platform.log.back().starts_with("showMessage (i) About Korilan: Korilan "));
-  EXPECT_EQ(shortcutText(kMenuRows[zoom]) + shortcutText(kMenuRows[help]) + shortcutText(kMenuRows[about]), "Ctrl+ZF1");
-  EXPECT_EQ(plainCaption("1:2 &Aspect  &Ratio"), "1:2 Aspect  Ratio");
-}
-
-TEST(Commands, OpenAndReload) {
+TEST(Commands, OpenReloadAndView) {
   TestViewer window;
   memoryDisk()["e\\b.SC6"] = kPicture;
-  menuOpen_Click(window.viewer); // cancelled
+  window.pressCtrl('O'); // cancelled
   EXPECT_EQ(window.viewer.filePath, "");
+  window.pressCtrl('Z'); // there is no picture
   window.platform.chosenFiles = {"e\\b.SC6"};
-  menuOpen_Click(window.viewer);
-  EXPECT_EQ(window.viewer.window.Label1, "512x212");
-  openPath(window.viewer, "other.TXT"); // ignored
+  window.pressCtrl('O');
+  EXPECT_EQ(window.viewer.window.stretch.targetHeight, 424);
+  window.pressCtrl('A');
+  EXPECT_EQ(window.viewer.window.stretch.targetHeight, 424); // never unchecked for this size
+  openPath(window.viewer, "other.TXT");                      // ignored
   memoryDisk()["e\\b.SC6"] = BloadBuilder{.body = {0xFF}}.build();
   menuReload_Click(window.viewer); // as it is now
   EXPECT_EQ(window.viewer.frameBits[0], 0x6DFF6Du);
+  window.open("a.SC5", kPicture);
+  for (const int32_t height : {212, 424}) {
+    window.pressCtrl('Z');
+    EXPECT_EQ(window.viewer.window.menuZoom.checked, height == 424);
+    EXPECT_EQ(window.viewer.window.stretch.targetHeight, height);
+  }
 }
 
-TEST(Commands, OpenFiltersNameEveryKind) {
-  std::string listed;
-  for (const FileFilter &filter : std::span(kPictureFilters).subspan(1)) {
-    const std::string pattern = filter.pattern, description = filter.description;
-    const bool odd = description == "Screen11 BLOAD files (*.SCB;*.SRB;*.S12)";
-    EXPECT_TRUE(odd || description.ends_with(" files (" + pattern + ")")) << description;
-    for (size_t at = 1; at < pattern.size(); at += 6) { // "*.SC5;*.SR5"
-      const std::string type = findFileKind(pattern.substr(at, 4))->typeDescription;
-      const bool named = description.starts_with(type.substr(0, type.rfind(" file")) + " file");
-      EXPECT_TRUE(named || description.starts_with("VSCREEN level") || description.find(" Video ") < 8) << description;
+TEST(Keys, WhatEachDoes) {
+  // "c": works with Ctrl, "a": alone, "p": alone if the preferences are ticked, "m": with Alt, too
+  using Row = std::tuple<int, std::string, const char *>;
+  for (const auto &[code, works, effect] :
+       {Row{'I', "cp", "showText Image Info"}, Row{'C', "cp", "copyToClipboard 162856"}, // 40 + 256 * 212 * 3
+        Row{'E', "c", "showPreferences"}, Row{'Q', "c", "exitProgram"}, Row{112, "ap", "showText Korilan Help"},
+        Row{116, "ap", "presentPicture 256x212"}, Row{33, "acpm", "presentPicture 256x212"},
+        Row{27, "cpm", "exitProgram"}, Row{'B', "", ""}, Row{32, "", ""}}) { // without a video
+    for (const std::string press : {"a", "p", "c", "pm", "cm"}) {
+      SCOPED_TRACE(std::to_string(code) + " " + press);
+      TestViewer window;
+      window.open("a.SC5", BloadBuilder{}.build());
+      window.platform.log = {""};
+      window.viewer.preferences.Check3 = window.viewer.preferences.Check4 = toFlag(press != "a");
+      const bool worked = works.find(press[0]) != std::string::npos && (!press.ends_with('m') || works.ends_with('m'));
+      EXPECT_EQ(pressKey(window.viewer, {code, press[0] == 'c', press.ends_with('m')}), worked);
+      const std::string last = window.platform.log.back();
+      EXPECT_EQ(last.substr(0, last.find('\n')), worked ? effect : "");
     }
-    listed += pattern + ";";
   }
-  for (const FileKind &kind : kFileKinds) {
-    const std::string pattern = std::string("*") + kind.extension + ";";
-    EXPECT_NE((std::string(kPictureFilters[0].pattern) + ";").find(pattern), std::string::npos) << pattern;
-    EXPECT_EQ(listed.find(pattern) == std::string::npos, pattern == "*.GE8;") << pattern;
+}
+
+TEST(Keys, HelpNamesThem) {
+  for (const char *line : {"F5\tReload", "Ctrl+A\t1:2 Aspect  Ratio", "Esc\tExit", ".EV8\tEVA RGB video file"}) {
+    EXPECT_NE(helpText().find(std::string("\n") + line), std::string::npos) << line;
   }
+}
+
+// The checked boxes: extensions, then letters for centring, Esc, shortcuts and ratio.
+std::string boxesOf(const Preferences &form) {
+  std::string text;
+  for (size_t i = 0; i < kAssociationCount; ++i) {
+    if (form.Check1[i] == kTrue) text += std::string(kAssociations[i].extension) + " ";
+  }
+  const Flag16 flags[] = {form.Check2, form.Check3, form.Check4, form.Check5};
+  for (size_t i = 0; i < 4; ++i) text += flags[i] == kTrue ? std::string(1, "cesr"[i]) : "";
+  return text;
+}
+
+TEST(Preferences, AreWrittenAndActAtOnce) {
   TestViewer window;
-  window.viewer.platform.askOpenFileName = [](void *, const std::string &filter, const std::string &) {
-    return filter;
-  };
-  const std::string palettes("Palette Files (*.PL?;*.PAL)\0*.PL4;*.PL5;*.PL6;*.PL7;*.PAL\0",
-                             59); // with the one behind it
-  EXPECT_EQ(askPaletteName(window.viewer), palettes);
-}
-
-TEST(Commands, ViewersInTwoThreadsDoNotMeet) {
-  const auto show = [](std::string &texts) {
-    TestViewer window;
-    for (uint8_t turn = 0; turn < 4; ++turn) {
-      for (const char *path : {"a.SC5", "a.SC8", "a.SC2", "a.SC6", "a.SCC"}) {
-        window.open(path, BloadBuilder{.body = Bytes(54272, static_cast<uint8_t>(37 + turn))}.build());
-        texts += pictureText(window.viewer) + "\n";
-      }
-    }
-  };
-  std::string left, right, alone;
-  std::thread other(show, std::ref(left));
-  show(right);
-  other.join();
-  show(alone);
-  EXPECT_TRUE(left == alone && right == alone);
+  ViewerState &viewer = window.viewer;
+  window.open("a.SC7", BloadBuilder{.body = {0x1F}}.build());
+  window.platform.settings = {{".DAT", "Korilan"}, {".SC5", "Paint"}, {".SGX", "Paint"}, {"Korilan\\EscExits", "0"}};
+  EXPECT_EQ(boxesOf(storedPreferences(viewer)), ".DAT ");
+  Preferences form{.Check2 = kTrue, .Check5 = kTrue};
+  checkAllAssociations(form);
+  EXPECT_EQ(std::ranges::count(form.Check1, kTrue), 25);
+  uncheckAllAssociations(form);
+  EXPECT_EQ(boxesOf(form), "cr");
+  defaultAssociations(form);
+  viewer.window.menuDoubleHeight.checked = false;
+  menuSavePreferences_Click(viewer, form);
+  std::map<std::string, std::string> expected{{"Korilan", "MSX Graphics File"},
+                                              {"Korilan\\shell\\open\\command", "C:\\Programs\\Korilan.exe %1"},
+                                              {"Korilan\\DefaultIcon", "C:\\Programs\\Korilan.exe,0"},
+                                              {"Korilan\\AutoCenter", "1"},
+                                              {"Korilan\\EscExits", "0"},
+                                              {"Korilan\\Shortcuts", "0"},
+                                              {"Korilan\\AutoRatio", "1"},
+                                              {".SGX", "Paint"}};
+  for (const Association &row : kAssociations) expected[row.extension] = "Korilan";
+  for (const char *ofOthers : {".DAT", ".CMP", ".SRC"}) expected.erase(ofOthers);
+  EXPECT_EQ(window.platform.settings, expected);
+  EXPECT_EQ(window.platform.log.back(), "notifyAssociations");
+  EXPECT_EQ(boxesOf(storedPreferences(viewer)), boxesOf(form));
+  EXPECT_TRUE(viewer.window.alwaysCentred && viewer.window.stretch.targetHeight == 212);
+  loadPreferences(viewer);
+  EXPECT_EQ(boxesOf(viewer.preferences), "cr");
 }
 
 } // namespace

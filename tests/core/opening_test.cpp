@@ -1,108 +1,78 @@
-#include "core/opening.h"
-
+// Opening of files: what the window is then, names, paging through a folder.
+#include "core/file_kinds.h"
+#include "core/folder_navigation.h"
 #include "support/bytes.h"
 #include "support/scarce_memory.h"
 #include "support/test_viewer.h"
-#include "support/viewer_text.h"
 #include "video/eva_player.h"
-
-#include <gtest/gtest.h>
 
 namespace {
 
 const Bytes kPicture = BloadBuilder{.body = {0x1F, 0x23}}.build();
 
-// Texts, menus, a digit a mark (the last four: a video's), places in the file and in video memory, sizes.
+// Texts, menus, heights, and a digit a mark; the last five are swatches and a video's.
 std::string windowText(const ViewerState &viewer) {
   const WindowModel &window = viewer.window;
-  std::string text = window.caption + "|" + viewer.typeDescription + "|" + window.Label1 + "|" + window.Label2 + "|" +
-                     window.Label3 + "|" + window.Label4 + "|" + window.readout.text + "|" + menuText(window);
-  for (const bool marked :
-       {window.menuReload.enabled, window.menuZoom.enabled, window.menuDoubleHeight.enabled, window.menuZoom.checked,
-        window.menuDoubleHeight.checked, viewer.fileLoaded == kTrue, viewer.pictureShown == kTrue,
-        viewer.inputFile.handle != nullptr, window.menuViewPal.checked, window.Label5[15].visible,
-        viewer.player != nullptr, window.Image1.visible, window.Image2.visible, window.HScroll1.visible}) {
-    text += marked ? "1" : "0";
+  std::string text;
+  for (const std::string &part :
+       {window.caption, viewer.typeDescription, window.Label1, window.Label3, window.Label4, window.readout.text,
+        menuText(window), std::to_string(window.mainViewHeight), std::to_string(window.stretch.targetHeight)}) {
+    text += part + "|";
   }
-  for (const int32_t number : {viewer.paletteFilePos, viewer.vramPos, window.mainViewWidth, window.mainViewHeight,
-                               window.stretch.targetWidth, window.stretch.targetHeight}) {
-    text += " " + std::to_string(number);
+  for (const bool marked :
+       {window.menuDoubleHeight.checked, viewer.fileLoaded == kTrue, viewer.pictureShown == kTrue,
+        viewer.inputFile.handle != nullptr, window.menuViewPal.checked, window.Label5[15].visible,
+        viewer.player != nullptr, window.Image1.visible && window.Image2.visible, window.HScroll1.visible}) {
+    text += marked ? "1" : "0";
   }
   return text;
 }
 
-// Marks and places as no file leaves them.
+// Marks as no file leaves them.
 void disturb(ViewerState &viewer) {
   WindowModel &window = viewer.window;
   viewer.player = &kEvaPlayer;
   window.Image1.visible = window.Image2.visible = window.HScroll1.visible = true;
-  window.menuZoom.enabled = window.menuDoubleHeight.enabled = false;
   window.menuRestPal.enabled = window.menuViewPal.checked = true;
   window.Label5.fill({.visible = true});
-  window.readout.text = "old";
-  viewer.paletteFilePos = viewer.vramPos = 1;
+  window.readout.text = window.Label4 = "old";
 }
 
 TEST(Opening, EmptyWindowAtStartUpAndAfterClose) {
   TestViewer window;
   ViewerState &viewer = window.viewer;
-  EXPECT_EQ(windowText(viewer), "Korilan|||||||01110000000000 0 0 516 428 0 0");
-  EXPECT_EQ(viewer.zoomMode, 1);
+  EXPECT_EQ(windowText(viewer), "Korilan||||||OEQ|428|0|000000000");
   window.open("packed.SR7", BloadBuilder{.identifier = 0xFD, .body = {0, 0, 0x1F}}.build());
-  EXPECT_EQ(windowText(viewer), "Korilan - packed.SR7|Screen 7 BLOAD file|512x212|4 bpp|16 colors|||Close Save Copy "
-                                "View ViewPal LoadPal SavePal 11111111000000 64136 54272 516 428 512 424");
+  EXPECT_EQ(windowText(viewer),
+            "Korilan - packed.SR7|Screen 7 BLOAD file|512x212|16 colors|||OWSCEQZAINPLT|428|424|111100000");
   disturb(viewer);
   const uint32_t serial = viewer.window.pictureSerial;
-  menuClose_Click(viewer);
-  EXPECT_EQ(windowText(viewer), "Korilan|Screen 7 BLOAD file||||||01110000000000 0 0 516 428 0 0");
+  window.pressCtrl('W');
+  EXPECT_EQ(windowText(viewer), "Korilan|Screen 7 BLOAD file|||||OEQ|428|0|000000000");
   EXPECT_NE(viewer.window.pictureSerial, serial);
-  EXPECT_EQ(bytesOf(viewer.vram), Bytes(1 << 20));
-  EXPECT_EQ(bytesOf(viewer.packedData), Bytes(1 << 20));
-}
-
-TEST(Opening, NamesOfTheFile) {
-  struct Row {
-    std::string folder, name, extension;
-    bool opened = true;
-  };
-  for (const Row &row :
-       {Row{"", ".SC5", "", false}, Row{"", "a.sC5", ".SC5"},
-        Row{"", "\u00E9.SC", "", false}, // four characters of five bytes
-        Row{"\u00E9\\", "\u00E9.sc5", ".SC5"}, Row{"", "a.SC5 ", "SC5 ", false},
-        Row{"", "ab\u65E5\u672C\u8A9E", "B\u65E5\u672C\u8A9E", false}, Row{"C:\\one\\two x\\", "a b.SC5", ".SC5"}}) {
-    SCOPED_TRACE(row.folder + row.name);
-    TestViewer window;
-    window.open(row.folder + row.name, kPicture);
-    EXPECT_EQ(window.viewer.fileExtension, row.extension);
-    EXPECT_EQ(window.viewer.pictureShown, toFlag(row.opened));
-    EXPECT_EQ(window.viewer.folderPath + "|" + window.viewer.fileName, row.opened ? row.folder + "|" + row.name : "|");
-  }
+  EXPECT_TRUE(bytesOf(viewer.vram) == Bytes(1 << 20) && bytesOf(viewer.packedData) == Bytes(1 << 20));
 }
 
 TEST(Opening, AFileThatIsIgnoredOrRefusedLeavesThePicture) {
   // Caption, type and status are those of the refused file, and no video is open any more.
-  const std::string ignored = "Korilan - good.SC7|Screen 7 BLOAD file|512x212|4 bpp|16 colors|old|old|";
-  const std::string refused = "|512x212|4 bpp|16 colors|*** Error: Not a valid .SC6 file.|old|";
-  const std::string menus = "Close Save Copy View ViewPal LoadPal SavePal RestPal ";
-  for (const auto &[path, text] : {std::pair{".SC5", ignored + menus + "10011111111111 1 1 516 428 512 424"},
-                                   {"good.txt", ignored + menus + "10010111111111 1 1 516 428 512 424"},
-                                   {"d\\none.SC6", "Korilan - none.SC6|Screen 6 BLOAD file" + refused + menus +
-                                                       "11110110110000 0 0 516 428 512 424"},
-                                   {"d\\bad.SC6", "Korilan - bad.SC6|Screen 6 BLOAD file" + refused + menus +
-                                                      "11110111110000 0 0 516 428 512 424"}}) {
+  const std::string picture = "|512x212|16 colors|", menus = "|old|OWSCEQZAINPLTR|428|424|";
+  const std::string ignored = "Korilan - good.SC7|Screen 7 BLOAD file" + picture + "old" + menus;
+  const std::string error = "*** Error: Not a valid .SC6 file.", kind = "Screen 6 BLOAD file" + picture + error + menus;
+  using Row = std::pair<const char *, std::string>;
+  for (const auto &[path, text] : {Row{".SC5", ignored + "111111111"}, Row{"good.txt", ignored + "011111111"},
+                                   Row{"d\\none.SC6", "Korilan - none.SC6|" + kind + "011011000"},
+                                   Row{"d\\bad.SC6", "Korilan - bad.SC6|" + kind + "011111000"}}) {
     TestViewer window;
-    ViewerState &viewer = window.viewer;
     window.open("good.SC7", kPicture);
-    disturb(viewer);
-    viewer.window.Label4 = "old";
+    disturb(window.viewer);
     memoryDisk()["d\\bad.SC6"] = {0x00};
-    const std::string before = pictureText(viewer);
-    openPath(viewer, path);
-    EXPECT_EQ(windowText(viewer), text);
-    EXPECT_EQ(pictureText(viewer), before);
-    EXPECT_EQ(viewer.loadError, viewer.window.Label4 == "old" ? "" : viewer.window.Label4);
+    const std::string before = pictureText(window.viewer);
+    openPath(window.viewer, path);
+    EXPECT_EQ(windowText(window.viewer), text);
+    EXPECT_EQ(pictureText(window.viewer), before);
+    EXPECT_EQ(window.viewer.loadError, text.starts_with(ignored) ? "" : error);
     window.open("good.SC7", kPicture);
-    EXPECT_EQ(viewer.loadError, "");
+    EXPECT_EQ(window.viewer.loadError, "");
   }
 }
 
@@ -113,7 +83,6 @@ TEST(Opening, ThePictureBeforeStaysIfThereIsNotEnoughMemory) {
     const std::vector<uint32_t> before = window.viewer.frameBits;
     scarceMemory() = {.refusedBlock = refused};
     window.open("large.G9B", joined({{'G', '9', 'B', 11, 0, 16, 0, 0}, word(1000), word(600), Bytes(4)}));
-    EXPECT_EQ(scarceMemory().largeBlocks, refused);
     scarceMemory() = {};
     EXPECT_EQ(window.viewer.loadError, "*** Error: Not enough memory.");
     EXPECT_TRUE(window.viewer.frameBits == before && window.viewer.frameWidth == 256);
@@ -122,19 +91,77 @@ TEST(Opening, ThePictureBeforeStaysIfThereIsNotEnoughMemory) {
   }
 }
 
-TEST(Opening, CommandLineHoldsAtMostOnePath) {
-  using Row = std::pair<const char *, std::optional<std::string>>;
-  for (const auto &[commandLine, path] :
-       {Row{"", std::nullopt}, Row{"\"", ""}, Row{"C:\\one two\\a.SC5", "C:\\one two\\a.SC5"},
-        Row{"\"C:\\a b.SC5\"", "C:\\a b.SC5"}, Row{"\"a.SC5\" \"b.SC5\"", std::nullopt},
-        Row{"\"a.SC5\"  \"b\"", "a.SC5\"  \"b"}, // two blanks pass
-        Row{"C:\\a.SC5 D:\\b.SC5", std::nullopt}, Row{"abcd:f", "abcd:f"}, Row{"abcde:", std::nullopt},
-        Row{"\u00E9\u00E9cd:f", "\u00E9\u00E9cd:f"}}) {
+TEST(Opening, NamesOfTheFileOfACommandLine) {
+  using Row = std::pair<const char *, const char *>; // folder and name of an opened file, and the extension
+  for (const auto &[commandLine, names] :
+       {Row{"", "||"}, Row{"\"", "||"}, Row{"\"C:\\one\\a.sC5\"", "C:\\one\\|a.sC5|.SC5"},
+        Row{"\"a.SC5\" \"b.SC5\"", "||"}, Row{"\"a.SC5\"  \"b.SC5\"", "|a.SC5\"  \"b.SC5|.SC5"}, // two blanks pass
+        Row{"C:\\a.SC5 D:\\b.SC5", "||"}, Row{"\u00E9\u00E9cd:.SC5", "|\u00E9\u00E9cd:.SC5|.SC5"},
+        Row{"abcde:.SC5", "||"}, Row{".SC5", "||"}, Row{"a.SC5 ", "||SC5 "}, Row{"\u00E9.SC", "||"}, // four characters
+        Row{"C:\\two x\\\u00E9 b.SC5", "C:\\two x\\|\u00E9 b.SC5|.SC5"}}) {
     TestViewer window;
-    startViewer(window.viewer, commandLine);
-    EXPECT_EQ(pathFromCommandLine(commandLine), path) << commandLine;
-    EXPECT_EQ(window.viewer.filePath, path.value_or("")) << commandLine;
+    ViewerState &viewer = window.viewer;
+    startViewer(viewer, commandLine);
+    EXPECT_EQ(viewer.folderPath + "|" + viewer.fileName + "|" + viewer.fileExtension, names) << commandLine;
   }
+}
+
+// What every folder lists, in this order, whatever the disk holds.
+std::vector<std::string> listing;
+
+struct FolderViewer : TestViewer {
+  FileOps files = memoryFiles();
+
+  explicit FolderViewer(const std::string &names) {
+    files.listFolder = [](const char *) { return listing; };
+    viewer.platform.files = &files;
+    listing = wordsOf(names);
+    for (const std::string &name : listing) memoryDisk()["d\\" + name] = BloadBuilder{}.build();
+  }
+};
+
+TEST(FolderNavigation, WhichFileIsOpened) {
+  using Row = std::tuple<int, std::string, const char *, const char *>; // key, open file, then the folder
+  constexpr int kPrevious = 33, kNext = 34, kLast = 35, kFirst = 36;
+  const char *three = "c.SC5 a.SC5 b.SC5"; // the order of the system, not that of the letters
+  for (const auto &[key, current, left, expected] :
+       {Row{kNext, "c.SC5", three, "a.SC5"}, Row{kNext, "b.SC5", three, "c.SC5"},
+        Row{kPrevious, "a.SC5", three, "c.SC5"}, Row{kPrevious, "c.SC5", three, "b.SC5"},
+        Row{kFirst, "b.SC5", three, "c.SC5"}, Row{kLast, "c.SC5", three, "b.SC5"},
+        Row{kNext, "b.SC5", "c.SC5 a.SC5 x.SC5", "a.SC5"}, // deleted itself: taken for the first
+        Row{kNext, "a.SC5", "A.SC5 c.SC5 b.SC5", "c.SC5"}, // a name in other letters is another
+        Row{kNext, "a.SC5", "a.SC5 x.TXT y.SC3 z SC5.bmp b.sc6", "b.sc6"}, Row{kNext, "a.SC5", "", "a.SC5"},
+        // Where the caption is another file's, or longer than the path, or in a deeper folder.
+        Row{kNext, "a longer name.TXT", three, "a longer name.TXT"}, Row{kNext, "x", three, "x"},
+        Row{kNext, "e\\.TXT", three, "e\\.TXT"}}) {
+    SCOPED_TRACE(std::to_string(key) + " at " + current + " of " + left);
+    FolderViewer window(three);
+    openPath(window.viewer, "d\\c.SC5");
+    openPath(window.viewer, "d\\" + current);
+    listing = wordsOf(left);
+    window.viewer.activity = Activity::kLoading;
+    EXPECT_TRUE(pressKey(window.viewer, {key}) && window.viewer.folderFiles.empty()); // nothing is even listed
+    window.viewer.activity = Activity::kIdle;
+    EXPECT_TRUE(pressKey(window.viewer, {key}));
+    EXPECT_EQ(window.viewer.filePath, std::string("d\\") + expected);
+  }
+}
+
+TEST(FolderNavigation, TheList) {
+  FolderViewer window("a.SC5 b.SC5 c.SC5");
+  openPath(window.viewer, "d\\a.SC5");
+  openNextFile(window.viewer);
+  menuClose_Click(window.viewer);
+  listing = {"a.SC5", "b.SC5", "new.SC5", "c.SC5"};
+  openNextFile(window.viewer); // goes on with the list of before
+  EXPECT_EQ(window.viewer.window.caption, "Korilan - c.SC5");
+  listing = {"SR5", "q5 .G"}; // any part of the list of kinds
+  for (const FileKind &kind : kFileKinds) listing.push_back(std::string("x") + kind.extension);
+  rebuildFolderList(window.viewer);
+  EXPECT_EQ(window.viewer.folderFiles, listing);
+  listing.assign(100'000, "x.SC5");
+  rebuildFolderList(window.viewer);
+  EXPECT_EQ(window.viewer.folderFileCount, 32767); // as many as a signed word counts
 }
 
 } // namespace

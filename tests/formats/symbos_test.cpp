@@ -1,5 +1,4 @@
 #include "screens/picture_bytes.h"
-#include "support/viewer_text.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>

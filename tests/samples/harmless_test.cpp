@@ -1,6 +1,5 @@
 // Damaged samples on failing disks. The sanitizers look on, and nothing that was shown is lost.
 #include "samples/samples.h"
-#include "support/faulty_files.h"
 #include "core/video_commands.h"
 
 #include <gtest/gtest.h>
@@ -35,7 +34,6 @@ TEST(Harmless, AnyReadMayFail) {
   for (const auto &[kind, all] : samplesByKind()) {
     const SamplePicture &sample = *all[0];
     TestViewer test;
-    test.viewer.platform.files = &faultyFiles();
     const auto openAndPlay = [&](int failingRead, bool staysFailed) {
       diskFaults() = {.failingRead = failingRead, .readsStayFailed = staysFailed};
       openCut(test, sample, sample.bytes.size());

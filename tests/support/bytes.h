@@ -32,12 +32,8 @@ inline Bytes noise(size_t count, uint32_t start) {
 
 struct BloadBuilder {
   uint8_t identifier = 0xFE;
-  uint16_t startAddress = 0;
   uint16_t endAddress = 0x7FFF; // within the bounds of every mode
-  uint16_t executionAddress = 0;
   Bytes body = {};
 
-  Bytes build() const {
-    return joined({{identifier}, word(startAddress), word(endAddress), word(executionAddress), body});
-  }
+  Bytes build() const { return joined({{identifier}, word(0), word(endAddress), word(0), body}); }
 };

@@ -2,15 +2,10 @@
 
 #include <algorithm>
 #include <memory>
-#include <utility>
 
 namespace {
 
-constexpr const char *kFailure = "disk is broken";
-
-using Output = std::pair<std::string, std::vector<uint8_t>>; // path and bytes so far
-
-std::span<const uint8_t> bytesOf(FileHandle file) { return *static_cast<std::vector<uint8_t> *>(file); }
+using File = MemoryDisk::value_type; // path and bytes
 
 bool readFails() {
   const DiskFaults &faults = diskFaults();
@@ -18,64 +13,45 @@ bool readFails() {
   return faults.failingRead != 0 && (faults.readsStayFailed ? read >= faults.failingRead : read == faults.failingRead);
 }
 
-bool outputFails() { return ++diskFaults().outputSteps == diskFaults().failingOutputStep; }
-
 FileHandle openForReading(const char *path) {
   const auto file = memoryDisk().find(path);
-  return file == memoryDisk().end() || readFails() ? nullptr : &file->second;
+  return file == memoryDisk().end() || readFails() ? nullptr : &*file;
 }
 
-int64_t lengthOf(FileHandle file) { return readFails() ? 0 : static_cast<int64_t>(bytesOf(file).size()); }
+int64_t lengthOf(FileHandle file) { return readFails() ? 0 : std::ssize(static_cast<File *>(file)->second); }
 
 // A read that fails has given the half of it.
 size_t readAt(FileHandle file, int64_t offset, uint8_t *into, size_t count) {
-  const auto bytes = bytesOf(file);
-  const auto start = std::min(bytes.size(), static_cast<size_t>(offset));
-  count = std::min(readFails() ? count / 2 : count, bytes.size() - start);
-  std::copy_n(bytes.begin() + static_cast<std::ptrdiff_t>(start), count, into);
+  std::span<const uint8_t> bytes = static_cast<File *>(file)->second;
+  bytes = bytes.subspan(std::min(bytes.size(), static_cast<size_t>(offset)));
+  count = std::min(readFails() ? count / 2 : count, bytes.size());
+  std::copy_n(bytes.begin(), count, into);
   return count;
 }
 
 std::vector<std::string> listFolder(const char *folder) {
   std::vector<std::string> names;
-  const std::string prefix = folder;
   for (const auto &[path, bytes] : memoryDisk()) {
-    if (path.starts_with(prefix)) names.push_back(path.substr(prefix.size()));
+    if (path.starts_with(folder)) names.push_back(path.substr(std::string_view(folder).size()));
   }
   return names;
 }
 
-OutputHandle beginOutput(const char *path, std::string &failure) {
-  if (!outputFails()) return new Output{path, {}};
-  failure = kFailure;
-  return nullptr;
-}
+OutputHandle beginOutput(const char *path, std::string &) { return new File(path, {}); }
 
 std::string writeOutput(OutputHandle output, std::span<const uint8_t> more) {
-  if (outputFails()) return kFailure;
-  std::vector<uint8_t> &bytes = static_cast<Output *>(output)->second;
+  auto &bytes = static_cast<File *>(output)->second;
   bytes.insert(bytes.end(), more.begin(), more.end());
   return "";
 }
 
 std::string finishOutput(OutputHandle handle, bool keep) {
-  const std::unique_ptr<Output> output(static_cast<Output *>(handle));
-  if (outputFails()) return kFailure;
+  const std::unique_ptr<File> output(static_cast<File *>(handle));
   if (keep) memoryDisk()[output->first] = output->second;
   return "";
 }
 
 } // namespace
-
-MemoryDisk &memoryDisk() {
-  static thread_local MemoryDisk disk;
-  return disk;
-}
-
-DiskFaults &diskFaults() {
-  static thread_local DiskFaults faults;
-  return faults;
-}
 
 const FileOps &memoryFiles() {
   static constexpr FileOps kFiles{openForReading, lengthOf,    readAt,      [](FileHandle) {},

@@ -7,18 +7,16 @@
 
 using MemoryDisk = std::map<std::string, std::vector<uint8_t>>;
 
-// Steps count from 1; 0: none fails.
 struct DiskFaults {
-  int reads = 0; // openings, lengths and reads so far
-  int failingRead = 0;
+  int reads = 0;                // openings, lengths and reads so far
+  int failingRead = 0;          // number of the read that fails; 0: none
   bool readsStayFailed = false; // all reads after that one fail too
-  int outputSteps = 0;          // beginnings, writes and ends so far
-  int failingOutputStep = 0;    // ends with "disk is broken"
 };
 
 // The disk that memoryFiles() stands for in this thread.
-MemoryDisk &memoryDisk();
-DiskFaults &diskFaults();
+inline thread_local MemoryDisk theDisk;
+inline thread_local DiskFaults theFaults;
+inline MemoryDisk &memoryDisk() { return theDisk; }
+inline DiskFaults &diskFaults() { return theFaults; }
 
 const FileOps &memoryFiles();
-inline const FileOps &faultyFiles() { return memoryFiles(); }

@@ -13,4 +13,5 @@ struct ScarceMemory {
 };
 
 // Of this thread.
-ScarceMemory &scarceMemory();
+inline constinit thread_local ScarceMemory theMemory;
+inline ScarceMemory &scarceMemory() { return theMemory; }

@@ -1,15 +1,10 @@
-// A folder on the real disk for one test.
+// A folder on the real disk for one test, removed with all that it holds.
 #pragma once
 
-#include <cstdint>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
-#include <string>
-#include <system_error>
 #include <vector>
 
-// Made empty, and removed with all that it holds.
 struct TemporaryFolder {
   std::string path; // UTF-8, ends in a separator
 
@@ -20,8 +15,6 @@ struct TemporaryFolder {
     std::filesystem::create_directories(path);
   }
 
-  TemporaryFolder(const TemporaryFolder &) = delete;
-
   ~TemporaryFolder() {
     std::error_code error;
     std::filesystem::remove_all(path, error);
@@ -29,15 +22,14 @@ struct TemporaryFolder {
 
   // Writes a file and returns its path.
   std::string write(const std::u8string &name, const std::vector<uint8_t> &bytes) const {
-    const std::filesystem::path file = std::filesystem::path(path) / name;
-    std::ofstream(file, std::ios::binary).write(reinterpret_cast<const char *>(bytes.data()), std::ssize(bytes));
-    const std::u8string text = file.u8string();
-    return std::string(text.begin(), text.end());
+    std::ofstream(path / std::filesystem::path(name), std::ios::binary)
+        .write(reinterpret_cast<const char *>(bytes.data()), std::ssize(bytes));
+    return path + std::string(name.begin(), name.end());
   }
 
   // The bytes of a file; empty where there is none.
   std::vector<uint8_t> read(const std::u8string &name) const {
-    std::ifstream file(std::filesystem::path(path) / name, std::ios::binary);
+    std::ifstream file(path / std::filesystem::path(name), std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
   }
 
