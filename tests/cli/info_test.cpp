@@ -31,7 +31,7 @@ TEST(CliInfo, TextOrRefusal) {
   using Row = std::tuple<const char *, Bytes, const char *, const char *>;
   for (const auto &[path, bytes, refused, text] :
        {Row{"a.VID", vidFile({0, 3}, {}), "", "4x1, 4 bpp, 16 colors, shown 8x2, 3 frames, 1 a second{"},
-        Row{"a.EVA", evaFile(3), "", "\"frameCount\":3,\"framesPerSecond\":12,\"isRgb\":false,\"currentFrame\":2,"},
+        Row{"a.EV8", evaFile(3), "", "\"frameCount\":3,\"framesPerSecond\":12,\"isRgb\":true,\"currentFrame\":2,"},
         Row{"b.SC8", {1}, "b.SC8: *** Error: Not a valid .SC8 file.", "\"error\":\"*** Error: Not a valid"},
         Row{"a.TXT", {1}, "a.TXT: not a kind of file that Korilan opens", "\"error\":null"},
         Row{"a.SC5", {0}, "a.SC5: holds no picture", "\"colourCountShown\":0,\"error\":null"}}) {
