@@ -8,8 +8,6 @@
 #include <initializer_list>
 #include <string>
 
-inline std::string errorLine(const std::string &extension) { return "*** Error: Not a valid " + extension + " file."; }
-
 // Depth, colour mode, colours, hasPalette, isPacked, spriteMode, size and colour text: "4 0 16 -1 0 1 256x212 16
 // colors".
 inline std::string descriptionText(const ViewerState &viewer) {
