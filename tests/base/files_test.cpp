@@ -37,7 +37,9 @@ TEST(SystemFiles, AreReadUnderNamesOfAnyScriptAndLength) {
   std::filesystem::create_directories(deep + "folder");
   EXPECT_EQ(replaced(deep + name, {'9'}), "");
   EXPECT_EQ(readFrom(deep + name, 0), "9 of 1");
+  folder.write(u8".hidden.SC5", {1}); // Wine hides such names, too
   EXPECT_EQ(files.listFolder(deep.c_str()), std::vector<std::string>{name});
+  EXPECT_EQ(files.listFolder(folder.path.c_str()), std::vector<std::string>{"日本の城 é.SC5"});
   std::vector<std::string> others{folder.path + "missing.SC5", folder.path};
 #ifdef _WIN32
   others.emplace_back("NUL");
@@ -61,8 +63,10 @@ TEST(SystemFiles, AreReplacedAsAWholeOrNotAtAll) {
   EXPECT_EQ(replaceFile(files, path, [](const PutBytes &put) { return put(Bytes{7}) + "stopped"; }), "stopped");
   EXPECT_EQ(folder.read(u8"new.bmp"), (Bytes{1, 2}));
   EXPECT_EQ(folder.fileCount(), 3U);
-  EXPECT_TRUE(sameFile(path, folder.path + "taken.bmp/../new.bmp"));
-  EXPECT_FALSE(sameFile(path, folder.path + longName) || sameFile(path, folder.path + "missing"));
+  for (const std::string name : {"new.bmp", "missing"}) { // a name to be has an identity, too
+    EXPECT_EQ(fileIdentity(folder.path + name), fileIdentity(folder.path + "taken.bmp/../" + name));
+    EXPECT_NE(fileIdentity(folder.path + name), fileIdentity(folder.path + longName));
+  }
   const FileHandle open = files.openForReading(path.c_str()); // others can rewrite and delete it meanwhile
   folder.write(u8"new.bmp", {2, 3, 4});
   EXPECT_EQ(files.length(open), 3);
@@ -81,6 +85,10 @@ TEST(SystemFiles, LinksRightsAndDevicesStay) {
   EXPECT_EQ(replaced(link, {2}) + replaced("/dev/null", {2}), "");
   EXPECT_TRUE(std::filesystem::is_symlink(link) && !std::filesystem::is_regular_file("/dev/null"));
   EXPECT_EQ(folder.read(u8"a.bmp"), Bytes{2});
+  std::filesystem::create_symlink("new.bmp", folder.path + "dangling.bmp");
+  EXPECT_EQ(fileIdentity(folder.path + "dangling.bmp"), fileIdentity(folder.path + "new.bmp"));
+  EXPECT_EQ(replaced(folder.path + "dangling.bmp", {3}), "");
+  EXPECT_EQ(folder.read(u8"new.bmp"), Bytes{3});
   EXPECT_EQ(std::filesystem::status(path).permissions(), std::filesystem::perms(0640));
 }
 

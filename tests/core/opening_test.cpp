@@ -131,9 +131,9 @@ TEST(FolderNavigation, WhichFileIsOpened) {
         Row{kNext, "b.SC5", "c.SC5 a.SC5 x.SC5", "a.SC5"}, // deleted itself: taken for the first
         Row{kNext, "a.SC5", "A.SC5 c.SC5 b.SC5", "c.SC5"}, // a name in other letters is another
         Row{kNext, "a.SC5", "a.SC5 x.TXT y.SC3 z SC5.bmp b.sc6", "b.sc6"}, Row{kNext, "a.SC5", "", "a.SC5"},
-        // Where the caption is another file's, or longer than the path, or in a deeper folder.
-        Row{kNext, "a longer name.TXT", three, "a longer name.TXT"}, Row{kNext, "x", three, "x"},
-        Row{kNext, "e\\.TXT", three, "e\\.TXT"}}) {
+        // A file that was ignored, beside the one before, with a shorter path, listed, or in a deeper folder.
+        Row{kNext, "a longer name.TXT", three, "a.SC5"}, Row{kNext, "x", three, "a.SC5"},
+        Row{kNext, "SR5", "c.SC5 SR5 b.SC5", "b.SC5"}, Row{kNext, "e\\.TXT", three, "a.SC5"}}) {
     SCOPED_TRACE(std::to_string(key) + " at " + current + " of " + left);
     FolderViewer window(three);
     openPath(window.viewer, "d\\c.SC5");

@@ -98,12 +98,12 @@ void expectHeader(const std::string &extension, const Bytes &file, size_t at, co
                   const std::string &halfway = "") {
   UsedViewer window;
   const ViewerState &viewer = window.viewer;
-  const std::string before = pictureText(viewer);
+  const std::string before = pictureText(viewer) + descriptionText(viewer);
   window.open("x" + extension, withBytesAt(file, at, change));
   SCOPED_TRACE(extension + " " + std::to_string(at) + " " + testing::PrintToString(change));
   EXPECT_EQ(viewer.window.Label4, loads ? "" : "*** Error: Not a valid " + extension + " file.");
   EXPECT_EQ(viewer.pictureShown, toFlag(loads));
-  EXPECT_EQ(pictureText(viewer) == before, !loads && halfway.empty());
+  EXPECT_EQ(pictureText(viewer) + descriptionText(viewer) == before, !loads && halfway.empty());
   EXPECT_TRUE(halfway.empty() || descriptionText(viewer) == halfway) << descriptionText(viewer);
 }
 
