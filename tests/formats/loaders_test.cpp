@@ -42,7 +42,7 @@ TEST(Loaders, LoadedPicture) {
   const Body spriteSet{0, 0, joined({sprites, Bytes(128), spriteColours})};
   const Body runs5{0, 0, Bytes(27285, 0x78)}, runs7{0, 0, Bytes(54315, 0x78)}; // the last run goes beyond the picture
   Bytes runs;
-  for (int i = 0; i < 300; ++i) runs = joined({runs, {255, 0x78}});
+  for (int i = 0; i < 352; ++i) runs = joined({runs, {255, 0x78}});
   using Row = std::tuple<std::string, Bytes, std::string, int32_t, Colours, Body, bool>; // palette's end, high pixels
   for (const auto &[extensions, file, description, paletteFilePos, colours, body, high] :
        {Row{".SC2", screen(0), "1 0 16 -1 0 0 256x192 16 colors", 0, kStandard, plain, false},
@@ -69,7 +69,7 @@ TEST(Loaders, LoadedPicture) {
         Row{".DAT", withBytesAt(rectangle(11, 13, {}), 75, kOwnEntries), "4 0 16 -1 0 1 11x13 16 colors", 76 + 32, kOwn,
             cleared, false},
         Row{".CMP", {1, 2, 1, 128, 128, 7}, "4 0 16 -1 -1 1 2x2 16 colors", 0, kStandard, {0, 0, {7, 7}}, false},
-        Row{".PCT", page({1, 6, 5}), "1 0 2 0 -1 1 512x704 2 colors", 0, kKept, {0, 0, {6, 5}}, true},
+        Row{".PCT", page(runs), "1 0 2 0 -1 1 512x704 2 colors", 0, kKept, {0, 0, Bytes(45056, 0x78)}, true},
         Row{".TGS", sprites, "3 119 16 -1 0 1 256x48 old colors", 0, kStandard, spriteSet, false}}) {
     for (const std::string &extension : wordsOf(extensions)) {
       for (const Flag16 noAspect : {kFalse, kTrue}) {

@@ -57,7 +57,8 @@ TEST(Depackers, StreamsByHand) {
   for (const auto &[name, depack, packed, room, expected] :
        {Row{"one count", bload, {3, 7}, 3, Bytes(3, 7)}, Row{"escaped", bload, {0, 5, 7}, 9, Bytes(5, 7)},
         Row{"two zeros", bload, {0, 0, 7}, 300, Bytes(256, 7)},
-        Row{"input ends before a value", bload, {2, 1, 0, 5}, 9, {1, 1}}, Row{"room ends", bload, {9, 3}, 2, {3, 3}},
+        Row{"input ends before a value", bload, {2, 1, 0, 5}, 9, {1, 1}},
+        Row{"input ends before a count", bload, {2, 1, 0}, 9, {1, 1}}, Row{"room ends", bload, {9, 3}, 2, {3, 3}},
         Row{"input ends in literals", page, {0, 7, 3, 1, 2}, 9, {7, 1, 2}},
         Row{"room ends in a run", page, {1, 3, 4, 130, 5}, 4, {3, 4, 5, 5}},
         Row{"size reached", bloadOf5, {2, 1, 3, 2, 2, 3}, 9, {1, 1, 2, 2, 2}},

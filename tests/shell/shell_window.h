@@ -1,6 +1,7 @@
 // The window of the shell in this process, on a thread of its own.
 #pragma once
 
+#include "base/windows_text.h"
 #include "core/commands.h"
 #include "core/menus.h"
 #include "sample_pictures.h"
@@ -28,9 +29,9 @@ inline bool waitUntil(const std::function<bool()> &holds) {
 }
 
 inline std::string textOf(HWND window) {
-  std::array<char, 16384> text{};
-  SendMessageA(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
-  return text.data();
+  std::array<wchar_t, 16384> text{};
+  SendMessageW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
+  return toUtf8(text.data());
 }
 
 // Writes the first sample whose name ends like that; returns its path.
@@ -74,7 +75,7 @@ struct ShellWindow {
   ~ShellWindow() {
     SendMessageA(main.window, WM_CLOSE, 0, 0);
     thread.join();
-    EXPECT_TRUE(main.window == nullptr && main.mainView.picture1 == nullptr && main.font == nullptr);
+    EXPECT_TRUE(main.window == nullptr && main.mainView.window == nullptr && main.font == nullptr);
   }
 
   HWND control(int id) const { return GetDlgItem(main.window, id); }

@@ -53,6 +53,16 @@ std::string finishOutput(OutputHandle handle, bool keep) {
 
 } // namespace
 
+MemoryDisk &memoryDisk() {
+  static thread_local MemoryDisk disk;
+  return disk;
+}
+
+DiskFaults &diskFaults() {
+  static thread_local DiskFaults faults;
+  return faults;
+}
+
 const FileOps &memoryFiles() {
   static constexpr FileOps kFiles{openForReading, lengthOf,    readAt,      [](FileHandle) {},
                                   listFolder,     beginOutput, writeOutput, finishOutput};

@@ -13,10 +13,8 @@ struct DiskFaults {
   bool readsStayFailed = false; // all reads after that one fail too
 };
 
-// The disk that memoryFiles() stands for in this thread.
-inline thread_local MemoryDisk theDisk;
-inline thread_local DiskFaults theFaults;
-inline MemoryDisk &memoryDisk() { return theDisk; }
-inline DiskFaults &diskFaults() { return theFaults; }
+// The disk that memoryFiles() is in this thread.
+MemoryDisk &memoryDisk();
+DiskFaults &diskFaults();
 
 const FileOps &memoryFiles();
