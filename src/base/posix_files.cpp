@@ -78,7 +78,8 @@ std::string linkTarget(std::string path) {
     const ssize_t length = readlink(path.c_str(), text.data(), text.size());
     if (length < 0) break;
     const std::string target(text.data(), static_cast<size_t>(length));
-    path = target.starts_with('/') ? target : path.substr(0, folderEnd(path)) + target;
+    path.resize(target.starts_with('/') ? 0 : folderEnd(path));
+    path += target;
   }
   return path;
 }
