@@ -110,7 +110,7 @@ std::string writePicture(const ViewerState &viewer, const CliRequest &request, T
   CliOutput output;
   if (std::string failure = beginCliOutput(output, target); !failure.empty()) return failure;
   const auto put = [&output](std::span<const uint8_t> bytes) { return writeCliOutput(output, bytes); };
-  const std::string failure =
+  std::string failure =
       finishCliOutput(output, request.format == ImageFormat::kPpm ? putPpm(picture, put)
                                                                   : putBitmap(picture, BitmapHeader::kFile, put));
   keepTarget(targets, target, path);
