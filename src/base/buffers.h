@@ -1,6 +1,7 @@
 // Memory whose size comes from a file: video memory, pictures, frames, packed bodies.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -22,6 +23,10 @@ public:
 
   // Zeroes all bytes from `position` on.
   void clearFrom(size_t position);
+
+  // Declares that all bytes from `end` on are zero, for who was handed out more than was written: spares their
+  // clearing.
+  void keepZeroFrom(size_t end) { used = std::min(used, end); }
 
   const uint8_t *data() const { return bytes.get(); }
   size_t size() const { return length; }

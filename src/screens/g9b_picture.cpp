@@ -79,6 +79,7 @@ void DepackG9b(ViewerState &viewer) {
   for (int block = 0; block < blocks; ++block) {
     runPendingEvents(viewer);
     depackG9bBlock(depacker, viewer.packedData, viewer.vram.written(viewer.vram.size()));
+    viewer.vram.keepZeroFrom(depacker.written); // the depacker leaves zeros there
   }
 }
 
