@@ -1,7 +1,6 @@
 #include "cli/convert.h"
 
 #include "base/paths.h"
-#include "cli/progress.h"
 #include "support/temporary_folder.h"
 #include "video/video_files.h"
 
@@ -48,10 +47,6 @@ TEST(CliConvert, BadFilesDoNotStopTheOthers) {
   // No way of writing its path lets a file replace itself.
   EXPECT_EQ(complaintOf({.outPath = folder.path + "." + folder.path.back() + "b.SC8", .files = {good}}),
             good + ": its picture would replace the file itself\n");
-}
-
-TEST(CliConvert, ProgressFitsALine) {
-  EXPECT_EQ(progressLine(12, 100, "城/" + std::string(99, 'n')), "[12/100] " + std::string(70, 'n'));
 }
 
 } // namespace

@@ -1,5 +1,4 @@
 // Commands, their keys, and Preferences.
-#include "core/help_text.h"
 #include "core/preferences.h"
 #include "support/bytes.h"
 #include "support/test_viewer.h"
@@ -43,13 +42,9 @@ TEST(Commands, OpenReloadAndView) {
   memoryDisk()["e\\b.SC6"] = kPicture;
   window.pressCtrl('O'); // cancelled
   EXPECT_EQ(window.viewer.filePath, "");
-  window.pressCtrl('Z'); // there is no picture
   window.platform.chosenFiles = {"e\\b.SC6"};
   window.pressCtrl('O');
-  EXPECT_EQ(window.viewer.window.stretch.targetHeight, 424);
-  window.pressCtrl('A');
-  EXPECT_EQ(window.viewer.window.stretch.targetHeight, 424); // never unchecked for this size
-  openPath(window.viewer, "other.TXT");                      // ignored
+  openPath(window.viewer, "other.TXT"); // ignored
   memoryDisk()["e\\b.SC6"] = BloadBuilder{.body = {0xFF}}.build();
   menuReload_Click(window.viewer); // as it is now
   EXPECT_EQ(window.viewer.frameBits[0], 0x6DFF6Du);
@@ -80,12 +75,6 @@ TEST(Keys, WhatEachDoes) {
       const std::string last = window.platform.log.back();
       EXPECT_EQ(last.substr(0, last.find('\n')), worked ? effect : "");
     }
-  }
-}
-
-TEST(Keys, HelpNamesThem) {
-  for (const char *line : {"F5\tReload", "Ctrl+A\t1:2 Aspect  Ratio", "Esc\tExit", ".EV8\tEVA RGB video file"}) {
-    EXPECT_NE(helpText().find(std::string("\n") + line), std::string::npos) << line;
   }
 }
 

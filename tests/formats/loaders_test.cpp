@@ -163,16 +163,4 @@ TEST(Loaders, ColourFileBesideTheSprites) {
   }
 }
 
-// DD-Graph pictures line by line, V9990 pictures block by block.
-TEST(Loaders, TheWindowLivesWhileAPictureIsUnpacked) {
-  using Row = std::tuple<const char *, Bytes, size_t>;
-  const Bytes g9b{'G', '9', 'B', 11, 0, 8, 64, 0, 3, 0, 1, 0, 1, 9, 9, 9, 3};
-  for (const auto &[path, file, passes] : {Row{"x.CMP", {4, 8, 1, 0}, 8}, Row{"x.G9B", g9b, 3}}) {
-    UsedViewer window;
-    for (int i = 0; i < 20; ++i) window.platform.events.push_back({[](ViewerState &, const std::string &) {}, {}});
-    window.open(path, file);
-    EXPECT_EQ(window.platform.events.size(), 20 - passes - 1) << path; // and once to show
-  }
-}
-
 } // namespace

@@ -111,24 +111,6 @@ TEST(Playback, AnyCommandAtAnyEvent) {
   }
 }
 
-// A menu that stays open for five seconds: silence meanwhile, and no frame is hurried afterwards.
-void holdFiveSeconds(ViewerState &viewer, const std::string &) {
-  pausePlayback(viewer);
-  platformOf(viewer.platform.context).ticks += 5000;
-  resumePlayback(viewer);
-}
-
-// Events are heard all the same; before the run has its sound there is none to go on.
-TEST(Playback, EveryFrameIsLate) {
-  TestViewer test;
-  test.open("x.EVA", evaFile(5));
-  test.viewer.platform.tickCount = [](void *context) { return platformOf(context).ticks += 500; };
-  test.platform.events = {{holdFiveSeconds, ""}, {pressKeys, " "}};
-  Image1_Click(test.viewer);
-  EXPECT_EQ(test.platform.ticks, 8500u);
-  EXPECT_EQ(std::ranges::count(test.platform.log, "startSound 15788"), 1);
-}
-
 TEST(Playback, KeysOfAVideo) {
   TestViewer test;
   test.open("x.EVA", evaFile(3));

@@ -65,19 +65,4 @@ TEST(Vid, RowLengthOfAnEarlierFile) {
   }
 }
 
-TEST(VideoMode, WindowOfAVideo) {
-  TestViewer test;
-  WindowModel &window = test.viewer.window;
-  test.viewer.hasPalette = test.viewer.isPacked = kTrue; // what the picture before left
-  window.readout.text = "#123456";
-  window.pictureSerial = 7;
-  window.menuSavePal.enabled = window.menuViewPal.checked = window.Label5[15].visible = true;
-  test.open("x.VID", vidFile({10, 1, 1024, 512, 1}, {}));
-  EXPECT_EQ(window.mainViewWidth + window.mainViewHeight, 2052 + 1028);
-  EXPECT_TRUE(window.menuSaveBMP.enabled && window.readout.text.empty());
-  EXPECT_EQ(window.pictureSerial, 8U);
-  EXPECT_FALSE(window.menuSavePal.enabled || window.menuViewPal.checked || window.Label5[15].visible);
-  EXPECT_EQ(test.viewer.hasPalette | test.viewer.isPacked, kFalse);
-}
-
 } // namespace

@@ -1,6 +1,5 @@
-// The palette of a file, and the texts of a description.
+// The palette of a file.
 #include "state/palette.h"
-#include "state/labels.h"
 #include "support/bytes.h"
 #include "support/test_viewer.h"
 
@@ -54,23 +53,6 @@ TEST(Palette, FallsBackToTheDefaultAsAWhole) {
     for (size_t i = 2; i < 256; ++i) {
       EXPECT_EQ(viewer.palette[i] == kUntouched, i >= (isDefault ? 16 : readEntries));
     }
-  }
-}
-
-TEST(Labels, TextsOfADescription) {
-  using Row = std::tuple<uint8_t, uint8_t, uint8_t, const char *>; // bits per pixel, colour mode, colours
-  for (const auto &[bits, mode, colours, text] :
-       {Row{16, 0, 0, "32K colors"}, Row{8, 0x00, 64, "64 colors"}, Row{8, 0x40, 255, "256 colors"},
-        Row{8, 0x80, 0, "YJK colors"}, Row{8, 0xC0, 0, "YUV colors"}, Row{8, 0xFF, 16, "YAE colors"},
-        Row{8, 0x01, 0, "old"}, Row{4, 0, 16, "16 colors"}, Row{2, 0, 4, "4 colors"}, Row{1, 0, 16, "16 colors"},
-        Row{1, 0, 2, "2 colors"}, Row{1, 0, 4, "old"}, Row{3, 0, 8, "old"}}) {
-    ViewerState viewer;
-    describePicture(viewer, {bits, mode, colours, kTrue, kTrue, kTrue, 7, 212});
-    viewer.window.Label3 = "old";
-    viewer.fileLoaded = kTrue;
-    showPictureInfo(viewer);
-    EXPECT_EQ(viewer.window.Label1 + "|" + viewer.window.Label2, "7x212|" + std::to_string(bits) + " bpp");
-    EXPECT_EQ(viewer.window.Label3, text);
   }
 }
 
