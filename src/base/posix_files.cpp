@@ -94,11 +94,14 @@ struct Output {
 void createTemporary(Output &output) {
   static std::atomic<unsigned> serial{0}; // only makes names differ between threads
   const std::string folder = output.target.substr(0, folderEnd(output.target));
+  bool created = false;
   do {
     output.temporary = folder + ".korilan-" + std::to_string(getpid()) + "-" + std::to_string(serial++) + ".tmp";
-    output.descriptor = open(output.temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-  } while (output.descriptor < 0 && errno == EEXIST);
-  if (output.descriptor >= 0) temporaries.remember(output.temporary.c_str());
+    created = temporaries.create(output.temporary.c_str(), [&output] {
+      output.descriptor = open(output.temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+      return output.descriptor >= 0;
+    });
+  } while (!created && errno == EEXIST);
 }
 
 OutputHandle beginOutput(const char *path, std::string &failure) {

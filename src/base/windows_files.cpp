@@ -132,10 +132,12 @@ void createTemporary(Output &output) {
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
     output.temporary =
         folder + L"~" + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(serial++) + L".tmp";
-    output.file = CreateFileW(output.temporary.c_str(), GENERIC_WRITE, FILE_SHARE_DELETE, nullptr, CREATE_NEW,
-                              FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (output.file != INVALID_HANDLE_VALUE) temporaries.remember(output.temporary.c_str());
-    if (output.file != INVALID_HANDLE_VALUE || GetLastError() != ERROR_FILE_EXISTS) return;
+    const bool created = temporaries.create(output.temporary.c_str(), [&output] {
+      output.file = CreateFileW(output.temporary.c_str(), GENERIC_WRITE, FILE_SHARE_DELETE, nullptr, CREATE_NEW,
+                                FILE_ATTRIBUTE_NORMAL, nullptr);
+      return output.file != INVALID_HANDLE_VALUE;
+    });
+    if (created || GetLastError() != ERROR_FILE_EXISTS) return;
   }
 }
 
