@@ -17,18 +17,7 @@ TEST(Text, Numbers) {
   EXPECT_EQ(swapRedBlue(0xFF123456), 0x563412u);
 }
 
-TEST(Text, CharactersNotBytes) {
-  const std::string text = "a\u00E9\u65E5."; // 1, 2, 3 and 1 bytes
-  EXPECT_EQ(characterCount(text), 4u);
-  EXPECT_EQ(lastCharacters(text, 2), "\u65E5.");
-  EXPECT_EQ(lastCharacters(text, 9), text);
-  EXPECT_EQ(upperCased("@AZ[`az{\u00E9"), "@AZ[`AZ{\u00E9"); // only letters of ASCII have one
-}
-
 TEST(Text, Paths) {
-  for (const auto &[path, length] : {std::pair{"", 0U}, {"a.SC5", 0}, {"one/two\\a", 8}, {"a\\b\\", 4}}) {
-    EXPECT_EQ(folderLength(path), length);
-  }
   EXPECT_EQ(fileNameOf("a\\b/c"), kFolderSeparators.size() == 2 ? "c" : "b/c");
   EXPECT_EQ(withLastLetters("x\u00E9\u00E9\u00E9", "bmp"), "xbmp");
 }
