@@ -11,7 +11,10 @@ inline constexpr int kEnd = 35;
 inline constexpr int kHome = 36;
 inline constexpr int kF1 = 112;
 inline constexpr int kF5 = 116;
+inline constexpr int kF11 = 122;
+inline constexpr int kPlus = 187;
 inline constexpr int kComma = 188;
+inline constexpr int kMinus = 189;
 inline constexpr int kPeriod = 190;
 
 } // namespace key_code

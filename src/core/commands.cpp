@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "core/display_geometry.h"
+#include "core/display_settings.h"
 #include "core/opening.h"
 #include "core/preferences.h"
 #include "state/labels.h"
@@ -39,6 +40,7 @@ std::optional<std::string> pathFromCommandLine(std::string_view commandLine) {
 void startViewer(ViewerState &viewer, std::string_view commandLine) {
   viewer.window.menuZoom.checked = true;
   loadPreferences(viewer);
+  loadDisplaySettings(viewer);
   resetViewer(viewer);
   if (const auto path = pathFromCommandLine(commandLine)) openPath(viewer, *path);
 }

@@ -41,8 +41,9 @@ bool runKey(ViewerState &viewer, std::span<const CommandKey> table, int code) {
 
 // Whether the key press is the row's shortcut.
 bool isShortcut(const ViewerState &viewer, const MenuRow &row, KeyPress key) {
-  if (row.shortcut.code != key.code || key.alt || key.shift) return false;
   const ShortcutUse use = row.shortcut.use;
+  if (row.shortcut.code != key.code || key.alt) return false;
+  if (key.shift) return key.ctrl && use == ShortcutUse::kWithCtrlAndShift;
   if (key.ctrl) return use == ShortcutUse::kWithCtrl || use == ShortcutUse::kWithCtrlOrAlone;
   return use == ShortcutUse::kKeyAlone || (use == ShortcutUse::kWithCtrlOrAlone && viewer.preferences.Check4 == kTrue);
 }

@@ -4,6 +4,7 @@
 #include "core/bitmap_export.h"
 #include "core/colour_count.h"
 #include "core/commands.h"
+#include "core/display_settings.h"
 #include "core/help_text.h"
 #include "core/image_info.h"
 #include "core/open_dialog.h"
@@ -43,6 +44,11 @@ constexpr std::array<MenuRow, kMenuRowCount> kMenuRows{{
     {"&Palette", "&Load Palette",      &WindowModel::menuLoadPal,       menuLoadPal_Click,       ctrl('L')},
     {"&Palette", "&Store Palette",     &WindowModel::menuSavePal,       menuSavePal_Click,       letter('T')},
     {"&Palette", "&Restore Palette",   &WindowModel::menuRestPal,       menuRestPal_Click,       letter('R')},
+    {"&Display", "&Grid",              &WindowModel::menuGrid,          menuGrid_Click,          {}},
+    {"&Display", nullptr,              nullptr,                         nullptr,                 {}},
+    {"&Display", "Follow &Changes",    &WindowModel::menuFollowChanges, menuFollowChanges_Click, {}},
+    {"&Display", "&Palette of the Same Name", &WindowModel::menuSamePalette, menuSamePalette_Click, {}},
+    {"&Display", "&Order by Number",   &WindowModel::menuOrderByNumber, menuOrderByNumber_Click, {}},
     {"&Help",    "&Help",              &WindowModel::menuHelp,          menuHelp_Click,          key(key_code::kF1)},
     {"&Help",    "&About",             &WindowModel::menuAbout,         menuAbout_Click,         {}},
 }};
@@ -52,7 +58,8 @@ std::string shortcutText(const MenuRow &row) {
   const auto [use, code] = row.shortcut;
   if (use == ShortcutUse::kNone) return "";
   if (use == ShortcutUse::kKeyAlone) return "F" + std::to_string(code - key_code::kF1 + 1);
-  return std::string("Ctrl+") + static_cast<char>(code);
+  const int sign = code == key_code::kPlus ? '+' : code == key_code::kMinus ? '-' : code;
+  return std::string(use == ShortcutUse::kWithCtrlAndShift ? "Ctrl+Shift+" : "Ctrl+") + static_cast<char>(sign);
 }
 
 std::string plainCaption(const char *caption) {
@@ -62,13 +69,21 @@ std::string plainCaption(const char *caption) {
 }
 
 bool menuRowEnabled(const WindowModel &window, const MenuRow &row) {
-  if (row.command == nullptr || !(window.*row.item).enabled) return false;
+  if (row.item == nullptr || !(window.*row.item).enabled) return false;
   return std::string_view(row.menu) != kViewMenu || window.menuView.enabled;
 }
 
 void runMenuRow(ViewerState &viewer, size_t index) {
   if (index >= kMenuRows.size() || !menuRowEnabled(viewer.window, kMenuRows[index])) return;
   const MenuCommand command = kMenuRows[index].command;
+  if (command == nullptr) return;
   if (viewer.activity == Activity::kLoading && command != menuExit_Click) return;
   command(viewer);
+}
+
+void runMenuChoice(ViewerState &viewer, size_t index, size_t choice) {
+  if (index >= kMenuRows.size() || kMenuRows[index].choices == nullptr) return;
+  const MenuRow &row = kMenuRows[index];
+  if (!menuRowEnabled(viewer.window, row) || viewer.activity == Activity::kLoading) return;
+  if (choice < (viewer.window.*row.choices).captions.size()) row.choose(viewer, choice);
 }

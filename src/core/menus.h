@@ -17,6 +17,7 @@ enum class ShortcutUse {
   kKeyAlone,
   kWithCtrl,
   kWithCtrlOrAlone, // alone only if the preference is checked
+  kWithCtrlAndShift,
 };
 
 struct Shortcut {
@@ -28,11 +29,15 @@ struct MenuRow {
   const char *menu;            // caption of the menu that holds the item
   const char *caption;         // nullptr: a separator; "&" precedes the access key
   MenuItem WindowModel::*item; // what enables and checks it
-  MenuCommand command;
+  MenuCommand command;         // nullptr: a separator or a submenu
   Shortcut shortcut;
+
+  // Of a submenu: its items, and what runs the one of that index.
+  ChoiceMenu WindowModel::*choices = nullptr;
+  void (*choose)(ViewerState &viewer, size_t index) = nullptr;
 };
 
-inline constexpr size_t kMenuRowCount = 21;
+inline constexpr size_t kMenuRowCount = 26;
 
 // In the order shown; the rows of a menu are adjacent.
 extern const std::array<MenuRow, kMenuRowCount> kMenuRows;
@@ -48,3 +53,6 @@ bool menuRowEnabled(const WindowModel &window, const MenuRow &row);
 
 // Runs the command of the row. Does nothing if the index is out of range or the row disabled; a load allows only Exit.
 void runMenuRow(ViewerState &viewer, size_t index);
+
+// Runs an item of the submenu that the row is. Does nothing if there is none, if the row is disabled or during a load.
+void runMenuChoice(ViewerState &viewer, size_t index, size_t choice);

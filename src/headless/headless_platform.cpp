@@ -98,6 +98,16 @@ void deleteSetting(void *context, const std::string &key) {
   platformOf(context).settings.erase(key);
 }
 
+std::optional<std::string> readValue(void *context, const std::string &name) {
+  const auto &values = platformOf(context).values;
+  const auto value = values.find(name);
+  return value != values.end() ? std::optional(value->second) : std::nullopt;
+}
+
+void writeValue(void *context, const std::string &name, const std::string &value) {
+  platformOf(context).values[name] = value;
+}
+
 void notifyAssociations(void *context) { log(context, "notifyAssociations"); }
 
 std::string programPath(void *) { return "C:\\Programs\\Korilan.exe"; }
@@ -134,6 +144,8 @@ void attachHeadless(ViewerState &viewer, HeadlessPlatform &headless) {
                      .readSetting = readSetting,
                      .writeSetting = writeSetting,
                      .deleteSetting = deleteSetting,
+                     .readValue = readValue,
+                     .writeValue = writeValue,
                      .notifyAssociations = notifyAssociations,
                      .programPath = programPath,
                      .startSound = startSound,

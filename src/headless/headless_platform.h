@@ -25,7 +25,8 @@ struct HeadlessPlatform {
   bool clipboardHeld = false;          // by another program
   std::deque<std::string> chosenFiles; // answers of the open dialog; empty: cancelled
   std::map<std::string, std::string> settings;
-  uint32_t ticks = 0; // the clock, in milliseconds; only waiting advances it
+  std::map<std::string, std::string> values; // of the program's own key
+  uint32_t ticks = 0;                        // the clock, in milliseconds; only waiting advances it
 };
 
 // Sets the viewer's platform to `headless`; each must outlive the use of the other.

@@ -12,6 +12,10 @@
 // Command number of row 0 of kMenuRows; row n has kFirstMenuCommand + n.
 #define kFirstMenuCommand 1000
 
+// Command number of item 0 of the submenu that row 0 would be; item m of row n has that + n * kMaxChoices + m.
+#define kFirstChoiceCommand 2000
+#define kMaxChoices 32
+
 #define kProgramIcon 1 // the lowest number: the icon that the desktop shows
 #define kThemedControlsManifest 2
 #define kPreferencesDialog 200

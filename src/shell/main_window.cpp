@@ -7,6 +7,7 @@
 #include "core/menus.h"
 #include "core/video_commands.h"
 #include "shell/control_ids.h"
+#include "shell/menu_bar.h"
 #include "shell/scale_functions.h"
 #include "shell/swatches.h"
 #include "shell/system_library.h"
@@ -20,7 +21,6 @@
 #include <shellapi.h>
 
 #include <string>
-#include <string_view>
 
 namespace {
 
@@ -28,31 +28,6 @@ constexpr wchar_t kWindowClass[] = L"KorilanMainWindow";
 
 // Posted to the main window after its first paint. The numbers before are messages of MainView.
 constexpr UINT kMakeControls = WM_APP + 3;
-
-// The menus of kMenuRows in the state of a new WindowModel.
-HMENU buildMenuBar() {
-  const WindowModel initial;
-  const HMENU menuBar = CreateMenu();
-  HMENU menu = nullptr;
-  std::string_view menuName;
-  for (size_t index = 0; index < kMenuRows.size(); ++index) {
-    const MenuRow &row = kMenuRows[index];
-    if (row.menu != menuName) {
-      menuName = row.menu;
-      menu = CreatePopupMenu();
-      AppendMenuW(menuBar, MF_POPUP, reinterpret_cast<UINT_PTR>(menu), toUtf16(row.menu).c_str());
-    }
-    if (row.caption == nullptr) {
-      AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
-    } else {
-      const auto state = static_cast<UINT>(menuRowEnabled(initial, row) ? MF_ENABLED : MF_GRAYED);
-      const std::string shortcut = shortcutText(row);
-      const std::string text = row.caption + (shortcut.empty() ? "" : "\t" + shortcut);
-      AppendMenuW(menu, MF_STRING | state, kFirstMenuCommand + index, toUtf16(text).c_str());
-    }
-  }
-  return menuBar;
-}
 
 // Returns the path of the first dropped file and ends the drop.
 std::string takeDroppedPath(HDROP drop) {
@@ -94,6 +69,14 @@ void scrollFrames(const MainWindow &main, int request) {
   default: return;
   }
   SetScrollPos(main.frameBar, SB_CTL, bar.value, TRUE); // moves the thumb back if the change was refused
+}
+
+void runMenuCommand(ViewerState &viewer, UINT command) {
+  if (const auto choice = menuChoiceOf(command)) {
+    runMenuChoice(viewer, choice->row, choice->choice);
+  } else {
+    runMenuRow(viewer, size_t{command} - kFirstMenuCommand);
+  }
 }
 
 void runControl(ViewerState &viewer, int id) {
@@ -159,7 +142,7 @@ LRESULT CALLBACK mainWindowProcedure(HWND window, UINT message, WPARAM wParam, L
   switch (message) {
   case WM_COMMAND:
     if (lParam == 0) {
-      runMenuRow(*main->viewer, size_t{LOWORD(wParam)} - kFirstMenuCommand);
+      runMenuCommand(*main->viewer, LOWORD(wParam));
     } else if (HIWORD(wParam) == BN_CLICKED) {
       runControl(*main->viewer, LOWORD(wParam));
     }

@@ -127,6 +127,10 @@ void writeSetting(void *, const std::string &key, const std::string &value) { wr
 
 void deleteSetting(void *, const std::string &key) { deleteRegistrySetting(key); }
 
+std::optional<std::string> readValue(void *, const std::string &name) { return readRegistryValue(name); }
+
+void writeValue(void *, const std::string &name, const std::string &value) { writeRegistryValue(name, value); }
+
 void notifyAssociations(void *) { notifyAssociationsChanged(); }
 
 std::string programPath(void *) {
@@ -172,6 +176,8 @@ PlatformOps windowsPlatform(MainWindow &main) {
       .readSetting = readSetting,
       .writeSetting = writeSetting,
       .deleteSetting = deleteSetting,
+      .readValue = readValue,
+      .writeValue = writeValue,
       .notifyAssociations = notifyAssociations,
       .programPath = programPath,
       .startSound = startSound,

@@ -14,6 +14,8 @@ namespace {
 // needs administrator rights, so settings are written to the classes of the user.
 constexpr char kUserClasses[] = "Software\\Classes\\";
 
+constexpr wchar_t kProgramKey[] = L"Software\\Korilan";
+
 constexpr REGSAM kReadWrite = KEY_READ | KEY_WRITE | KEY_CREATE_LINK;
 static_assert(kReadWrite == 0x2003F);
 
@@ -66,4 +68,23 @@ void deleteRegistrySetting(const std::string &key) {
 void notifyAssociationsChanged() {
   const auto notify = libraryFunction<decltype(SHChangeNotify)>(systemLibrary("shell32.dll"), "SHChangeNotify");
   if (notify != nullptr) notify(SHCNE_ASSOCCHANGED, kNotifyFlags, nullptr, nullptr);
+}
+
+std::optional<std::string> readRegistryValue(const std::string &name) {
+  const std::wstring wide = toUtf16(name);
+  DWORD bytes = 0;
+  const auto read = [&](void *into) {
+    return RegGetValueW(HKEY_CURRENT_USER, kProgramKey, wide.c_str(), RRF_RT_REG_SZ, nullptr, into, &bytes);
+  };
+  if (read(nullptr) != ERROR_SUCCESS) return std::nullopt;
+  std::wstring text(bytes / sizeof(wchar_t) + 1, L'\0');
+  bytes = static_cast<DWORD>(text.size() * sizeof(wchar_t));
+  if (read(text.data()) != ERROR_SUCCESS) return std::nullopt;
+  return toUtf8(text.c_str());
+}
+
+void writeRegistryValue(const std::string &name, const std::string &value) {
+  const std::wstring text = toUtf16(value);
+  RegSetKeyValueW(HKEY_CURRENT_USER, kProgramKey, toUtf16(name).c_str(), REG_SZ, text.c_str(),
+                  static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
 }

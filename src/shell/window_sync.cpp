@@ -1,7 +1,6 @@
 #include "shell/window_sync.h"
 
-#include "core/menus.h"
-#include "shell/control_ids.h"
+#include "shell/menu_bar.h"
 #include "shell/swatches.h"
 #include "shell/win32_helpers.h"
 #include "shell/window_controls.h"
@@ -9,31 +8,12 @@
 
 #include <algorithm>
 #include <string>
-#include <string_view>
 
 namespace {
 
 // InvalidateRect(nullptr) repaints every window: skip controls that were not created.
 void redraw(HWND control) {
   if (control != nullptr) InvalidateRect(control, nullptr, FALSE);
-}
-
-constexpr UINT greyed(bool enabled) { return static_cast<UINT>(enabled ? MF_ENABLED : MF_GRAYED); }
-
-void syncMenuItems(const MainWindow &main, const WindowModel &model) {
-  for (size_t index = 0; index < kMenuRows.size(); ++index) {
-    const MenuRow &row = kMenuRows[index];
-    if (row.item == nullptr) continue;
-    const UINT command = kFirstMenuCommand + static_cast<UINT>(index);
-    const bool enabled = menuRowEnabled(model, row);
-    if (enabled != menuRowEnabled(main.shown, row)) {
-      EnableMenuItem(main.menuBar, command, MF_BYCOMMAND | greyed(enabled));
-    }
-    const bool checked = (model.*row.item).checked;
-    if (checked != (main.shown.*row.item).checked) {
-      CheckMenuItem(main.menuBar, command, static_cast<UINT>(MF_BYCOMMAND | (checked ? MF_CHECKED : MF_UNCHECKED)));
-    }
-  }
 }
 
 void syncSwatches(MainWindow &main, const WindowModel &model) {
@@ -92,18 +72,6 @@ void syncVideoControls(MainWindow &main, const WindowModel &model) {
   setVisible(main.frameBar, bar.visible);
 }
 
-void syncViewMenu(const MainWindow &main, const WindowModel &model) {
-  if (model.menuView.enabled == main.shown.menuView.enabled) return;
-  UINT position = 0;
-  for (size_t index = 0; index < kMenuRows.size(); ++index) {
-    const std::string_view menu = kMenuRows[index].menu;
-    if (index > 0 && menu != kMenuRows[index - 1].menu) ++position;
-    if (menu == kViewMenu) break;
-  }
-  EnableMenuItem(main.menuBar, position, MF_BYPOSITION | greyed(model.menuView.enabled));
-  DrawMenuBar(main.window);
-}
-
 } // namespace
 
 void syncWindow(MainWindow &main) {
@@ -114,8 +82,7 @@ void syncWindow(MainWindow &main) {
   syncLabels(main, model);
   syncSwatches(main, model);
   syncVideoControls(main, model);
-  syncMenuItems(main, model);
-  syncViewMenu(main, model);
+  syncMenuBar(main.window, main.menuBar, model, main.shown);
 
   const bool recentred = model.alwaysCentred && (!main.shown.alwaysCentred || model.fittings != main.shown.fittings);
   const bool resized = model.mainViewWidth != main.shown.mainViewWidth ||

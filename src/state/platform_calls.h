@@ -37,6 +37,14 @@ inline void deleteSetting(const ViewerState &viewer, const std::string &key) {
   viewer.platform.deleteSetting(viewer.platform.context, key);
 }
 
+inline std::optional<std::string> readValue(const ViewerState &viewer, const std::string &name) {
+  return viewer.platform.readValue(viewer.platform.context, name);
+}
+
+inline void writeValue(const ViewerState &viewer, const std::string &name, const std::string &value) {
+  viewer.platform.writeValue(viewer.platform.context, name, value);
+}
+
 inline void notifyAssociations(const ViewerState &viewer) {
   viewer.platform.notifyAssociations(viewer.platform.context);
 }

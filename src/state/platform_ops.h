@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <span>
 #include <string>
 
@@ -56,6 +57,10 @@ struct PlatformOps {
   std::string (*readSetting)(void *context, const std::string &key) = nullptr;
   void (*writeSetting)(void *context, const std::string &key, const std::string &value) = nullptr;
   void (*deleteSetting)(void *context, const std::string &key) = nullptr;
+
+  // Values of the program's own key of the user's settings. A missing one, or one of another type, reads as nothing.
+  std::optional<std::string> (*readValue)(void *context, const std::string &name) = nullptr;
+  void (*writeValue)(void *context, const std::string &name, const std::string &value) = nullptr;
 
   // Tells the desktop that file associations have changed.
   void (*notifyAssociations)(void *context) = nullptr;

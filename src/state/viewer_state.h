@@ -3,6 +3,7 @@
 
 #include "base/buffers.h"
 #include "base/numbers.h"
+#include "state/display_settings.h"
 #include "state/file_kind.h"
 #include "state/input_file.h"
 #include "state/picture_settings.h"
@@ -135,6 +136,7 @@ struct ViewerState {
   uint8_t zoomMode = 1; // 0 normal, 1 zoomed
 
   Preferences preferences;
+  DisplaySettings display;
 
   const VideoPlayer *player = nullptr; // of the open video; nullptr if none is open
   VideoRun run;

@@ -5,10 +5,19 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 struct MenuItem {
   bool enabled = true;
   bool checked = false;
+};
+
+// A submenu whose items are not known beforehand.
+struct ChoiceMenu {
+  std::vector<std::string> captions; // empty: a separator
+  int32_t checked = -1;              // the marked one; -1: none
+
+  bool operator==(const ChoiceMenu &) const = default;
 };
 
 // One palette colour beside the picture; both colours are 0x00RRGGBB.
@@ -73,6 +82,10 @@ struct WindowModel {
   MenuItem menuLoadPal;
   MenuItem menuSavePal;
   MenuItem menuRestPal;
+  MenuItem menuGrid;
+  MenuItem menuFollowChanges;
+  MenuItem menuSamePalette;
+  MenuItem menuOrderByNumber;
   MenuItem menuHelp;
   MenuItem menuAbout;
 

@@ -1,0 +1,11 @@
+// What the Display menu sets: for all pictures, and kept from one start to the next.
+#pragma once
+
+#include <cstdint>
+
+struct DisplaySettings {
+  bool grid = false;              // lines between the pixels of an enlarged picture
+  bool followChanges = true;      // a file that changes is opened again
+  bool paletteOfSameName = false; // a palette file beside the picture replaces its colours
+  bool orderByNumber = false;     // paging takes PIC2 before PIC10
+};
