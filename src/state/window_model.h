@@ -101,6 +101,9 @@ struct WindowModel {
   int32_t mainViewHeight = 0;
   Stretch stretch;
 
+  int32_t scale = 1;       // screen pixels for each pixel of the stretched picture, in both directions
+  bool fullScreen = false; // the picture alone, on the whole monitor
+
   // Incremented to request a repaint, even at the same size.
   uint32_t pictureSerial = 0;
 };
