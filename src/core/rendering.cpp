@@ -107,20 +107,24 @@ void redrawPicture(ViewerState &viewer) {
   renderPicture(viewer);
 }
 
-std::vector<uint32_t> renderEntries(ViewerState &viewer) {
-  std::vector<uint32_t> entries;
-  if (!reserve(entries, viewer.frameBits.size())) return {};
-  entries.resize(viewer.frameBits.size());
+void drawEntries(ViewerState &viewer) {
   const auto loaded = descriptionOf(viewer);
   const auto palette = viewer.palette;
   const int32_t vramPos = viewer.vramPos;
   describePicture(viewer, viewer.picture);
   for (uint32_t entry = 0; entry < kPaletteEntries; ++entry) viewer.palette[entry] = kEntryMark + entry;
-  viewer.frameBits.swap(entries);
   drawFrame(viewer);
-  viewer.frameBits.swap(entries);
   viewer.palette = palette;
   viewer.vramPos = vramPos;
   describePicture(viewer, loaded);
+}
+
+std::vector<uint32_t> renderEntries(ViewerState &viewer) {
+  std::vector<uint32_t> entries;
+  if (!reserve(entries, viewer.frameBits.size())) return {};
+  entries.resize(viewer.frameBits.size());
+  viewer.frameBits.swap(entries);
+  drawEntries(viewer);
+  viewer.frameBits.swap(entries);
   return entries;
 }

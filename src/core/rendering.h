@@ -13,8 +13,11 @@ void renderAndShow(ViewerState &viewer);
 // Redraws the shown picture through the current palette.
 void redrawPicture(ViewerState &viewer);
 
-// Marks a palette entry in renderEntries().
+// Marks a palette entry.
 inline constexpr uint32_t kEntryMark = 0x01000000;
+
+// Draws kEntryMark + entry into the frame for each pixel drawn through `palette`; the caller restores the frame.
+void drawEntries(ViewerState &viewer);
 
 // The shown picture with kEntryMark + entry for each pixel drawn through `palette`; there are none if the palette
 // changes from line to line. Empty if there is not enough memory.

@@ -141,10 +141,20 @@ bool open(ViewerState &viewer) {
   return true;
 }
 
+std::span<const uint32_t> colours(const ViewerState &viewer) {
+  const EvaPlayer &eva = viewer.evaPlayer;
+  return eva.isRgb == kTrue ? std::span<const uint32_t>(eva.rgbColourTable) : std::span<const uint32_t>();
+}
+
 } // namespace
 
-constexpr VideoPlayer kEvaPlayer = {
-    .hasSound = true, .frames = frames, .rate = rate, .open = open, .show = showFrame, .play = playFrame};
+constexpr VideoPlayer kEvaPlayer = {.hasSound = true,
+                                    .frames = frames,
+                                    .rate = rate,
+                                    .colours = colours,
+                                    .open = open,
+                                    .show = showFrame,
+                                    .play = playFrame};
 
 bool loadEva(ViewerState &viewer) {
   const uint8_t code = readByte(viewer.inputFile, kRatePos);

@@ -136,9 +136,19 @@ bool open(ViewerState &viewer) {
   return true;
 }
 
+std::span<const uint32_t> colours(const ViewerState &viewer) {
+  const VidPlayer &vid = viewer.vidPlayer;
+  return std::span(vid.palette).first(vid.colourCode == kFourColours ? 4 : 16);
+}
+
 } // namespace
 
-constexpr VideoPlayer kVidPlayer = {
-    .hasSound = false, .frames = frames, .rate = rate, .open = open, .show = showFrame, .play = readAndDraw};
+constexpr VideoPlayer kVidPlayer = {.hasSound = false,
+                                    .frames = frames,
+                                    .rate = rate,
+                                    .colours = colours,
+                                    .open = open,
+                                    .show = showFrame,
+                                    .play = readAndDraw};
 
 bool loadVid(ViewerState &) { return true; }
