@@ -31,6 +31,9 @@ struct FileOps {
   // separator; if empty, it is the current folder.
   std::vector<std::string> (*listFolder)(const char *folder);
 
+  // Whether there is anything of that name.
+  bool (*exists)(const char *path);
+
   // Creates a temporary file beside `path`, which finishOutput() renames to `path`: a failure leaves the old file
   // whole. A device or pipe is written in place. Returns nullptr, with the system's message in `failure`, on failure.
   OutputHandle (*beginOutput)(const char *path, std::string &failure);

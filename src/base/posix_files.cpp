@@ -64,6 +64,11 @@ std::vector<std::string> listFolder(const char *folder) {
   return names;
 }
 
+bool exists(const char *path) {
+  struct stat status {};
+  return lstat(path, &status) == 0;
+}
+
 Temporaries<char> temporaries;
 
 size_t folderEnd(const std::string &path) { return path.find_last_of('/') + 1; }
@@ -150,6 +155,7 @@ constexpr FileOps kPosixFiles{.openForReading = openForReading,
                               .readAt = readAt,
                               .close = closeFile,
                               .listFolder = listFolder,
+                              .exists = exists,
                               .beginOutput = beginOutput,
                               .write = writeOutput,
                               .finishOutput = finishOutput};

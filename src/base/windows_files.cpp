@@ -86,6 +86,8 @@ std::string errorText(DWORD error) {
   return text.empty() ? "Error " + std::to_string(error) : text;
 }
 
+bool exists(const char *path) { return GetFileAttributesW(longPath(path).c_str()) != INVALID_FILE_ATTRIBUTES; }
+
 Temporaries<wchar_t> temporaries;
 
 struct Output {

@@ -9,6 +9,7 @@
 #include "core/image_info.h"
 #include "core/open_dialog.h"
 #include "core/palette_commands.h"
+#include "core/png_export.h"
 
 #include <string_view>
 
@@ -16,6 +17,7 @@ namespace {
 
 constexpr Shortcut key(int code) { return {ShortcutUse::kKeyAlone, code}; }
 constexpr Shortcut ctrl(char letter) { return {ShortcutUse::kWithCtrl, letter}; }
+constexpr Shortcut ctrlShift(char letter) { return {ShortcutUse::kWithCtrlAndShift, letter}; }
 constexpr Shortcut letter(char letter) { return {ShortcutUse::kWithCtrlOrAlone, letter}; }
 
 void menuPreferences_Click(ViewerState &viewer) { viewer.platform.showPreferences(viewer.platform.context); }
@@ -29,6 +31,7 @@ constexpr std::array<MenuRow, kMenuRowCount> kMenuRows{{
     {"&File",    "&Close",             &WindowModel::menuClose,         menuClose_Click,         ctrl('W')},
     {"&File",    nullptr,              nullptr,                         nullptr,                 {}},
     {"&File",    "&Save as Bitmap",    &WindowModel::menuSaveBMP,       menuSaveBMP_Click,       letter('S')},
+    {"&File",    "Save as P&NG",       &WindowModel::menuSavePNG,       menuSavePNG_Click,       ctrlShift('S')},
     {"&File",    "Cop&y to Clipboard", &WindowModel::menuCopyClipboard, menuCopyClipboard_Click, letter('C')},
     {"&File",    nullptr,              nullptr,                         nullptr,                 {}},
     {"&File",    "&Preferences",       &WindowModel::menuPreferences,   menuPreferences_Click,   ctrl('E')},

@@ -64,7 +64,7 @@ void resetViewer(ViewerState &viewer) {
   viewer.fileLoaded = kFalse;
   for (MenuItem *item :
        {&window.menuView, &window.menuViewPal, &window.menuSavePal, &window.menuLoadPal, &window.menuRestPal,
-        &window.menuReload, &window.menuClose, &window.menuSaveBMP, &window.menuCopyClipboard}) {
+        &window.menuReload, &window.menuClose, &window.menuSaveBMP, &window.menuSavePNG, &window.menuCopyClipboard}) {
     item->enabled = false;
   }
   window.menuDoubleHeight.checked = false;

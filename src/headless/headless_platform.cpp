@@ -76,6 +76,11 @@ void showMessage(void *context, const std::string &title, const std::string &tex
   log(context, kind + title + ": " + text);
 }
 
+bool askYesNo(void *context, const std::string &title, const std::string &text) {
+  log(context, "askYesNo " + title + ": " + text);
+  return platformOf(context).answersYes;
+}
+
 void showText(void *context, const std::string &title, const std::string &text) {
   log(context, "showText " + title + "\n" + text);
 }
@@ -139,6 +144,7 @@ void attachHeadless(ViewerState &viewer, HeadlessPlatform &headless) {
                      .copyToClipboard = copyToClipboard,
                      .askOpenFileName = askOpenFileName,
                      .showMessage = showMessage,
+                     .askYesNo = askYesNo,
                      .showText = showText,
                      .showPreferences = showPreferences,
                      .readSetting = readSetting,

@@ -23,6 +23,7 @@ struct HeadlessPlatform {
   std::vector<uint8_t> clipboard;      // the last copied bitmap
   std::vector<uint8_t> clipboardV5;    // the same with the version 5 header
   bool clipboardHeld = false;          // by another program
+  bool answersYes = false;             // to questions
   std::deque<std::string> chosenFiles; // answers of the open dialog; empty: cancelled
   std::map<std::string, std::string> settings;
   std::map<std::string, std::string> values; // of the program's own key

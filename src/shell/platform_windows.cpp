@@ -108,6 +108,17 @@ void showMessage(void *context, const std::string &title, const std::string &tex
   resumePlayback(*main.viewer);
 }
 
+bool askYesNo(void *context, const std::string &title, const std::string &text) {
+  MainWindow &main = mainWindowOf(context);
+  syncWindow(main);
+  pausePlayback(*main.viewer);
+  const ThemedControls themed;
+  const UINT style = MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2;
+  const int answer = MessageBoxW(main.window, toUtf16(text).c_str(), toUtf16(title).c_str(), style);
+  resumePlayback(*main.viewer);
+  return answer == IDYES;
+}
+
 void showText(void *context, const std::string &title, const std::string &text) {
   MainWindow &main = mainWindowOf(context);
   syncWindow(main);
@@ -171,6 +182,7 @@ PlatformOps windowsPlatform(MainWindow &main) {
       .copyToClipboard = copyToClipboard,
       .askOpenFileName = askOpenFileName,
       .showMessage = showMessage,
+      .askYesNo = askYesNo,
       .showText = showText,
       .showPreferences = showPreferences,
       .readSetting = readSetting,

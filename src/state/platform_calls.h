@@ -21,6 +21,10 @@ inline void showMessage(const ViewerState &viewer, const std::string &title, con
   viewer.platform.showMessage(viewer.platform.context, title, text, icon);
 }
 
+inline bool askYesNo(const ViewerState &viewer, const std::string &title, const std::string &text) {
+  return viewer.platform.askYesNo(viewer.platform.context, title, text);
+}
+
 inline void showText(const ViewerState &viewer, const std::string &title, const std::string &text) {
   viewer.platform.showText(viewer.platform.context, title, text);
 }

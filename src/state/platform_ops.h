@@ -46,6 +46,9 @@ struct PlatformOps {
   // Shows a modal message with an OK button.
   void (*showMessage)(void *context, const std::string &title, const std::string &text, MessageIcon icon) = nullptr;
 
+  // Asks a question with Yes and No; No is the answer if the user leaves it.
+  bool (*askYesNo)(void *context, const std::string &title, const std::string &text) = nullptr;
+
   // Shows a selectable text in a modal dialog; lines end in "\n", columns are separated by tabs.
   void (*showText)(void *context, const std::string &title, const std::string &text) = nullptr;
 

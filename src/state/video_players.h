@@ -15,7 +15,7 @@ struct ViewerState;
 struct VideoPlayer {
   bool hasSound;
   int32_t (*frames)(const ViewerState &viewer);
-  int32_t (*rate)(const ViewerState &viewer); // frames a second as stored in the file
+  int32_t (*rate)(const ViewerState &viewer);                      // frames a second as stored in the file
   std::span<const uint32_t> (*colours)(const ViewerState &viewer); // of its frames; none if they have no palette
   // Sets the window up for the open file and shows frame 0. Returns false, with the error shown, on failure.
   bool (*open)(ViewerState &viewer);

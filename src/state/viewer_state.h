@@ -119,8 +119,10 @@ struct ViewerState {
   int32_t frameWidth = 0;
   int32_t frameHeight = 0;
   const FileKind *pictureKind = &kNoKind;
-  PictureSettings picture;      // its description
-  std::string picturePath;      // its file; a bitmap is saved beside it
+  PictureSettings picture; // its description
+  std::string picturePath; // its file; a bitmap is saved beside it
+  std::vector<std::string>
+      savedFiles;               // PNG files written since the start: Save as PNG replaces them without a question
   Flag16 pictureShown = kFalse; // MainView shows the rendered picture
 
   // The picture in palette entries, for the read-out under the mouse; see core/colour_readout.cpp.

@@ -6,7 +6,8 @@ void hideSwatches(WindowModel &window) {
 }
 
 void enablePictureCommands(WindowModel &window) {
-  for (MenuItem *item : {&window.menuView, &window.menuClose, &window.menuSaveBMP, &window.menuCopyClipboard}) {
+  for (MenuItem *item :
+       {&window.menuView, &window.menuClose, &window.menuSaveBMP, &window.menuSavePNG, &window.menuCopyClipboard}) {
     item->enabled = true;
   }
 }

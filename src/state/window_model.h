@@ -70,6 +70,7 @@ struct WindowModel {
   MenuItem menuReload;
   MenuItem menuClose;
   MenuItem menuSaveBMP;
+  MenuItem menuSavePNG;
   MenuItem menuCopyClipboard;
   MenuItem menuPreferences;
   MenuItem menuExit;

@@ -64,7 +64,9 @@ DiskFaults &diskFaults() {
 }
 
 const FileOps &memoryFiles() {
-  static constexpr FileOps kFiles{openForReading, lengthOf,    readAt,      [](FileHandle) {},
-                                  listFolder,     beginOutput, writeOutput, finishOutput};
+  static constexpr FileOps kFiles{
+      openForReading,    lengthOf,    readAt,
+      [](FileHandle) {}, listFolder,  [](const char *path) { return memoryDisk().contains(path); },
+      beginOutput,       writeOutput, finishOutput};
   return kFiles;
 }

@@ -38,7 +38,8 @@ struct TestViewer {
 inline std::string menuText(const WindowModel &window) {
   std::string keys;
   for (const MenuRow &row : kMenuRows) {
-    if (std::isupper(row.shortcut.code) != 0 && menuRowEnabled(window, row))
+    const bool letter = std::isupper(row.shortcut.code) != 0 && row.shortcut.use != ShortcutUse::kWithCtrlAndShift;
+    if (letter && menuRowEnabled(window, row))
       keys += static_cast<char>(row.shortcut.code);
   }
   return keys;
