@@ -3,6 +3,7 @@
 
 namespace key_code {
 
+inline constexpr int kReturn = 13;
 inline constexpr int kEscape = 27;
 inline constexpr int kSpace = 32;
 inline constexpr int kPageUp = 33;

@@ -85,6 +85,12 @@ void menuDoubleHeight_Click(ViewerState &viewer) {
   ApplyDisplayGeometry(viewer);
 }
 
+void menuFullScreen_Click(ViewerState &viewer) {
+  WindowModel &window = viewer.window;
+  window.fullScreen = !window.fullScreen;
+  window.menuFullScreen.checked = window.fullScreen;
+}
+
 void menuExit_Click(ViewerState &viewer) {
   if (deferred(viewer, {Request::kExit})) return;
   stopSound(viewer);

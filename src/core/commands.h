@@ -30,5 +30,8 @@ void menuZoom_Click(ViewerState &viewer);
 // Shows each line of the picture twice, or once.
 void menuDoubleHeight_Click(ViewerState &viewer);
 
+// Shows the picture alone on the whole monitor, or the window again.
+void menuFullScreen_Click(ViewerState &viewer);
+
 // Closes the files and ends the program.
 void menuExit_Click(ViewerState &viewer);

@@ -14,12 +14,13 @@ struct HelpLine {
   const char *how;
 };
 
-constexpr std::array<HelpLine, 10> kFurtherKeys{{
+constexpr std::array<HelpLine, 11> kFurtherKeys{{
     {"Page Down", "Next picture of the folder"},
     {"Page Up", "Previous picture of the folder"},
     {"Home", "First picture of the folder"},
     {"End", "Last picture of the folder"},
-    {"Esc", "Exit, if Preferences allow it"},
+    {"Esc", "Leave full screen; then Exit, if Preferences allow it"},
+    {"Alt+Enter", "Full screen; so does a double click on the picture"},
     {"Space", "Play or stop a video"},
     {", and .", "Previous frame, next frame"},
     {"Arrow keys", "Scroll a picture larger than the screen"},

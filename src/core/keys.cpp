@@ -29,6 +29,24 @@ constexpr std::array<CommandKey, 3> kVideoKeys{{
     {key_code::kPeriod, showNextFrame},
 }};
 
+// F11 or Alt+Enter.
+bool isFullScreenKey(KeyPress key) {
+  if (key.ctrl || key.shift) return false;
+  return key.alt ? key.code == key_code::kReturn : key.code == key_code::kF11;
+}
+
+// Leaves full screen first, then the program if the preferences allow it. Returns false if there is nothing to leave.
+bool pressEscape(ViewerState &viewer) {
+  if (viewer.window.fullScreen) {
+    menuFullScreen_Click(viewer);
+  } else if (viewer.preferences.Check3 == kTrue) {
+    menuExit_Click(viewer);
+  } else {
+    return false;
+  }
+  return true;
+}
+
 // Runs the key's command. Returns false if the table has none.
 bool runKey(ViewerState &viewer, std::span<const CommandKey> table, int code) {
   for (const CommandKey &row : table) {
@@ -50,12 +68,14 @@ bool isShortcut(const ViewerState &viewer, const MenuRow &row, KeyPress key) {
 
 } // namespace
 
-// Paging keys first, then Esc, then the keys of an open video, then the shortcuts of the menus.
+// Paging keys first, then Esc and the keys of full screen, then the keys of an open video, then the shortcuts of the
+// menus.
 bool pressKey(ViewerState &viewer, KeyPress key) {
   const bool alone = !key.ctrl && !key.alt && !key.shift;
   if (alone && runKey(viewer, kPagingKeys, key.code)) return true;
-  if (alone && key.code == key_code::kEscape && viewer.preferences.Check3 == kTrue) {
-    menuExit_Click(viewer);
+  if (alone && key.code == key_code::kEscape && pressEscape(viewer)) return true;
+  if (isFullScreenKey(key)) {                        // also during a load
+    if (!key.repeated) menuFullScreen_Click(viewer); // a key held down acts once
     return true;
   }
   if (viewer.player != nullptr && key.code == key_code::kSpace && key.repeated) return true;

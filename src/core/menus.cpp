@@ -49,6 +49,8 @@ constexpr std::array<MenuRow, kMenuRowCount> kMenuRows{{
     {"&Palette", "&Restore Palette",   &WindowModel::menuRestPal,       menuRestPal_Click,       letter('R')},
     {"&Display", "&Grid",              &WindowModel::menuGrid,          menuGrid_Click,          {}},
     {"&Display", nullptr,              nullptr,                         nullptr,                 {}},
+    {"&Display", "&Full Screen",       &WindowModel::menuFullScreen,    menuFullScreen_Click,    key(key_code::kF11)},
+    {"&Display", nullptr,              nullptr,                         nullptr,                 {}},
     {"&Display", "Follow &Changes",    &WindowModel::menuFollowChanges, menuFollowChanges_Click, {}},
     {"&Display", "&Palette of the Same Name", &WindowModel::menuSamePalette, menuSamePalette_Click, {}},
     {"&Display", "&Order by Number",   &WindowModel::menuOrderByNumber, menuOrderByNumber_Click, {}},

@@ -163,6 +163,7 @@ LRESULT CALLBACK mainViewProcedure(HWND window, UINT message, WPARAM wParam, LPA
   case WM_NCLBUTTONDOWN: return pressScrollBar(window, wParam, lParam);
   case WM_MOUSEMOVE: mouseMoved(*view, lParam); return 0;
   case WM_MOUSELEAVE: return SendMessageW(GetParent(window), kMouseLeftView, 0, 0);
+  case WM_LBUTTONDBLCLK:
   case WM_DROPFILES: return SendMessageW(GetParent(window), message, wParam, lParam);
   case WM_DESTROY: *view = {}; return 0;
   default: return DefWindowProcW(window, message, wParam, lParam);
@@ -175,6 +176,7 @@ bool createMainView(MainView &view, const ViewerState &viewer, HWND parent, HINS
   view.viewer = &viewer;
   WNDCLASSEXW viewClass{};
   viewClass.cbSize = sizeof viewClass;
+  viewClass.style = CS_DBLCLKS;
   viewClass.lpfnWndProc = mainViewProcedure;
   viewClass.hInstance = instance;
   viewClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);

@@ -93,6 +93,7 @@ LRESULT pressFrame(const MainWindow &main, WPARAM part, LPARAM place) {
 }
 
 void releaseWindow(MainWindow &main) {
+  if (main.shown.fullScreen) DestroyMenu(main.menuBar); // belongs to no window
   main.window = nullptr;
   releaseFont(main);
   PostQuitMessage(0);
@@ -102,6 +103,7 @@ void releaseWindow(MainWindow &main) {
 LRESULT handlePlacement(MainWindow &main, UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
   case WM_SIZE:
+    if (main.shown.fullScreen && wParam != SIZE_MINIMIZED) coverMonitor(main);
     if (wParam == SIZE_RESTORED && main.fitLater) {
       fitWindow(main);
     } else if (wParam != SIZE_MINIMIZED) {
@@ -109,16 +111,21 @@ LRESULT handlePlacement(MainWindow &main, UINT message, WPARAM wParam, LPARAM lP
     }
     return 0;
   case WM_GETMINMAXINFO: {
+    if (main.shown.fullScreen) break;
     const SIZE minimum = minWindowSize(main);
     reinterpret_cast<MINMAXINFO *>(lParam)->ptMinTrackSize = {minimum.cx, minimum.cy};
     return 0;
   }
   case WM_GETDPISCALEDSIZE:
-    if (IsZoomed(main.window) || IsIconic(main.window)) break;
+    if (main.shown.fullScreen || IsZoomed(main.window) || IsIconic(main.window)) break;
     *reinterpret_cast<SIZE *>(lParam) = sizeAtScale(main, static_cast<UINT>(wParam));
     return TRUE;
   case WM_DPICHANGED: changeScale(main, LOWORD(wParam), *reinterpret_cast<const RECT *>(lParam)); return 0;
-  case WM_DISPLAYCHANGE: placeWindow(main); return 0;
+  case WM_DISPLAYCHANGE:
+    if (main.shown.fullScreen) coverMonitor(main);
+    main.fullScreen.displayChanged = true;
+    placeWindow(main);
+    return 0;
   case WM_SETTINGCHANGE:
     if (wParam == SPI_SETWORKAREA) {
       placeWindow(main);
@@ -154,6 +161,13 @@ LRESULT CALLBACK mainWindowProcedure(HWND window, UINT message, WPARAM wParam, L
   case WM_EXITMENULOOP:
   case WM_EXITSIZEMOVE: resumePlayback(*main->viewer); return 0;
   case kMakeControls: makeLabels(*main); return 0;
+  case WM_LBUTTONDBLCLK: menuFullScreen_Click(*main->viewer); break;
+  case WM_SETCURSOR:
+    if (main->shown.fullScreen && IsWindowEnabled(window) && trackPointer(*main)) return TRUE;
+    return DefWindowProcW(window, message, wParam, lParam);
+  case WM_TIMER:
+    if (wParam == kPointerTimer) hideRestingPointer(*main);
+    return 0;
   case WM_SETFOCUS: SetFocus(main->mainView.window); return 0;
   case WM_DRAWITEM: drawItem(*main, *reinterpret_cast<const DRAWITEMSTRUCT *>(lParam)); return TRUE;
   case kMouseOverView: moveMouse(*main->viewer, static_cast<int32_t>(wParam), static_cast<int32_t>(lParam)); break;
@@ -209,7 +223,10 @@ void showMainWindow(MainWindow &main, int showCommand) {
 }
 
 void handleMessage(MainWindow &main, MSG &message) {
-  if (message.message == WM_KEYDOWN && main.window != nullptr) {
+  // Alt makes a key a system key; without Alt one goes to a minimised window.
+  const bool keyDown =
+      message.message == WM_KEYDOWN || (message.message == WM_SYSKEYDOWN && (HIWORD(message.lParam) & KF_ALTDOWN) != 0);
+  if (keyDown && main.window != nullptr) {
     const bool ctrl = GetKeyState(VK_CONTROL) < 0;
     const bool alt = GetKeyState(VK_MENU) < 0;
     const bool shift = GetKeyState(VK_SHIFT) < 0;
@@ -220,7 +237,7 @@ void handleMessage(MainWindow &main, MSG &message) {
       return;
     }
   }
-  if (IsDialogMessageW(main.window, &message)) return; // Tab moves the focus
+  if (!main.shown.fullScreen && IsDialogMessageW(main.window, &message)) return; // Tab moves the focus
   TranslateMessage(&message);
   DispatchMessageW(&message);
 }

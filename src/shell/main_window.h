@@ -1,6 +1,7 @@
 // The main window: shows the viewer's WindowModel.
 #pragma once
 
+#include "shell/full_screen.h"
 #include "shell/main_view.h"
 #include "shell/sound_device.h"
 #include "shell/video_buttons.h"
@@ -30,7 +31,8 @@ struct MainWindow {
   WindowModel shown;       // what the controls show
   DWORD lastEventPass = 0; // tick count of the last event pass
   bool moving = false;     // the user moves or resizes the window
-  bool fitLater = false;   // a fitting waits until the window is restored or its move has ended
+  FullScreen fullScreen;
+  bool fitLater = false; // a fitting waits until the window is restored or its move has ended
 };
 
 // Creates the hidden window and MainView; both records must outlive it. Returns false if the system refuses.

@@ -16,12 +16,14 @@ SIZE clientSizeOf(HWND window) {
   return sizeOf(client);
 }
 
-RECT workAreaOf(HWND window) {
+MONITORINFO monitorOf(HWND window) {
   MONITORINFO monitor{};
   monitor.cbSize = sizeof monitor;
   GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
-  return monitor.rcWork;
+  return monitor;
 }
+
+RECT workAreaOf(HWND window) { return monitorOf(window).rcWork; }
 
 void requestMouseLeave(HWND window) {
   TRACKMOUSEEVENT request{};

@@ -12,7 +12,10 @@ SIZE windowSizeOf(HWND window);
 
 SIZE clientSizeOf(HWND window);
 
-// Work area of the monitor that shows most of the window.
+// The monitor that shows most of the window.
+MONITORINFO monitorOf(HWND window);
+
+// Its work area.
 RECT workAreaOf(HWND window);
 
 // Has WM_MOUSELEAVE sent once, when the mouse leaves the window.

@@ -74,6 +74,11 @@ SIZE contentSize(const WindowModel &model, const TextMetrics &metrics, LONG maxH
 }
 
 WindowLayout layOutWindow(const WindowModel &model, const TextMetrics &metrics, SIZE client) {
+  if (model.fullScreen) {
+    WindowLayout layout; // MainView's border lies outside the window, all else has no size
+    layout.mainView = {-kViewBorder, -kViewBorder, client.cx + kViewBorder, client.cy + kViewBorder};
+    return layout;
+  }
   const int margin = scaled(kMargin, metrics);
   const int gap = scaled(kFieldGap, metrics);
   const LONG labelGap = scaled(kLabelGap, metrics);

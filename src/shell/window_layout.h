@@ -36,6 +36,7 @@ SIZE contentSize(const WindowModel &model, const TextMetrics &metrics, LONG maxH
 
 // From top to bottom: MainView, centred; the controls of a video; Label1 to Label3 and the swatches; Label4 and, at the
 // right end, the read-out. If the client area is too small, MainView shrinks and the labels stay visible.
+// In full screen MainView alone.
 WindowLayout layOutWindow(const WindowModel &model, const TextMetrics &metrics, SIZE client);
 
 // Clamps the size of `window` to the work area, then moves it inside by the shortest way.

@@ -16,14 +16,14 @@ SIZE outerSize(HWND window, SIZE client, const TextMetrics &metrics) {
   return sizeOf(outer);
 }
 
-SIZE contentToShow(const MainWindow &main, const TextMetrics &metrics) {
+SIZE contentAt(const MainWindow &main, const TextMetrics &metrics) {
   const LONG frameHeight = outerSize(main.window, {}, metrics).cy;
   return contentSize(main.shown, metrics, sizeOf(workAreaOf(main.window)).cy - frameHeight);
 }
 
 // Outer size at which nothing scrolls.
 SIZE fullSize(const MainWindow &main, const TextMetrics &metrics) {
-  return outerSize(main.window, contentToShow(main, metrics), metrics);
+  return outerSize(main.window, contentAt(main, metrics), metrics);
 }
 
 constexpr UINT kMoveOnly = SWP_NOZORDER | SWP_NOACTIVATE;
@@ -53,7 +53,7 @@ RECT placeOnWorkArea(HWND window, SIZE size, bool centred) {
 
 // One call sizes, moves and, with SWP_SHOWWINDOW in `how`, shows the window: each call is slow.
 void fitToContent(const MainWindow &main, UINT how = kMoveOnly) {
-  const SIZE content = contentToShow(main, main.metrics);
+  const SIZE content = contentToShow(main);
   const SIZE outer = outerSize(main.window, content, main.metrics);
   const bool centred = main.shown.alwaysCentred;
   const RECT place = placeOnWorkArea(main.window, outer, centred);
@@ -68,7 +68,9 @@ void fitToContent(const MainWindow &main, UINT how = kMoveOnly) {
   moveWindow(main.window, placeOnWorkArea(main.window, {outer.cx, outer.cy + missing}, centred));
 }
 
-bool resizable(const MainWindow &main) { return !main.moving && !IsZoomed(main.window) && !IsIconic(main.window); }
+bool resizable(const MainWindow &main) {
+  return !main.moving && !main.shown.fullScreen && !IsZoomed(main.window) && !IsIconic(main.window);
+}
 
 HFONT createMessageFont(UINT dotsPerInch) {
   NONCLIENTMETRICSW system{}; // the call exists only for UTF-16
@@ -122,10 +124,14 @@ void placeControls(MainWindow &main) {
   moveControl(main.readoutSwatch, layout.readoutSwatch);
 }
 
+SIZE contentToShow(const MainWindow &main) { return contentAt(main, main.metrics); }
+
 void fitWindow(MainWindow &main) {
   if (!IsWindowVisible(main.window)) return;
-  main.fitLater = !resizable(main);
-  if (!main.fitLater) fitToContent(main);
+  if (!main.shown.fullScreen) {
+    main.fitLater = !resizable(main);
+    if (!main.fitLater) fitToContent(main);
+  }
   placeControls(main);
 }
 
@@ -162,6 +168,7 @@ SIZE sizeAtScale(const MainWindow &main, UINT dotsPerInch) {
 
 void changeScale(MainWindow &main, UINT dotsPerInch, const RECT &place) {
   updateFont(main, dotsPerInch);
+  if (main.shown.fullScreen) return coverMonitor(main);
   if (IsZoomed(main.window) || IsIconic(main.window)) main.fitLater = true;
   // Not even the minimum size changes the place: the window would jump under the mouse.
   moveWindow(main.window, place, kMoveOnly | SWP_NOSENDCHANGING);

@@ -10,8 +10,12 @@ void releaseFont(MainWindow &main);
 // Lays the controls out for the current client area.
 void placeControls(MainWindow &main);
 
+// Size of the client area that shows all of the content.
+SIZE contentToShow(const MainWindow &main);
+
 // Sizes the window to its content and places it as placeWindow() does. A maximised or minimised window is fitted when
-// it is restored, one that the user moves at the end of the move; a hidden one is left alone.
+// it is restored, one that the user moves at the end of the move; a hidden one and
+// full screen are left alone.
 void fitWindow(MainWindow &main);
 
 // Moves the window onto the work area of its monitor, into the centre if it is always centred, and keeps its size.

@@ -89,10 +89,14 @@ void syncWindow(MainWindow &main) {
                        model.mainViewHeight != main.shown.mainViewHeight ||
                        model.HScroll1.visible != main.shown.HScroll1.visible;
   const bool redrawn = model.pictureSerial != main.shown.pictureSerial || model.stretch != main.shown.stretch;
+  const bool turned = model.fullScreen != main.shown.fullScreen;
+  if (turned && model.fullScreen) storeWindow(main);
   // Assigned before resizing, which sends messages that read `shown`.
   main.shown = model;
   if (redrawn) redrawPicture(main.mainView, model.stretch, pictureAreaOf(model));
-  if (resized) {
+  if (turned) {
+    turnFullScreen(main);
+  } else if (resized) {
     fitWindow(main);
   } else if (recentred && IsWindowVisible(main.window)) {
     placeWindow(main);

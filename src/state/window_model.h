@@ -84,6 +84,7 @@ struct WindowModel {
   MenuItem menuSavePal;
   MenuItem menuRestPal;
   MenuItem menuGrid;
+  MenuItem menuFullScreen;
   MenuItem menuFollowChanges;
   MenuItem menuSamePalette;
   MenuItem menuOrderByNumber;
