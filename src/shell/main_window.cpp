@@ -13,6 +13,7 @@
 #include "shell/system_library.h"
 #include "shell/win32_helpers.h"
 #include "shell/window_controls.h"
+#include "shell/window_memory.h"
 #include "shell/window_placement.h"
 #include "shell/window_sync.h"
 #include "state/labels.h"
@@ -93,6 +94,7 @@ LRESULT pressFrame(const MainWindow &main, WPARAM part, LPARAM place) {
 }
 
 void releaseWindow(MainWindow &main) {
+  rememberWindow(main);
   if (main.shown.fullScreen) DestroyMenu(main.menuBar); // belongs to no window
   main.window = nullptr;
   releaseFont(main);
@@ -110,6 +112,7 @@ LRESULT handlePlacement(MainWindow &main, UINT message, WPARAM wParam, LPARAM lP
       placeControls(main);
     }
     return 0;
+  case WM_SIZING: main.sizedByHand = true; break;
   case WM_GETMINMAXINFO: {
     if (main.shown.fullScreen) break;
     const SIZE minimum = minWindowSize(main);
@@ -176,6 +179,9 @@ LRESULT CALLBACK mainWindowProcedure(HWND window, UINT message, WPARAM wParam, L
   case WM_DROPFILES: openDroppedFile(*main, reinterpret_cast<HDROP>(wParam)); break;
   case WM_CLOSE: menuExit_Click(*main->viewer); break;
   case WM_ENTERIDLE: break; // a dialog may have run a command: sync while it is open
+  case WM_ENDSESSION:
+    if (wParam != FALSE) rememberWindow(*main); // no WM_DESTROY follows
+    return 0;
   case WM_DESTROY: releaseWindow(*main); return 0;
   default: return handlePlacement(*main, message, wParam, lParam);
   }
@@ -203,9 +209,12 @@ bool createMainWindow(MainWindow &main, ViewerState &viewer, HINSTANCE instance)
   registerWindowClass(instance);
   main.viewer = &viewer;
   main.menuBar = buildMenuBar();
+  const WindowMemory last = recallWindow(viewer);
+  main.sizedByHand = last.sizedByHand;
+  main.opensMaximised = last.maximised;
   main.window = CreateWindowExW(WS_EX_ACCEPTFILES, kWindowClass, toUtf16(main.shown.caption).c_str(),
-                                WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT,
-                                CW_USEDEFAULT, nullptr, main.menuBar, instance, nullptr);
+                                WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, last.corner.x, last.corner.y, last.size.cx,
+                                last.size.cy, nullptr, main.menuBar, instance, nullptr);
   if (main.window == nullptr || !createMainView(main.mainView, viewer, main.window, instance)) return false;
   allowDrops(main.window);
   updateFont(main, scaleFunctions().dpiForWindow(main.window));

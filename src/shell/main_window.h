@@ -32,7 +32,10 @@ struct MainWindow {
   DWORD lastEventPass = 0; // tick count of the last event pass
   bool moving = false;     // the user moves or resizes the window
   FullScreen fullScreen;
-  bool fitLater = false; // a fitting waits until the window is restored or its move has ended
+  bool sizedByHand = false;                     // the user has sized the window: the size is kept
+  bool opensMaximised = false;                  // as the last window was closed
+  POINT evadedTo{CW_USEDEFAULT, CW_USEDEFAULT}; // where it was put because another one stood in its place
+  bool fitLater = false;                        // a fitting waits until the window is restored or its move has ended
 };
 
 // Creates the hidden window and MainView; both records must outlive it. Returns false if the system refuses.

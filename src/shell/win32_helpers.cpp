@@ -16,12 +16,14 @@ SIZE clientSizeOf(HWND window) {
   return sizeOf(client);
 }
 
-MONITORINFO monitorOf(HWND window) {
-  MONITORINFO monitor{};
-  monitor.cbSize = sizeof monitor;
-  GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
-  return monitor;
+MONITORINFO infoOf(HMONITOR monitor) {
+  MONITORINFO info{};
+  info.cbSize = sizeof info;
+  GetMonitorInfoW(monitor, &info);
+  return info;
 }
+
+MONITORINFO monitorOf(HWND window) { return infoOf(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST)); }
 
 RECT workAreaOf(HWND window) { return monitorOf(window).rcWork; }
 

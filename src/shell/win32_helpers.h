@@ -12,6 +12,8 @@ SIZE windowSizeOf(HWND window);
 
 SIZE clientSizeOf(HWND window);
 
+MONITORINFO infoOf(HMONITOR monitor);
+
 // The monitor that shows most of the window.
 MONITORINFO monitorOf(HWND window);
 

@@ -140,3 +140,13 @@ RECT centredOnWorkArea(SIZE window, const RECT &workArea) {
   const LONG top = (workArea.top + workArea.bottom - window.cy) / 2;
   return {left, top, left + window.cx, top + window.cy};
 }
+
+RECT freePlace(RECT window, std::span<const POINT> taken, int step, const RECT &workArea) {
+  const auto isTaken = [&](const POINT &corner) { return corner.x == window.left && corner.y == window.top; };
+  for (size_t steps = 0; steps < taken.size() && std::any_of(taken.begin(), taken.end(), isTaken); ++steps) {
+    OffsetRect(&window, step, step);
+    if (window.right <= workArea.right && window.bottom <= workArea.bottom) continue;
+    OffsetRect(&window, workArea.left - window.left, workArea.top - window.top);
+  }
+  return window;
+}

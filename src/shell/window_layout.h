@@ -6,6 +6,7 @@
 #include <windows.h>
 
 #include <array>
+#include <span>
 
 // Metrics of the screen and of the label font.
 struct TextMetrics {
@@ -44,3 +45,7 @@ RECT keptOnWorkArea(RECT window, const RECT &workArea);
 
 // A rectangle of that size in the centre of the work area.
 RECT centredOnWorkArea(SIZE window, const RECT &workArea);
+
+// A place for a window whose corner is none of `taken`: `window`, moved to the right and down in steps; one that leaves
+// the work area goes on from the top left of it. Gives up after a step for each of `taken`.
+RECT freePlace(RECT window, std::span<const POINT> taken, int step, const RECT &workArea);

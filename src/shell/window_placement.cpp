@@ -4,6 +4,8 @@
 #include "shell/win32_helpers.h"
 
 #include <algorithm>
+#include <array>
+#include <vector>
 
 namespace {
 
@@ -53,8 +55,9 @@ RECT placeOnWorkArea(HWND window, SIZE size, bool centred) {
 
 // One call sizes, moves and, with SWP_SHOWWINDOW in `how`, shows the window: each call is slow.
 void fitToContent(const MainWindow &main, UINT how = kMoveOnly) {
-  const SIZE content = contentToShow(main);
-  const SIZE outer = outerSize(main.window, content, main.metrics);
+  const bool sized = main.sizedByHand;
+  const SIZE content = sized ? clientSizeOf(main.window) : contentToShow(main);
+  const SIZE outer = sized ? windowSizeOf(main.window) : outerSize(main.window, content, main.metrics);
   const bool centred = main.shown.alwaysCentred;
   const RECT place = placeOnWorkArea(main.window, outer, centred);
   moveWindow(main.window, place, how);
@@ -66,6 +69,34 @@ void fitToContent(const MainWindow &main, UINT how = kMoveOnly) {
   const LONG missing = content.cy - clientSizeOf(main.window).cy;
   if (missing <= 0) return;
   moveWindow(main.window, placeOnWorkArea(main.window, {outer.cx, outer.cy + missing}, centred));
+}
+
+// Top left corners of the program's other windows.
+std::vector<POINT> otherCorners(HWND window) {
+  constexpr size_t kMaxWindows = 64;
+  std::array<wchar_t, 64> className{};
+  GetClassNameW(window, className.data(), static_cast<int>(className.size()));
+  std::vector<POINT> corners;
+  for (HWND other = nullptr; corners.size() < kMaxWindows;) {
+    other = FindWindowExW(nullptr, other, className.data(), nullptr);
+    if (other == nullptr) break;
+    RECT place{};
+    if (other != window && IsWindowVisible(other) && GetWindowRect(other, &place)) {
+      corners.push_back({place.left, place.top});
+    }
+  }
+  return corners;
+}
+
+// Moves a window that would open exactly where another of the program's stands.
+void evadeOthers(MainWindow &main) {
+  const SIZE size = main.sizedByHand ? windowSizeOf(main.window) : fullSize(main, main.metrics);
+  const RECT wanted = placeOnWorkArea(main.window, size, false);
+  const int step = scaleFunctions().systemMetric(SM_CYCAPTION, static_cast<UINT>(main.metrics.dotsPerInch));
+  const RECT place = freePlace(wanted, otherCorners(main.window), step, workAreaOf(main.window));
+  if (EqualRect(&place, &wanted)) return;
+  moveWindow(main.window, place);
+  main.evadedTo = {place.left, place.top};
 }
 
 bool resizable(const MainWindow &main) {
@@ -136,7 +167,12 @@ void fitWindow(MainWindow &main) {
 }
 
 void showFitted(MainWindow &main, int showCommand) {
-  const bool plainly = showCommand == SW_SHOWNORMAL || showCommand == SW_SHOWDEFAULT;
+  bool plainly = showCommand == SW_SHOWNORMAL || showCommand == SW_SHOWDEFAULT;
+  if (plainly && main.opensMaximised) {
+    showCommand = SW_SHOWMAXIMIZED;
+    plainly = false;
+  }
+  if (!main.shown.alwaysCentred) evadeOthers(main);
   fitToContent(main, plainly ? SWP_SHOWWINDOW : kMoveOnly);
   placeControls(main);
   updateScrollBars(main.mainView);

@@ -78,6 +78,30 @@ TEST(Keys, WhatEachDoes) {
   }
 }
 
+TEST(Keys, FullScreenIsLeftBeforeTheProgram) {
+  TestViewer window;
+  window.viewer.preferences.Check3 = kTrue;
+  bool full = false;
+  for (const KeyPress key : {KeyPress{122},
+                             {122, false, true},
+                             {122, false, false, false, true},
+                             {27},
+                             KeyPress{13, false, true},
+                             {13},
+                             {13, true, true},
+                             {122},
+                             {122},
+                             {27},
+                             {27}}) {
+    EXPECT_TRUE(window.platform.log.empty());
+    const bool turns = (key.code == 122 && !key.alt && !key.repeated) || (key.code == 13 && key.alt && !key.ctrl);
+    full = key.code == 27 ? false : full != turns;
+    pressKey(window.viewer, key);
+    EXPECT_TRUE(window.viewer.window.fullScreen == full && window.viewer.window.menuFullScreen.checked == full);
+  }
+  EXPECT_EQ(window.platform.log, std::vector<std::string>{"exitProgram"});
+}
+
 // The checked boxes: extensions, then letters for centring, Esc, shortcuts and ratio.
 std::string boxesOf(const Preferences &form) {
   std::string text;

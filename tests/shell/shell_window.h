@@ -50,8 +50,10 @@ struct ShellWindow {
   HWND caller = nullptr; // runs procedures on the window's thread
   std::thread thread;
 
-  // Shows the first sample whose name ends like that; an empty window for "".
-  explicit ShellWindow(const std::string &sample, int showCommand = SW_SHOWNORMAL) {
+  // Shows the first sample whose name ends like that; an empty window for "". The user's settings are those of a first
+  // start unless they are kept.
+  explicit ShellWindow(const std::string &sample, int showCommand = SW_SHOWNORMAL, bool settingsKept = false) {
+    if (!settingsKept) RegDeleteTreeA(HKEY_CURRENT_USER, "Software\\Korilan");
     const WNDPROC runProcedure = [](HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
       if (message == WM_APP) (*reinterpret_cast<std::function<void()> *>(lParam))();
       return DefWindowProcA(window, message, wParam, lParam);
