@@ -101,7 +101,7 @@ void releaseWindow(MainWindow &main) {
   PostQuitMessage(0);
 }
 
-// Messages about size, place and scale.
+// Messages about size, place, scale and pointer.
 LRESULT handlePlacement(MainWindow &main, UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
   case WM_SIZE:
@@ -136,6 +136,12 @@ LRESULT handlePlacement(MainWindow &main, UINT message, WPARAM wParam, LPARAM lP
       changeSettings(main, wParam == SPI_SETNONCLIENTMETRICS);
     }
     break;
+  case WM_ENDSESSION:
+    if (wParam != FALSE) rememberWindow(main); // no WM_DESTROY follows
+    return 0;
+  case WM_SETCURSOR:
+    if (main.shown.fullScreen && IsWindowEnabled(main.window) && trackPointer(main)) return TRUE;
+    break;
   case WM_THEMECHANGED: changeSettings(main, false); break;
   default: break;
   }
@@ -165,9 +171,6 @@ LRESULT CALLBACK mainWindowProcedure(HWND window, UINT message, WPARAM wParam, L
   case WM_EXITSIZEMOVE: resumePlayback(*main->viewer); return 0;
   case kMakeControls: makeLabels(*main); return 0;
   case WM_LBUTTONDBLCLK: menuFullScreen_Click(*main->viewer); break;
-  case WM_SETCURSOR:
-    if (main->shown.fullScreen && IsWindowEnabled(window) && trackPointer(*main)) return TRUE;
-    return DefWindowProcW(window, message, wParam, lParam);
   case WM_TIMER:
     if (wParam == kPointerTimer) hideRestingPointer(*main);
     return 0;
@@ -179,9 +182,6 @@ LRESULT CALLBACK mainWindowProcedure(HWND window, UINT message, WPARAM wParam, L
   case WM_DROPFILES: openDroppedFile(*main, reinterpret_cast<HDROP>(wParam)); break;
   case WM_CLOSE: menuExit_Click(*main->viewer); break;
   case WM_ENTERIDLE: break; // a dialog may have run a command: sync while it is open
-  case WM_ENDSESSION:
-    if (wParam != FALSE) rememberWindow(*main); // no WM_DESTROY follows
-    return 0;
   case WM_DESTROY: releaseWindow(*main); return 0;
   default: return handlePlacement(*main, message, wParam, lParam);
   }

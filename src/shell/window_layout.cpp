@@ -56,6 +56,13 @@ RECT nextRectangle(LONG &left, LONG top, int width, int height) {
   return rectangle;
 }
 
+// MainView's border lies outside the window; all else has no size.
+WindowLayout layOutFullScreen(SIZE client) {
+  WindowLayout layout;
+  layout.mainView = {-kViewBorder, -kViewBorder, client.cx + kViewBorder, client.cy + kViewBorder};
+  return layout;
+}
+
 } // namespace
 
 SIZE pictureAreaOf(const WindowModel &model) {
@@ -74,11 +81,7 @@ SIZE contentSize(const WindowModel &model, const TextMetrics &metrics, LONG maxH
 }
 
 WindowLayout layOutWindow(const WindowModel &model, const TextMetrics &metrics, SIZE client) {
-  if (model.fullScreen) {
-    WindowLayout layout; // MainView's border lies outside the window, all else has no size
-    layout.mainView = {-kViewBorder, -kViewBorder, client.cx + kViewBorder, client.cy + kViewBorder};
-    return layout;
-  }
+  if (model.fullScreen) return layOutFullScreen(client);
   const int margin = scaled(kMargin, metrics);
   const int gap = scaled(kFieldGap, metrics);
   const LONG labelGap = scaled(kLabelGap, metrics);
