@@ -39,6 +39,7 @@ void leaveFullScreen(MainWindow &main) {
   before.pointerHidden = false;
   SetWindowLongW(main.window, GWL_STYLE, static_cast<LONG>(before.style));
   SetMenu(main.window, main.menuBar);
+  if (before.displayChanged) ShowWindow(main.window, SW_RESTORE); // has a maximised window measured anew
   SetWindowPlacement(main.window, &before.placement);
   // The placement of a window that the system has put beside another has its place before that.
   setPlace(main.window, before.place, before.displayChanged ? SWP_NOMOVE | SWP_NOSIZE : 0);

@@ -62,6 +62,12 @@ TEST(FullScreen, LeavingItRestoresTheWindow) {
     EXPECT_TRUE(coversTheScreen(window)) << how;
     window.press(VK_ESCAPE);
     EXPECT_EQ(placeOf(main), before) << how;
+    window.press(VK_F11);
+    SendMessageA(main, WM_DISPLAYCHANGE, 0, 0); // the old place may be off the screen
+    window.press(VK_F11);
+    const RECT work = workAreaOf(main), onScreen = keptOnWorkArea({before[0], before[1], before[2], before[3]}, work);
+    const Place moved{onScreen.left, onScreen.top, onScreen.right, onScreen.bottom};
+    EXPECT_EQ(placeOf(main), IsZoomed(main) ? before : moved);
   }
 }
 
