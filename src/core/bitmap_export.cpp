@@ -1,21 +1,40 @@
 #include "core/bitmap_export.h"
 
 #include "base/paths.h"
+#include "core/colour_numbers.h"
+#include "core/png_export.h"
 #include "state/platform_calls.h"
 
 #include <algorithm>
+#include <memory>
 
 namespace {
 
-ClipboardBitmap clipboardBitmap(const PixelView &picture, BitmapHeader header) {
-  const auto write = [picture, header](std::span<uint8_t> into) {
-    putBitmap(picture, header, [&into](std::span<const uint8_t> bytes) {
-      std::copy(bytes.begin(), bytes.end(), into.begin());
-      into = into.subspan(bytes.size());
-      return std::string();
-    });
+// What is put goes into `into`, which has room for it.
+PutBytes putInto(std::span<uint8_t> &into) {
+  return [&into](std::span<const uint8_t> bytes) {
+    std::copy(bytes.begin(), bytes.end(), into.begin());
+    into = into.subspan(bytes.size());
+    return std::string();
   };
+}
+
+ClipboardForm clipboardBitmap(const PixelView &picture, BitmapHeader header) {
+  const auto write = [picture, header](std::span<uint8_t> into) { putBitmap(picture, header, putInto(into)); };
   return {bitmapBytes(picture, header), write};
+}
+
+// The file is made twice: its length must be known first, and it goes straight into the memory of the clipboard.
+ClipboardForm clipboardPng(ViewerState &viewer) {
+  const auto numbered = std::make_shared<const NumberedPicture>(numberPicture(viewer));
+  const auto write = [&viewer, numbered](const PutBytes &put) { return putShownPng(viewer, *numbered, put); };
+  size_t bytes = 0;
+  const std::string failure = write([&bytes](std::span<const uint8_t> piece) {
+    bytes += piece.size();
+    return std::string();
+  });
+  if (!failure.empty()) bytes = 0;
+  return {bytes, [write](std::span<uint8_t> into) { write(putInto(into)); }};
 }
 
 } // namespace
@@ -44,10 +63,10 @@ void menuSaveBMP_Click(ViewerState &viewer) {
 
 void menuCopyClipboard_Click(ViewerState &viewer) {
   const PixelView picture = shownPicture(viewer);
-  if (viewer.platform.copyToClipboard(viewer.platform.context, clipboardBitmap(picture, BitmapHeader::kClipboard),
-                                      clipboardBitmap(picture, BitmapHeader::kClipboardV5))) {
-    return;
-  }
+  const ClipboardPicture forms{.bitmap = clipboardBitmap(picture, BitmapHeader::kClipboard),
+                               .bitmapV5 = clipboardBitmap(picture, BitmapHeader::kClipboardV5),
+                               .png = clipboardPng(viewer)};
+  if (viewer.platform.copyToClipboard(viewer.platform.context, forms)) return;
   showMessage(viewer, "Korilan", "Could not copy: the clipboard is in use, or there is not enough memory.",
               MessageIcon::kWarning);
 }

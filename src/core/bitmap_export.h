@@ -17,5 +17,5 @@ std::string bitmapPath(const ViewerState &viewer);
 // A failure shows a message with the system's error; the existing file stays whole.
 void menuSaveBMP_Click(ViewerState &viewer);
 
-// Puts the picture at its own size onto the clipboard as a bitmap. A failure shows a message.
+// Puts the picture at its own size onto the clipboard, as a bitmap and as a PNG file. A failure shows a message.
 void menuCopyClipboard_Click(ViewerState &viewer);

@@ -14,9 +14,12 @@ bool hasTallPixels(const ViewerState &viewer) {
          3 * int64_t{stretch.targetWidth} * stretch.sourceHeight;
 }
 
-std::string putShownPng(ViewerState &viewer, const PutBytes &put) {
-  const NumberedPicture numbered = numberPicture(viewer);
+std::string putShownPng(const ViewerState &viewer, const NumberedPicture &numbered, const PutBytes &put) {
   return putPng(shownPicture(viewer), {numbered.entries, numbered.palette}, hasTallPixels(viewer), put);
+}
+
+std::string putShownPng(ViewerState &viewer, const PutBytes &put) {
+  return putShownPng(viewer, numberPicture(viewer), put);
 }
 
 std::string pngPath(const ViewerState &viewer) { return withLastLetters(bitmapPath(viewer), "png"); }

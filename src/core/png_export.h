@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/file_ops.h"
+#include "core/colour_numbers.h"
 #include "state/viewer_state.h"
 
 #include <string>
@@ -12,6 +13,9 @@ bool hasTallPixels(const ViewerState &viewer);
 // Puts the file, at the picture's own size: indexed if every pixel is a palette entry. Returns what went wrong in
 // `put`, or why there is no PNG file of the picture.
 std::string putShownPng(ViewerState &viewer, const PutBytes &put);
+
+// The same with the colour numbers that numberPicture() has given.
+std::string putShownPng(const ViewerState &viewer, const NumberedPicture &numbered, const PutBytes &put);
 
 // The path for Save as PNG: that of Save as Bitmap with "png".
 std::string pngPath(const ViewerState &viewer);

@@ -39,24 +39,25 @@ void presentPicture(void *context, std::span<const uint32_t>, int32_t width, int
   logOnce(platformOf(context), "presentPicture " + std::to_string(width) + "x" + std::to_string(height));
 }
 
-// Empty if there is not enough memory.
-std::vector<uint8_t> bytesOf(const ClipboardBitmap &bitmap) {
-  std::vector<uint8_t> bytes;
-  if (!reserve(bytes, bitmap.bytes)) return bytes;
-  bytes.resize(bitmap.bytes);
-  bitmap.write(bytes);
-  return bytes;
+// Returns false if there is not enough memory.
+bool take(const ClipboardForm &form, std::vector<uint8_t> &bytes) {
+  if (!reserve(bytes, form.bytes)) return false;
+  bytes.resize(form.bytes);
+  form.write(bytes);
+  return true;
 }
 
-bool copyToClipboard(void *context, const ClipboardBitmap &bitmap, const ClipboardBitmap &bitmapV5) {
+bool copyToClipboard(void *context, const ClipboardPicture &picture) {
   HeadlessPlatform &headless = platformOf(context);
-  log(context, "copyToClipboard " + std::to_string(bitmap.bytes));
+  log(context, "copyToClipboard " + std::to_string(picture.bitmap.bytes));
   if (headless.clipboardHeld) return false;
-  std::vector<uint8_t> plain = bytesOf(bitmap);
-  std::vector<uint8_t> version5 = bytesOf(bitmapV5);
-  if (plain.empty() || version5.empty()) return false;
+  std::vector<uint8_t> plain;
+  std::vector<uint8_t> version5;
+  std::vector<uint8_t> png;
+  if (!take(picture.bitmap, plain) || !take(picture.bitmapV5, version5) || !take(picture.png, png)) return false;
   headless.clipboard = std::move(plain);
   headless.clipboardV5 = std::move(version5);
+  headless.clipboardPng = std::move(png);
   return true;
 }
 

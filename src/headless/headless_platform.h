@@ -22,6 +22,7 @@ struct HeadlessPlatform {
   std::vector<std::string> log;        // a line per call, "presentPicture 256x212"
   std::vector<uint8_t> clipboard;      // the last copied bitmap
   std::vector<uint8_t> clipboardV5;    // the same with the version 5 header
+  std::vector<uint8_t> clipboardPng;   // the same as a PNG file
   bool clipboardHeld = false;          // by another program
   bool answersYes = false;             // to questions
   std::deque<std::string> chosenFiles; // answers of the open dialog; empty: cancelled

@@ -56,14 +56,14 @@ bool openClipboardPatiently(HWND owner) {
 }
 
 // nullptr if there is not enough memory.
-HGLOBAL globalCopy(const ClipboardBitmap &bitmap) {
-  const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bitmap.bytes);
+HGLOBAL globalCopy(const ClipboardForm &form) {
+  const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, form.bytes);
   auto *into = static_cast<uint8_t *>(memory != nullptr ? GlobalLock(memory) : nullptr);
   if (into == nullptr) {
     if (memory != nullptr) GlobalFree(memory);
     return nullptr;
   }
-  bitmap.write({into, bitmap.bytes});
+  form.write({into, form.bytes});
   GlobalUnlock(memory);
   return memory;
 }
@@ -76,20 +76,31 @@ bool offer(UINT format, HGLOBAL memory) {
   return false;
 }
 
-// The clipboard keeps its contents if there is not enough memory.
-bool copyToClipboard(void *context, const ClipboardBitmap &bitmap, const ClipboardBitmap &bitmapV5) {
-  const HGLOBAL plain = globalCopy(bitmap);
-  const HGLOBAL version5 = plain != nullptr ? globalCopy(bitmapV5) : nullptr;
-  if (version5 == nullptr || !openClipboardPatiently(mainWindowOf(context).window)) {
-    GlobalFree(plain);
-    GlobalFree(version5);
+// The clipboard keeps its contents if there is not enough memory. The forms hold the same pixels: programs take the
+// first one that they know.
+bool copyToClipboard(void *context, const ClipboardPicture &picture) {
+  struct Offer {
+    UINT format;
+    const ClipboardForm &form;
+    HGLOBAL memory = nullptr;
+  };
+  std::array<Offer, 3> offers{
+      {{CF_DIBV5, picture.bitmapV5}, {CF_DIB, picture.bitmap}, {RegisterClipboardFormatW(L"PNG"), picture.png}}};
+  bool ready = true;
+  for (Offer &each : offers) {
+    if (each.form.bytes == 0) continue;
+    each.memory = ready ? globalCopy(each.form) : nullptr;
+    ready = ready && each.memory != nullptr;
+  }
+  if (!ready || !openClipboardPatiently(mainWindowOf(context).window)) {
+    for (const Offer &each : offers) GlobalFree(each.memory);
     return false;
   }
   EmptyClipboard();
-  const bool version5Taken = offer(CF_DIBV5, version5);
-  const bool plainTaken = offer(CF_DIB, plain);
+  bool taken = true;
+  for (const Offer &each : offers) taken = (each.memory == nullptr || offer(each.format, each.memory)) && taken;
   CloseClipboard();
-  return version5Taken && plainTaken;
+  return taken;
 }
 
 std::string askOpenFileName(void *context, const std::string &filter, const std::string &initialDirectory) {

@@ -10,10 +10,16 @@
 #include <span>
 #include <string>
 
-// A bitmap for the clipboard: its length, and what writes it into that many bytes.
-struct ClipboardBitmap {
+// A form of the picture for the clipboard: its length, and what writes it into that many bytes.
+struct ClipboardForm {
   size_t bytes;
   std::function<void(std::span<uint8_t> into)> write;
+};
+
+struct ClipboardPicture {
+  ClipboardForm bitmap; // device-independent: header and rows, without the file header
+  ClipboardForm bitmapV5;
+  ClipboardForm png; // of no bytes if the picture is empty
 };
 
 enum class MessageIcon { kNone, kWarning, kInformation };
@@ -34,9 +40,8 @@ struct PlatformOps {
   // The rendered picture is complete: `width` x `height` words 0x00RRGGBB, top row first.
   void (*presentPicture)(void *context, std::span<const uint32_t> frameBits, int32_t width, int32_t height) = nullptr;
 
-  // Puts a device-independent bitmap onto the clipboard (header and rows, without the file header), with the plain
-  // header and with the version 5 one. Returns false if another program holds the clipboard or memory runs out.
-  bool (*copyToClipboard)(void *context, const ClipboardBitmap &bitmap, const ClipboardBitmap &bitmapV5) = nullptr;
+  // Puts the picture onto the clipboard. Returns false if another program holds the clipboard or memory runs out.
+  bool (*copyToClipboard)(void *context, const ClipboardPicture &picture) = nullptr;
 
   // Asks for a file to open; `filter` is a list of description and pattern, each ended by a NUL, and a final NUL.
   // Returns its full path; empty if the user cancels or the dialog fails.

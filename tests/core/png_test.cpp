@@ -110,6 +110,25 @@ TEST(Png, VideosAndFixedColours) {
   }
 }
 
+TEST(Png, IsSavedBesideThePictureAndCopied) {
+  TestViewer test;
+  test.open("d\\a.SC8", sampleNamed("COAST.SC8").bytes);
+  const Bytes png = written([&](const PutBytes &put) { return putShownPng(test.viewer, put); });
+  for (const bool yes : {false, true, false}) { // one's own file is replaced without a question
+    memoryDisk()["d\\a.png"] = {1};
+    test.platform.answersYes = yes;
+    test.platform.log.clear();
+    pressKey(test.viewer, {.code = 'S', .ctrl = true, .shift = true});
+    const bool replaced = memoryDisk()["d\\a.png"] == png;
+    EXPECT_EQ(replaced, yes || test.platform.log.empty());
+    EXPECT_EQ(test.platform.log,
+              replaced && !yes ? std::vector<std::string>{}
+                               : std::vector<std::string>{"askYesNo Korilan: d\\a.png already exists.\n\nReplace it?"});
+  }
+  test.pressCtrl('C');
+  EXPECT_TRUE(test.platform.clipboardPng == png);
+}
+
 TEST(Png, AfterARefusedFileThePictureIsSavedAsItIs) {
   TestViewer test;
   openSample(test, sampleNamed("COAST.SC5"), sampleNamed("COAST.SC5").bytes);
