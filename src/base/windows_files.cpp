@@ -194,6 +194,7 @@ const FileOps &systemFiles() {
       .readAt = readAt,
       .close = closeFile,
       .listFolder = listFolder,
+      .exists = exists,
       .beginOutput = beginOutput,
       .write = writeOutput,
       .finishOutput = finishOutput,

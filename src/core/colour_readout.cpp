@@ -29,10 +29,12 @@ std::optional<uint32_t> entryAt(ViewerState &viewer, size_t pixel) {
 
 void moveMouse(ViewerState &viewer, int32_t x, int32_t y) {
   const Stretch &stretch = viewer.window.stretch;
-  if (viewer.activity == Activity::kLoading || viewer.pictureShown != kTrue || x < 0 || y < 0 ||
-      x >= stretch.targetWidth || y >= stretch.targetHeight) {
+  if (viewer.activity == Activity::kLoading || viewer.pictureShown != kTrue || x < 0 || y < 0) {
     return leaveMouse(viewer);
   }
+  x /= viewer.window.scale;
+  y /= viewer.window.scale;
+  if (x >= stretch.targetWidth || y >= stretch.targetHeight) return leaveMouse(viewer);
   const int64_t column = int64_t{x} * stretch.sourceWidth / stretch.targetWidth;
   const int64_t line = int64_t{y} * stretch.sourceHeight / stretch.targetHeight;
   const auto pixel = static_cast<size_t>(line * viewer.frameWidth + column);

@@ -3,8 +3,8 @@
 
 #include "state/viewer_state.h"
 
-// The mouse is at that pixel of the picture area, counted from the top left corner. Fills the read-out: position in the
-// picture, palette entry if the pixel has one, colour as "#RRGGBB".
+// The mouse is at that pixel of the scaled picture, counted from the top left corner. Fills the read-out: position in
+// the picture, palette entry if the pixel has one, colour as "#RRGGBB".
 void moveMouse(ViewerState &viewer, int32_t x, int32_t y);
 
 // The mouse has left the picture area.

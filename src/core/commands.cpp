@@ -5,6 +5,7 @@
 #include "core/display_settings.h"
 #include "core/opening.h"
 #include "core/preferences.h"
+#include "core/scaling.h"
 #include "state/labels.h"
 #include "video/sound_track.h"
 
@@ -41,6 +42,7 @@ void startViewer(ViewerState &viewer, std::string_view commandLine) {
   viewer.window.menuZoom.checked = true;
   loadPreferences(viewer);
   loadDisplaySettings(viewer);
+  loadScale(viewer);
   resetViewer(viewer);
   if (const auto path = pathFromCommandLine(commandLine)) openPath(viewer, *path);
 }

@@ -8,8 +8,6 @@
 namespace {
 
 constexpr int32_t kZoomLimit = 256; // maximum side of a zoomed picture
-constexpr int32_t kMinAreaWidth = 256;
-constexpr int32_t kMinAreaHeight = 192;
 
 // Divisor of both sides of a reduced view: intended, a printed page fits the screen.
 constexpr double kReduction = 2.2;

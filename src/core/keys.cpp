@@ -57,6 +57,18 @@ bool runKey(ViewerState &viewer, std::span<const CommandKey> table, int code) {
   return false;
 }
 
+// The keys of the number pad mean those of the main block. Plus may need Shift.
+KeyPress onMainBlock(KeyPress key) {
+  switch (key.code) {
+  case key_code::kNumpadPlus: key.code = key_code::kPlus; break;
+  case key_code::kNumpadMinus: key.code = key_code::kMinus; break;
+  case key_code::kNumpad0: key.code = key_code::kDigit0; break;
+  case key_code::kPlus: key.shift = false; break;
+  default: break;
+  }
+  return key;
+}
+
 // Whether the key press is the row's shortcut.
 bool isShortcut(const ViewerState &viewer, const MenuRow &row, KeyPress key) {
   const ShortcutUse use = row.shortcut.use;
@@ -81,7 +93,7 @@ bool pressKey(ViewerState &viewer, KeyPress key) {
   if (viewer.player != nullptr && key.code == key_code::kSpace && key.repeated) return true;
   if (viewer.player != nullptr && alone && runKey(viewer, kVideoKeys, key.code)) return true;
   for (size_t index = 0; index < kMenuRows.size(); ++index) {
-    if (!isShortcut(viewer, kMenuRows[index], key)) continue;
+    if (!isShortcut(viewer, kMenuRows[index], onMainBlock(key))) continue;
     runMenuRow(viewer, index);
     return true;
   }

@@ -10,13 +10,14 @@
 #include "core/open_dialog.h"
 #include "core/palette_commands.h"
 #include "core/png_export.h"
+#include "core/scaling.h"
 
 #include <string_view>
 
 namespace {
 
 constexpr Shortcut key(int code) { return {ShortcutUse::kKeyAlone, code}; }
-constexpr Shortcut ctrl(char letter) { return {ShortcutUse::kWithCtrl, letter}; }
+constexpr Shortcut ctrl(int code) { return {ShortcutUse::kWithCtrl, code}; }
 constexpr Shortcut ctrlShift(char letter) { return {ShortcutUse::kWithCtrlAndShift, letter}; }
 constexpr Shortcut letter(char letter) { return {ShortcutUse::kWithCtrlOrAlone, letter}; }
 
@@ -47,9 +48,15 @@ constexpr std::array<MenuRow, kMenuRowCount> kMenuRows{{
     {"&Palette", "&Load Palette",      &WindowModel::menuLoadPal,       menuLoadPal_Click,       ctrl('L')},
     {"&Palette", "&Store Palette",     &WindowModel::menuSavePal,       menuSavePal_Click,       letter('T')},
     {"&Palette", "&Restore Palette",   &WindowModel::menuRestPal,       menuRestPal_Click,       letter('R')},
+    {"&Display", "&Scale",             &WindowModel::menuScale,         nullptr,                 {},
+                                       &WindowModel::scaleChoices,      chooseScale},
+    {"&Display", "&Larger",            &WindowModel::menuLarger,        menuLarger_Click,        ctrl(key_code::kPlus)},
+    {"&Display", "S&maller",           &WindowModel::menuSmaller,       menuSmaller_Click,       ctrl(key_code::kMinus)},
+    {"&Display", "&Normal Scale",      &WindowModel::menuNormalScale,   menuNormalScale_Click,   ctrl(key_code::kDigit0)},
     {"&Display", "&Grid",              &WindowModel::menuGrid,          menuGrid_Click,          {}},
     {"&Display", nullptr,              nullptr,                         nullptr,                 {}},
     {"&Display", "&Full Screen",       &WindowModel::menuFullScreen,    menuFullScreen_Click,    key(key_code::kF11)},
+    {"&Display", "Fit &Window to Picture", &WindowModel::menuFitWindow, menuFitWindow_Click,     {}},
     {"&Display", nullptr,              nullptr,                         nullptr,                 {}},
     {"&Display", "Follow &Changes",    &WindowModel::menuFollowChanges, menuFollowChanges_Click, {}},
     {"&Display", "&Palette of the Same Name", &WindowModel::menuSamePalette, menuSamePalette_Click, {}},

@@ -1,8 +1,9 @@
 #include "shell/main_view.h"
 
-#include "core/bitmap_export.h"
+#include "core/scaling.h"
 #include "shell/control_ids.h"
 #include "shell/scale_functions.h"
+#include "shell/view_painting.h"
 #include "shell/win32_helpers.h"
 
 #include <algorithm>
@@ -11,45 +12,25 @@ namespace {
 
 constexpr wchar_t kViewClass[] = L"KorilanMainView";
 
-// Around a picture smaller than the area, and while no picture is shown.
-constexpr int kBackgroundColour = COLOR_APPWORKSPACE;
-
-// Draws straight from the frame: a bitmap of its own would double the memory of a huge picture. Returns false if the
-// system has not enough memory.
-bool drawPicture(HDC screen, const PixelView &picture, const Stretch &stretch) {
-  const RECT target{0, 0, stretch.targetWidth, stretch.targetHeight};
-  if (!RectVisible(screen, &target)) return true;
-  BITMAPINFO info{};
-  info.bmiHeader.biSize = sizeof info.bmiHeader;
-  info.bmiHeader.biWidth = picture.width;
-  info.bmiHeader.biHeight = -picture.height; // top row first
-  info.bmiHeader.biPlanes = 1;
-  info.bmiHeader.biBitCount = 32;
-  info.bmiHeader.biCompression = BI_RGB;
-  SetStretchBltMode(screen, COLORONCOLOR);
-  return StretchDIBits(screen, 0, 0, target.right, target.bottom, 0, 0, picture.width, picture.height,
-                       picture.words.data(), &info, DIB_RGB_COLORS, SRCCOPY) != 0;
+// Reports the pixel at that place of the client area.
+void reportPixel(const MainView &view, POINT place) {
+  const POINT origin = pictureOrigin(view);
+  SendMessageW(GetParent(view.window), kMouseOverView, static_cast<WPARAM>(place.x - origin.x), place.y - origin.y);
 }
 
-// Paints every pixel once: no flicker.
-void paintView(const MainView &view, HDC screen) {
-  const PixelView picture = shownPicture(*view.viewer);
-  const Stretch &stretch = view.stretch;
-  const bool clear = stretch.targetWidth <= 0 || stretch.targetHeight <= 0;
-  // While the picture is being replaced, the one before stays on the screen. The new one requests a repaint.
-  if (!clear && (stretch.sourceWidth != picture.width || stretch.sourceHeight != picture.height)) return;
-  const SIZE client = clientSizeOf(view.window);
-  const LONG right = view.corner.x + client.cx;
-  const LONG bottom = view.corner.y + client.cy;
-  const int before = SaveDC(screen);
-  OffsetViewportOrgEx(screen, -view.corner.x, -view.corner.y, nullptr);
-  if (!clear && !drawPicture(screen, picture, stretch)) SendMessageW(GetParent(view.window), kViewNotDrawn, 0, 0);
-  const RECT beside{stretch.targetWidth, 0, right, stretch.targetHeight};
-  const RECT below{0, stretch.targetHeight, right, bottom};
-  for (const RECT &rest : {beside, below}) {
-    if (rest.left < rest.right && rest.top < rest.bottom) FillRect(screen, &rest, GetSysColorBrush(kBackgroundColour));
+// Another pixel may be under the mouse, which did not move.
+void reportMouse(const MainView &view) {
+  POINT mouse{};
+  GetCursorPos(&mouse);
+  const bool over = WindowFromPoint(mouse) == view.window;
+  ScreenToClient(view.window, &mouse);
+  RECT client{};
+  GetClientRect(view.window, &client);
+  if (over && PtInRect(&client, mouse)) {
+    reportPixel(view, mouse);
+  } else {
+    SendMessageW(GetParent(view.window), kMouseLeftView, 0, 0);
   }
-  RestoreDC(screen, before);
 }
 
 // Scrolls to `corner`, clamped to the area.
@@ -61,15 +42,8 @@ void scrollTo(MainView &view, POINT corner) {
   view.corner = corner;
   SetScrollPos(view.window, SB_HORZ, view.corner.x, TRUE);
   SetScrollPos(view.window, SB_VERT, view.corner.y, TRUE);
-  SendMessageW(GetParent(view.window), kMouseLeftView, 0, 0); // another pixel is under the mouse
   InvalidateRect(view.window, nullptr, FALSE);
-}
-
-// Size inside the border, scroll bars included.
-SIZE innerSizeOf(HWND window, UINT dotsPerInch) {
-  const SIZE outer = windowSizeOf(window);
-  return {outer.cx - 2 * scaleFunctions().systemMetric(SM_CXEDGE, dotsPerInch),
-          outer.cy - 2 * scaleFunctions().systemMetric(SM_CYEDGE, dotsPerInch)};
+  reportMouse(view);
 }
 
 void setScrollBar(const MainView &view, int bar, LONG length, LONG page, LONG position) {
@@ -120,11 +94,78 @@ void scrollByWheel(MainView &view, int turn) {
   scrollTo(view, {view.corner.x, view.corner.y - turn * kNotchSteps * kScrollStep / WHEEL_DELTA});
 }
 
-void mouseMoved(const MainView &view, LPARAM place) {
+// A step for each notch; finer wheels send parts of one.
+void scaleByWheel(MainView &view, int turn, POINT mouse) {
+  view.wheelRest += turn;
+  const int steps = view.wheelRest / WHEEL_DELTA;
+  view.wheelRest -= steps * WHEEL_DELTA;
+  if (steps == 0) return;
+  ScreenToClient(view.window, &mouse);
+  view.wheel = mouse;
+  SendMessageW(GetParent(view.window), kScaleTurned, static_cast<WPARAM>(steps), 0);
+  view.wheel.reset();
+}
+
+void wheelTurned(MainView &view, WPARAM wheel, LPARAM place) {
+  const int turn = static_cast<short>(HIWORD(wheel));
+  const POINT mouse{static_cast<short>(LOWORD(place)), static_cast<short>(HIWORD(place))};
+  if ((LOWORD(wheel) & MK_CONTROL) != 0) {
+    scaleByWheel(view, turn, mouse);
+  } else {
+    scrollByWheel(view, turn);
+  }
+}
+
+void mousePressed(MainView &view, LPARAM place) {
+  SetFocus(view.window);
+  SetCapture(view.window);
+  const POINT mouse{static_cast<short>(LOWORD(place)), static_cast<short>(HIWORD(place))};
+  view.drag = PictureDrag{.mouse = mouse, .corner = view.corner};
+}
+
+void mouseMoved(MainView &view, LPARAM place) {
+  const POINT mouse{static_cast<short>(LOWORD(place)), static_cast<short>(HIWORD(place))};
+  if (view.drag) {
+    const auto &[start, corner] = *view.drag;
+    scrollTo(view, {corner.x + start.x - mouse.x, corner.y + start.y - mouse.y});
+  }
   requestMouseLeave(view.window);
-  const LONG x = static_cast<short>(LOWORD(place)) + view.corner.x;
-  const LONG y = static_cast<short>(HIWORD(place)) + view.corner.y;
-  SendMessageW(GetParent(view.window), kMouseOverView, static_cast<WPARAM>(x), y);
+  reportPixel(view, mouse);
+}
+
+// What is under that point, or in the centre. Turned on at the same point, nothing is lost by rounding or at an edge.
+ScaleAnchor anchorAt(const MainView &view, std::optional<POINT> point) {
+  const bool same = view.anchor && view.anchor->point.has_value() == point.has_value() &&
+                    (!point || (view.anchor->point->x == point->x && view.anchor->point->y == point->y));
+  const bool unmoved = view.corner.x == view.anchoredCorner.x && view.corner.y == view.anchoredCorner.y;
+  if (same && unmoved) return *view.anchor;
+  const SIZE client = clientSizeOf(view.window);
+  const POINT place = point.value_or(POINT{client.cx / 2, client.cy / 2});
+  const POINT origin = pictureOrigin(view);
+  return {.point = point, .x = anchorOf(place.x - origin.x, view.scale), .y = anchorOf(place.y - origin.y, view.scale)};
+}
+
+void scrollToAnchor(MainView &view) {
+  const SIZE client = clientSizeOf(view.window);
+  const POINT place = view.anchor->point.value_or(POINT{client.cx / 2, client.cy / 2});
+  scrollTo(view, {placeOf(view.anchor->x, view.scale) - place.x, placeOf(view.anchor->y, view.scale) - place.y});
+  view.anchoredCorner = view.corner;
+  view.rescaled = false;
+  reportMouse(view);
+}
+
+void updateScrollBars(MainView &view) {
+  const UINT dotsPerInch = scaleFunctions().dpiForWindow(view.window);
+  SIZE room = viewRoom(view);
+  const LONG barWidth = scaleFunctions().systemMetric(SM_CXVSCROLL, dotsPerInch);
+  const LONG barHeight = scaleFunctions().systemMetric(SM_CYHSCROLL, dotsPerInch);
+  const bool vertical = view.area.cy > room.cy || (view.area.cx > room.cx && view.area.cy > room.cy - barHeight);
+  const bool horizontal = view.area.cx > room.cx - (vertical ? barWidth : 0);
+  if (vertical) room.cx -= barWidth;
+  if (horizontal) room.cy -= barHeight;
+  setScrollBar(view, SB_HORZ, view.area.cx, room.cx, view.corner.x);
+  setScrollBar(view, SB_VERT, view.area.cy, room.cy, view.corner.y);
+  scrollTo(view, view.corner);
 }
 
 // To the parent like an open menu: the system follows the mouse on a scroll bar until its button is up again.
@@ -156,10 +197,12 @@ LRESULT CALLBACK mainViewProcedure(HWND window, UINT message, WPARAM wParam, LPA
   case WM_SIZE: updateScrollBars(*view); return 0;
   case WM_HSCROLL: scrollByBar(*view, SB_HORZ, LOWORD(wParam)); return 0;
   case WM_VSCROLL: scrollByBar(*view, SB_VERT, LOWORD(wParam)); return 0;
-  case WM_MOUSEWHEEL: scrollByWheel(*view, static_cast<short>(HIWORD(wParam))); return 0;
+  case WM_MOUSEWHEEL: wheelTurned(*view, wParam, lParam); return 0;
   case WM_GETDLGCODE: return DLGC_WANTARROWS;
   case WM_KEYDOWN: scrollByKey(*view, wParam); return 0;
-  case WM_LBUTTONDOWN: SetFocus(window); return 0;
+  case WM_LBUTTONDOWN: mousePressed(*view, lParam); return 0;
+  case WM_LBUTTONUP: ReleaseCapture(); return 0;
+  case WM_CAPTURECHANGED: view->drag.reset(); return 0;
   case WM_NCLBUTTONDOWN: return pressScrollBar(window, wParam, lParam);
   case WM_MOUSEMOVE: mouseMoved(*view, lParam); return 0;
   case WM_MOUSELEAVE: return SendMessageW(GetParent(window), kMouseLeftView, 0, 0);
@@ -176,7 +219,7 @@ bool createMainView(MainView &view, const ViewerState &viewer, HWND parent, HINS
   view.viewer = &viewer;
   WNDCLASSEXW viewClass{};
   viewClass.cbSize = sizeof viewClass;
-  viewClass.style = CS_DBLCLKS;
+  viewClass.style = CS_HREDRAW | CS_VREDRAW | CS_DBLCLKS; // the picture is centred
   viewClass.lpfnWndProc = mainViewProcedure;
   viewClass.hInstance = instance;
   viewClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
@@ -190,25 +233,32 @@ bool createMainView(MainView &view, const ViewerState &viewer, HWND parent, HINS
   return view.window != nullptr;
 }
 
-void redrawPicture(MainView &view, const Stretch &stretch, SIZE area) {
-  view.stretch = stretch;
-  if (area.cx != view.area.cx || area.cy != view.area.cy) {
-    view.area = area;
+SIZE viewRoom(const MainView &view) {
+  const UINT dotsPerInch = scaleFunctions().dpiForWindow(view.window);
+  const SIZE outer = windowSizeOf(view.window);
+  const bool bordered = (GetWindowLongW(view.window, GWL_EXSTYLE) & WS_EX_CLIENTEDGE) != 0;
+  if (!bordered) return outer;
+  return {outer.cx - 2 * scaleFunctions().systemMetric(SM_CXEDGE, dotsPerInch),
+          outer.cy - 2 * scaleFunctions().systemMetric(SM_CYEDGE, dotsPerInch)};
+}
+
+void redrawPicture(MainView &view, const WindowModel &model) {
+  const Stretch &stretch = model.stretch;
+  if (stretch.targetWidth != view.stretch.targetWidth || stretch.targetHeight != view.stretch.targetHeight) {
     view.corner = {};
+    view.anchor.reset();
+    view.rescaled = false;
+  } else if (model.scale != view.scale) {
+    view.anchor = anchorAt(view, view.wheel);
+    view.rescaled = true;
   }
+  view.stretch = stretch;
+  view.scale = model.scale;
+  view.area = {stretch.targetWidth * model.scale, stretch.targetHeight * model.scale};
   InvalidateRect(view.window, nullptr, FALSE);
 }
 
-void updateScrollBars(MainView &view) {
-  const UINT dotsPerInch = scaleFunctions().dpiForWindow(view.window);
-  SIZE room = innerSizeOf(view.window, dotsPerInch);
-  const LONG barWidth = scaleFunctions().systemMetric(SM_CXVSCROLL, dotsPerInch);
-  const LONG barHeight = scaleFunctions().systemMetric(SM_CYHSCROLL, dotsPerInch);
-  const bool vertical = view.area.cy > room.cy || (view.area.cx > room.cx && view.area.cy > room.cy - barHeight);
-  const bool horizontal = view.area.cx > room.cx - (vertical ? barWidth : 0);
-  if (vertical) room.cx -= barWidth;
-  if (horizontal) room.cy -= barHeight;
-  setScrollBar(view, SB_HORZ, view.area.cx, room.cx, view.corner.x);
-  setScrollBar(view, SB_VERT, view.area.cy, room.cy, view.corner.y);
-  scrollTo(view, view.corner);
+void settleView(MainView &view) {
+  updateScrollBars(view);
+  if (view.rescaled) scrollToAnchor(view);
 }

@@ -5,6 +5,7 @@
 #include "core/commands.h"
 #include "core/keys.h"
 #include "core/menus.h"
+#include "core/scaling.h"
 #include "core/video_commands.h"
 #include "shell/control_ids.h"
 #include "shell/menu_bar.h"
@@ -111,8 +112,8 @@ LRESULT handlePlacement(MainWindow &main, UINT message, WPARAM wParam, LPARAM lP
     } else if (wParam != SIZE_MINIMIZED) {
       placeControls(main);
     }
+    syncWindow(main); // Fit follows the size
     return 0;
-  case WM_SIZING: main.sizedByHand = true; break;
   case WM_GETMINMAXINFO: {
     if (main.shown.fullScreen) break;
     const SIZE minimum = minWindowSize(main);
@@ -123,7 +124,10 @@ LRESULT handlePlacement(MainWindow &main, UINT message, WPARAM wParam, LPARAM lP
     if (main.shown.fullScreen || IsZoomed(main.window) || IsIconic(main.window)) break;
     *reinterpret_cast<SIZE *>(lParam) = sizeAtScale(main, static_cast<UINT>(wParam));
     return TRUE;
-  case WM_DPICHANGED: changeScale(main, LOWORD(wParam), *reinterpret_cast<const RECT *>(lParam)); return 0;
+  case WM_DPICHANGED:
+    changeScale(main, LOWORD(wParam), *reinterpret_cast<const RECT *>(lParam));
+    syncWindow(main);
+    return 0;
   case WM_DISPLAYCHANGE:
     if (main.shown.fullScreen) coverMonitor(main);
     main.fullScreen.displayChanged = true;
@@ -178,6 +182,8 @@ LRESULT CALLBACK mainWindowProcedure(HWND window, UINT message, WPARAM wParam, L
   case WM_DRAWITEM: drawItem(*main, *reinterpret_cast<const DRAWITEMSTRUCT *>(lParam)); return TRUE;
   case kMouseOverView: moveMouse(*main->viewer, static_cast<int32_t>(wParam), static_cast<int32_t>(lParam)); break;
   case kMouseLeftView: leaveMouse(*main->viewer); break;
+  case kScaleTurned: stepScale(*main->viewer, static_cast<int32_t>(wParam)); break;
+  case WM_MOUSEWHEEL: return SendMessageW(main->mainView.window, message, wParam, lParam); // over another control
   case kViewNotDrawn: reportNoMemory(*main->viewer); break;
   case WM_DROPFILES: openDroppedFile(*main, reinterpret_cast<HDROP>(wParam)); break;
   case WM_CLOSE: menuExit_Click(*main->viewer); break;
@@ -210,12 +216,12 @@ bool createMainWindow(MainWindow &main, ViewerState &viewer, HINSTANCE instance)
   main.viewer = &viewer;
   main.menuBar = buildMenuBar();
   const WindowMemory last = recallWindow(viewer);
-  main.sizedByHand = last.sizedByHand;
   main.opensMaximised = last.maximised;
   main.window = CreateWindowExW(WS_EX_ACCEPTFILES, kWindowClass, toUtf16(main.shown.caption).c_str(),
                                 WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, last.corner.x, last.corner.y, last.size.cx,
                                 last.size.cy, nullptr, main.menuBar, instance, nullptr);
   if (main.window == nullptr || !createMainView(main.mainView, viewer, main.window, instance)) return false;
+  if (!last.sizedByHand) main.fittedSize = windowSizeOf(main.window);
   allowDrops(main.window);
   updateFont(main, scaleFunctions().dpiForWindow(main.window));
   SetWindowLongPtrW(main.window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&main));

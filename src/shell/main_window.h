@@ -28,11 +28,12 @@ struct MainWindow {
   TextMetrics metrics;
   SoundDevice sound;
 
+  SIZE fittedSize{}; // outer size that the program gave the window; any other one is the user's
+
   WindowModel shown;       // what the controls show
   DWORD lastEventPass = 0; // tick count of the last event pass
   bool moving = false;     // the user moves or resizes the window
   FullScreen fullScreen;
-  bool sizedByHand = false;                     // the user has sized the window: the size is kept
   bool opensMaximised = false;                  // as the last window was closed
   POINT evadedTo{CW_USEDEFAULT, CW_USEDEFAULT}; // where it was put because another one stood in its place
   bool fitLater = false;                        // a fitting waits until the window is restored or its move has ended

@@ -66,18 +66,26 @@ WindowLayout layOutFullScreen(SIZE client) {
 } // namespace
 
 SIZE pictureAreaOf(const WindowModel &model) {
-  return {model.mainViewWidth - kViewBorders, model.mainViewHeight - kViewBorders};
+  const SIZE unscaled{model.mainViewWidth - kViewBorders, model.mainViewHeight - kViewBorders};
+  const Stretch &stretch = model.stretch;
+  if (stretch.targetWidth <= 0 || stretch.targetHeight <= 0) {
+    return {unscaled.cx * model.scale, unscaled.cy * model.scale};
+  }
+  return {std::max(unscaled.cx, LONG{stretch.targetWidth} * model.scale),
+          std::max(unscaled.cy, LONG{stretch.targetHeight} * model.scale)};
 }
 
-SIZE contentSize(const WindowModel &model, const TextMetrics &metrics, LONG maxHeight) {
-  const int margin = scaled(kMargin, metrics);
+SIZE contentSize(const WindowModel &model, SIZE area, const TextMetrics &metrics, SIZE room) {
+  const int margins = 2 * scaled(kMargin, metrics);
   const int gap = scaled(kFieldGap, metrics);
   const int firstRow = fieldsWidth(metrics) + gap + 16 * swatchWidth(metrics);
   const int secondRow =
       (kMinStatusCharacters + kReadoutCharacters) * metrics.characterWidth + 2 * gap + swatchWidth(metrics);
-  const LONG height = 2 * margin + model.mainViewHeight + rowsHeight(model, metrics);
-  const LONG viewWidth = model.mainViewWidth + (height > maxHeight ? metrics.scrollBarWidth : 0);
-  return {.cx = 2 * margin + std::max({viewWidth, LONG{firstRow}, LONG{secondRow}}), .cy = height};
+  LONG width = margins + area.cx + kViewBorders;
+  LONG height = margins + area.cy + kViewBorders + rowsHeight(model, metrics);
+  if (width > room.cx) height += metrics.scrollBarWidth;
+  if (height > room.cy) width += metrics.scrollBarWidth;
+  return {std::max({width, LONG{margins + firstRow}, LONG{margins + secondRow}}), height};
 }
 
 WindowLayout layOutWindow(const WindowModel &model, const TextMetrics &metrics, SIZE client) {
@@ -85,16 +93,11 @@ WindowLayout layOutWindow(const WindowModel &model, const TextMetrics &metrics, 
   const int margin = scaled(kMargin, metrics);
   const int gap = scaled(kFieldGap, metrics);
   const LONG labelGap = scaled(kLabelGap, metrics);
-  const LONG maxWidth = std::max(LONG{0}, client.cx - 2 * margin);
-  const LONG maxHeight = std::max(LONG{0}, client.cy - 2 * margin - rowsHeight(model, metrics));
-  const LONG height = std::min(LONG{model.mainViewHeight}, maxHeight);
-  const bool scrolled = height < model.mainViewHeight;
-  const LONG wanted = model.mainViewWidth + (scrolled ? metrics.scrollBarWidth : 0);
-  const LONG width = std::min(wanted, maxWidth);
+  const LONG width = std::max(LONG{0}, client.cx - 2 * margin);
+  const LONG height = std::max(LONG{0}, client.cy - 2 * margin - rowsHeight(model, metrics));
 
   WindowLayout layout;
-  const LONG viewLeft = margin + (maxWidth - width) / 2;
-  layout.mainView = {viewLeft, margin, viewLeft + width, margin + height};
+  layout.mainView = {margin, margin, margin + width, margin + height};
 
   const LONG videoTop = margin + height + labelGap;
   const int buttonSide = scaled(kButtonSide, metrics);
@@ -105,7 +108,7 @@ WindowLayout layOutWindow(const WindowModel &model, const TextMetrics &metrics, 
     buttonLeft += gap / 2;
   }
   buttonLeft += gap / 2;
-  layout.frameBar = {buttonLeft, barTop, std::max(buttonLeft, margin + maxWidth),
+  layout.frameBar = {buttonLeft, barTop, std::max(buttonLeft, margin + width),
                      barTop + scaled(kFrameBarHeight, metrics)};
 
   const LONG firstRow = margin + height + videoRowHeight(model, metrics) + labelGap;

@@ -28,15 +28,16 @@ struct WindowLayout {
   RECT readoutSwatch{};
 };
 
-// MainView's size without its border.
+// The size of MainView without its border that shows the whole scaled picture.
 SIZE pictureAreaOf(const WindowModel &model);
 
-// The client area that shows MainView and all labels in full. If it is higher than `maxHeight`, it is widened by a
-// vertical scroll bar.
-SIZE contentSize(const WindowModel &model, const TextMetrics &metrics, LONG maxHeight);
+// The client area that shows a picture area of that size and all labels in full. In a direction in which `room` is too
+// small, the scroll bar widens it.
+SIZE contentSize(const WindowModel &model, SIZE area, const TextMetrics &metrics, SIZE room);
 
-// From top to bottom: MainView, centred; the controls of a video; Label1 to Label3 and the swatches; Label4 and, at the
-// right end, the read-out. If the client area is too small, MainView shrinks and the labels stay visible.
+// From top to bottom: MainView, which takes all the room that is left; at the lower edge the controls of a video;
+// Label1 to Label3 and the swatches; Label4 and, at the right end, the read-out. If the client area is too small,
+// MainView shrinks and the labels stay visible.
 // In full screen MainView alone.
 WindowLayout layOutWindow(const WindowModel &model, const TextMetrics &metrics, SIZE client);
 

@@ -62,7 +62,8 @@ void rememberWindow(const MainWindow &main) {
                          (placement.showCmd == SW_SHOWMINIMIZED && (placement.flags & WPF_RESTORETOMAXIMIZED) != 0);
   const ViewerState &viewer = *main.viewer;
   const bool moved = place.left != main.evadedTo.x || place.top != main.evadedTo.y;
+  const bool byHand = size.cx != main.fittedSize.cx || size.cy != main.fittedSize.cy;
   if (moved) writeValue(viewer, kPlace, pairText(place.left, place.top));
-  writeValue(viewer, kSize, main.sizedByHand ? pairText(size.cx, size.cy) : "");
+  writeValue(viewer, kSize, byHand ? pairText(size.cx, size.cy) : "");
   writeValue(viewer, kMaximised, maximised ? "1" : "0");
 }

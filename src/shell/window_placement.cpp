@@ -1,5 +1,7 @@
 #include "shell/window_placement.h"
 
+#include "core/display_geometry.h"
+#include "core/scaling.h"
 #include "shell/scale_functions.h"
 #include "shell/win32_helpers.h"
 
@@ -18,14 +20,15 @@ SIZE outerSize(HWND window, SIZE client, const TextMetrics &metrics) {
   return sizeOf(outer);
 }
 
-SIZE contentAt(const MainWindow &main, const TextMetrics &metrics) {
-  const LONG frameHeight = outerSize(main.window, {}, metrics).cy;
-  return contentSize(main.shown, metrics, sizeOf(workAreaOf(main.window)).cy - frameHeight);
+SIZE contentAt(const MainWindow &main, SIZE area, const TextMetrics &metrics) {
+  const SIZE frame = outerSize(main.window, {}, metrics);
+  const SIZE workArea = sizeOf(workAreaOf(main.window));
+  return contentSize(main.shown, area, metrics, {workArea.cx - frame.cx, workArea.cy - frame.cy});
 }
 
 // Outer size at which nothing scrolls.
 SIZE fullSize(const MainWindow &main, const TextMetrics &metrics) {
-  return outerSize(main.window, contentAt(main, metrics), metrics);
+  return outerSize(main.window, contentAt(main, pictureAreaOf(main.shown), metrics), metrics);
 }
 
 constexpr UINT kMoveOnly = SWP_NOZORDER | SWP_NOACTIVATE;
@@ -54,10 +57,9 @@ RECT placeOnWorkArea(HWND window, SIZE size, bool centred) {
 }
 
 // One call sizes, moves and, with SWP_SHOWWINDOW in `how`, shows the window: each call is slow.
-void fitToContent(const MainWindow &main, UINT how = kMoveOnly) {
-  const bool sized = main.sizedByHand;
-  const SIZE content = sized ? clientSizeOf(main.window) : contentToShow(main);
-  const SIZE outer = sized ? windowSizeOf(main.window) : outerSize(main.window, content, main.metrics);
+void fitToContent(MainWindow &main, UINT how = kMoveOnly) {
+  const SIZE content = contentToShow(main);
+  const SIZE outer = outerSize(main.window, content, main.metrics);
   const bool centred = main.shown.alwaysCentred;
   const RECT place = placeOnWorkArea(main.window, outer, centred);
   moveWindow(main.window, place, how);
@@ -67,8 +69,20 @@ void fitToContent(const MainWindow &main, UINT how = kMoveOnly) {
   if (!EqualRect(&now, &place)) moveWindow(main.window, place);
   // A menu bar of several rows makes the client area too low.
   const LONG missing = content.cy - clientSizeOf(main.window).cy;
-  if (missing <= 0) return;
-  moveWindow(main.window, placeOnWorkArea(main.window, {outer.cx, outer.cy + missing}, centred));
+  if (missing > 0) moveWindow(main.window, placeOnWorkArea(main.window, {outer.cx, outer.cy + missing}, centred));
+  main.fittedSize = windowSizeOf(main.window);
+}
+
+bool sizedByHand(const MainWindow &main) {
+  const SIZE now = windowSizeOf(main.window);
+  return now.cx != main.fittedSize.cx || now.cy != main.fittedSize.cy;
+}
+
+// Moves and sizes the window for another reason than its content.
+void adjustWindow(MainWindow &main, const RECT &to, UINT how = kMoveOnly) {
+  const bool byHand = sizedByHand(main);
+  moveWindow(main.window, to, how);
+  if (!byHand) main.fittedSize = windowSizeOf(main.window);
 }
 
 // Top left corners of the program's other windows.
@@ -90,7 +104,7 @@ std::vector<POINT> otherCorners(HWND window) {
 
 // Moves a window that would open exactly where another of the program's stands.
 void evadeOthers(MainWindow &main) {
-  const SIZE size = main.sizedByHand ? windowSizeOf(main.window) : fullSize(main, main.metrics);
+  const SIZE size = sizedByHand(main) ? windowSizeOf(main.window) : fullSize(main, main.metrics);
   const RECT wanted = placeOnWorkArea(main.window, size, false);
   const int step = scaleFunctions().systemMetric(SM_CYCAPTION, static_cast<UINT>(main.metrics.dotsPerInch));
   const RECT place = freePlace(wanted, otherCorners(main.window), step, workAreaOf(main.window));
@@ -138,6 +152,7 @@ void updateFont(MainWindow &main, UINT dotsPerInch) {
   for (const HWND label : main.labels) SendMessageW(label, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
   InvalidateRect(main.window, nullptr, TRUE); // owner-drawn controls
   releaseFont(main);
+  setDotsPerInch(*main.viewer, static_cast<int32_t>(dotsPerInch));
   main.font = font;
   main.metrics = measureFont(main.window, font, dotsPerInch);
 }
@@ -155,14 +170,21 @@ void placeControls(MainWindow &main) {
   moveControl(main.readoutSwatch, layout.readoutSwatch);
 }
 
-SIZE contentToShow(const MainWindow &main) { return contentAt(main, main.metrics); }
+SIZE contentToShow(const MainWindow &main) { return contentAt(main, pictureAreaOf(main.shown), main.metrics); }
 
 void fitWindow(MainWindow &main) {
   if (!IsWindowVisible(main.window)) return;
   if (!main.shown.fullScreen) {
     main.fitLater = !resizable(main);
-    if (!main.fitLater) fitToContent(main);
+    const bool keepsSize = sizedByHand(main) || main.viewer->display.fit;
+    if (!main.fitLater) keepsSize ? placeWindow(main) : fitToContent(main);
   }
+  placeControls(main);
+}
+
+void fitWindowToPicture(MainWindow &main) {
+  if (IsZoomed(main.window)) ShowWindow(main.window, SW_RESTORE);
+  if (IsWindowVisible(main.window) && resizable(main)) fitToContent(main);
   placeControls(main);
 }
 
@@ -173,18 +195,19 @@ void showFitted(MainWindow &main, int showCommand) {
     plainly = false;
   }
   if (!main.shown.alwaysCentred) evadeOthers(main);
-  fitToContent(main, plainly ? SWP_SHOWWINDOW : kMoveOnly);
+  const UINT how = plainly ? SWP_SHOWWINDOW : kMoveOnly;
+  sizedByHand(main) ? placeWindow(main, how) : fitToContent(main, how);
   placeControls(main);
-  updateScrollBars(main.mainView);
+  settleView(main.mainView);
   if (!plainly) ShowWindow(main.window, showCommand);
 }
 
-void placeWindow(MainWindow &main) {
+void placeWindow(MainWindow &main, UINT how) {
   if (!resizable(main)) {
     main.fitLater = main.fitLater || main.shown.alwaysCentred;
     return;
   }
-  moveWindow(main.window, placeOnWorkArea(main.window, windowSizeOf(main.window), main.shown.alwaysCentred));
+  adjustWindow(main, placeOnWorkArea(main.window, windowSizeOf(main.window), main.shown.alwaysCentred), how);
 }
 
 void setMoving(MainWindow &main, bool moving) {
@@ -192,7 +215,7 @@ void setMoving(MainWindow &main, bool moving) {
   if (main.fitLater) fitWindow(main);
 }
 
-// The picture keeps its pixels; only frame and labels scale. An enlarged window stays as much larger.
+// Only frame and labels scale; an enlarged window stays as much larger. A picture at the start value follows later.
 SIZE sizeAtScale(const MainWindow &main, UINT dotsPerInch) {
   const HFONT font = createMessageFont(dotsPerInch);
   const SIZE full = fullSize(main, measureFont(main.window, font, dotsPerInch));
@@ -207,7 +230,7 @@ void changeScale(MainWindow &main, UINT dotsPerInch, const RECT &place) {
   if (main.shown.fullScreen) return coverMonitor(main);
   if (IsZoomed(main.window) || IsIconic(main.window)) main.fitLater = true;
   // Not even the minimum size changes the place: the window would jump under the mouse.
-  moveWindow(main.window, place, kMoveOnly | SWP_NOSENDCHANGING);
+  adjustWindow(main, place, kMoveOnly | SWP_NOSENDCHANGING);
   placeControls(main);
 }
 
@@ -218,7 +241,8 @@ void changeSettings(MainWindow &main, bool frameChanged) {
 }
 
 SIZE minWindowSize(const MainWindow &main) {
-  const SIZE full = fullSize(main, main.metrics);
+  constexpr SIZE kMinArea{kMinAreaWidth, kMinAreaHeight};
+  const SIZE full = outerSize(main.window, contentAt(main, kMinArea, main.metrics), main.metrics);
   const SIZE workArea = sizeOf(workAreaOf(main.window));
   return {std::min(full.cx, workArea.cx), std::min(full.cy, workArea.cy)};
 }

@@ -13,13 +13,17 @@ void placeControls(MainWindow &main);
 // Size of the client area that shows all of the content.
 SIZE contentToShow(const MainWindow &main);
 
-// Sizes the window to its content, unless the user has sized it, and places it as placeWindow() does. A maximised or
-// minimised window is fitted when it is restored, one that the user moves at the end of the move; a hidden one and full
-// screen are left alone.
+// Sizes the window to its content, unless the user has sized it or the picture is fitted, and places it as
+// placeWindow() does. A maximised or minimised window is fitted when it is restored, one that the user moves at the end
+// of the move; a hidden one and full screen are left alone.
 void fitWindow(MainWindow &main);
 
+// Sizes the window to its content whatever its size was; a maximised one is restored.
+void fitWindowToPicture(MainWindow &main);
+
 // Moves the window onto the work area of its monitor, into the centre if it is always centred, and keeps its size.
-void placeWindow(MainWindow &main);
+// `how` are flags of SetWindowPos().
+void placeWindow(MainWindow &main, UINT how = SWP_NOZORDER | SWP_NOACTIVATE);
 
 // Shows the window for the first time, where it was created, sized to its content and placed as above. It evades other
 // windows of the program, and is maximised if the one closed last was.

@@ -1,5 +1,6 @@
 #include "shell/window_sync.h"
 
+#include "core/scaling.h"
 #include "shell/menu_bar.h"
 #include "shell/swatches.h"
 #include "shell/win32_helpers.h"
@@ -8,6 +9,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -72,10 +74,38 @@ void syncVideoControls(MainWindow &main, const WindowModel &model) {
   setVisible(main.frameBar, bar.visible);
 }
 
+void syncPicture(MainWindow &main, const WindowModel &before) {
+  const WindowModel &model = main.shown;
+  const bool recentred = model.alwaysCentred && (!before.alwaysCentred || model.fittings != before.fittings);
+  const bool rescaled = model.scale != before.scale;
+  const bool rowsChanged = model.HScroll1.visible != before.HScroll1.visible;
+  const bool resized =
+      rowsChanged || model.mainViewWidth != before.mainViewWidth || model.mainViewHeight != before.mainViewHeight;
+  const bool redrawn = rescaled || model.pictureSerial != before.pictureSerial || model.stretch != before.stretch ||
+                       model.menuGrid.checked != before.menuGrid.checked;
+  // Under a turning wheel the window keeps its size: growing, it would take the pixel away from the mouse.
+  const bool scaledByWheel = main.mainView.wheel.has_value();
+  if (redrawn) redrawPicture(main.mainView, model);
+  if (model.fullScreen != before.fullScreen) {
+    turnFullScreen(main);
+  } else if (model.windowFits != before.windowFits) {
+    fitWindowToPicture(main);
+  } else if (resized || (rescaled && !scaledByWheel)) {
+    fitWindow(main);
+  } else if (recentred && IsWindowVisible(main.window)) {
+    placeWindow(main);
+  }
+  if (redrawn && IsWindowVisible(main.window)) settleView(main.mainView);
+  if (rowsChanged) syncWindow(main); // Fit has other room now
+}
+
 } // namespace
 
 void syncWindow(MainWindow &main) {
   if (main.window == nullptr) return;
+  const bool sized = IsWindowVisible(main.window) && !IsIconic(main.window);
+  const SIZE room = sized ? viewRoom(main.mainView) : SIZE{};
+  applyScale(*main.viewer, room.cx, room.cy);
   const WindowModel &model = main.viewer->window;
 
   if (model.caption != main.shown.caption) setText(main.window, model.caption);
@@ -84,22 +114,7 @@ void syncWindow(MainWindow &main) {
   syncVideoControls(main, model);
   syncMenuBar(main.window, main.menuBar, model, main.shown);
 
-  const bool recentred = model.alwaysCentred && (!main.shown.alwaysCentred || model.fittings != main.shown.fittings);
-  const bool resized = model.mainViewWidth != main.shown.mainViewWidth ||
-                       model.mainViewHeight != main.shown.mainViewHeight ||
-                       model.HScroll1.visible != main.shown.HScroll1.visible;
-  const bool redrawn = model.pictureSerial != main.shown.pictureSerial || model.stretch != main.shown.stretch;
-  const bool turned = model.fullScreen != main.shown.fullScreen;
-  if (turned && model.fullScreen) storeWindow(main);
-  // Assigned before resizing, which sends messages that read `shown`.
-  main.shown = model;
-  if (redrawn) redrawPicture(main.mainView, model.stretch, pictureAreaOf(model));
-  if (turned) {
-    turnFullScreen(main);
-  } else if (resized) {
-    fitWindow(main);
-  } else if (recentred && IsWindowVisible(main.window)) {
-    placeWindow(main);
-  }
-  if (redrawn && IsWindowVisible(main.window)) updateScrollBars(main.mainView);
+  if (model.fullScreen && !main.shown.fullScreen) storeWindow(main);
+  const WindowModel before = std::exchange(main.shown, model); // resizing sends messages that read `shown`
+  syncPicture(main, before);
 }

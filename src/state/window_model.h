@@ -83,8 +83,14 @@ struct WindowModel {
   MenuItem menuLoadPal;
   MenuItem menuSavePal;
   MenuItem menuRestPal;
+  MenuItem menuScale;
+  ChoiceMenu scaleChoices;
+  MenuItem menuLarger;
+  MenuItem menuSmaller;
+  MenuItem menuNormalScale;
   MenuItem menuGrid;
   MenuItem menuFullScreen;
+  MenuItem menuFitWindow;
   MenuItem menuFollowChanges;
   MenuItem menuSamePalette;
   MenuItem menuOrderByNumber;
@@ -104,6 +110,7 @@ struct WindowModel {
   Stretch stretch;
 
   int32_t scale = 1;       // screen pixels for each pixel of the stretched picture, in both directions
+  uint32_t windowFits = 0; // incremented to have the window take the size of the picture, also if the user sized it
   bool fullScreen = false; // the picture alone, on the whole monitor
 
   // Incremented to request a repaint, even at the same size.

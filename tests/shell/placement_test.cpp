@@ -135,7 +135,7 @@ TEST(WindowMemory, AWrongPlaceIsOnTheScreenAllTheSame) {
     const Place now = placeOf(window.main.window);
     const RECT work = workAreaOf(window.main.window);
     EXPECT_TRUE(now[0] >= work.left && now[1] >= work.top && now[2] <= work.right && now[3] <= work.bottom) << place;
-    EXPECT_EQ(window.main.sizedByHand, std::string_view(size) == "9000,9000");
+    EXPECT_EQ(window.main.fittedSize.cx == 0, std::string_view(size) == "9000,9000");
   }
 }
 

@@ -36,8 +36,10 @@ TEST(Window, SwatchesAndReadOutShowColours) {
   EXPECT_EQ(differences(window), "");
   const std::vector<std::pair<POINT, std::string>> rows{
       {{0, 0}, "0, 0 "}, {{201, 153}, "100, 76 "}, {{202, 100}, ""}, {{57, 91}, "28, 45 "}, {{-1, -1}, ""}};
+  const SIZE client = clientSizeOf(window.view);
   for (const auto &[place, text] : rows) {
-    SendMessageA(window.view, place.x < 0 ? WM_MOUSELEAVE : WM_MOUSEMOVE, 0, MAKELPARAM(place.x, place.y));
+    const LPARAM centred = MAKELPARAM(place.x + (client.cx - 202) / 2, place.y + (client.cy - 154) / 2);
+    SendMessageA(window.view, place.x < 0 ? WM_MOUSELEAVE : WM_MOUSEMOVE, 0, centred);
     const std::string read = textOf(window.control(kReadoutId));
     EXPECT_TRUE(text.empty() ? read.empty() : read.starts_with(text)) << read;
     EXPECT_EQ(differences(window), "");
@@ -60,6 +62,89 @@ TEST(Window, APictureLargerThanTheScreenScrolls) {
   expectLine(WM_VSCROLL, SB_BOTTOM, last);
   SendMessageA(window.view, WM_MOUSEMOVE, 0, MAKELPARAM(10, 20));
   EXPECT_TRUE(window.viewer.window.readout.text.starts_with("10, " + std::to_string((20 + last) / 2) + " "));
+}
+
+TEST(Window, EveryScaleEnlargesEachPixel) {
+  for (const char *name : {"COAST.SC5", "COAST.SC7", "SUNSET.EVA"}) {
+    ShellWindow window(name);
+    for (const bool maximised : {false, true}) {
+      if (maximised) ShowWindow(window.main.window, SW_MAXIMIZE);
+      for (size_t choice = 0; choice <= kScaleSteps.size() + 1; ++choice) {
+        window.choose("Scale", choice);
+        SendMessageA(window.view, WM_VSCROLL, SB_LINEDOWN, 0);
+        SendMessageA(window.view, WM_HSCROLL, SB_PAGEDOWN, 0);
+        EXPECT_EQ(differences(window), "") << name << " " << choice;
+      }
+    }
+    window.choose("Normal Scale");
+    EXPECT_EQ(differences(window), "") << name;
+  }
+}
+
+TEST(Window, CtrlWheelKeepsThePixelUnderTheMouse) {
+  ShellWindow window("COAST.SC5");
+  const SIZE size = windowSizeOf(window.main.window);
+  POINT mouse{301, 157};
+  const auto pixel = [&] {
+    SendMessageA(window.view, WM_MOUSEMOVE, 0, MAKELPARAM(mouse.x, mouse.y));
+    return window.viewer.window.readout.text;
+  };
+  const auto turn = [&](int by) {
+    POINT screen = mouse;
+    ClientToScreen(window.view, &screen);
+    SendMessageA(window.view, WM_MOUSEWHEEL, MAKEWPARAM(MK_CONTROL, by), MAKELPARAM(screen.x, screen.y));
+  };
+  const std::string before = pixel();
+  EXPECT_FALSE(before.empty());
+  turn(WHEEL_DELTA / 2);
+  EXPECT_EQ(window.viewer.window.scale, 1);
+  turn(WHEEL_DELTA / 2);
+  for (const int steps : {1, 3, -2, 4, -1, 3, -6, 2, 5, -3, 1, -2, 4, -7, 1, 3, -2, 6, -8, 9}) {
+    turn(steps * WHEEL_DELTA);
+    EXPECT_EQ(pixel(), before) << window.viewer.window.scale;
+    EXPECT_EQ(differences(window), "");
+  }
+  EXPECT_EQ(windowSizeOf(window.main.window).cx, size.cx);
+
+  SendMessageA(window.view, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(mouse.x, mouse.y));
+  mouse = {331, 97};
+  EXPECT_EQ(pixel(), before); // the mouse drags it along
+  SendMessageA(window.view, WM_LBUTTONUP, 0, 0);
+  mouse = {301, 157};
+  EXPECT_NE(pixel(), before);
+}
+
+TEST(Window, FollowsTheScaleUnlessSizedByHand) {
+  ShellWindow window("WHEEL.GL5"); // 202x154
+  const HWND main = window.main.window;
+  const auto viewHeight = [&] { return clientSizeOf(window.view).cy; };
+  window.press(VK_OEM_PLUS, true);
+  EXPECT_EQ(viewHeight(), 308);
+  ShowWindow(main, SW_MAXIMIZE);
+  window.press(VK_OEM_PLUS, true);
+  EXPECT_TRUE(IsZoomed(main));
+  ShowWindow(main, SW_RESTORE);
+  EXPECT_EQ(viewHeight(), 462);
+
+  const SIZE fitted = windowSizeOf(main);
+  SetWindowPos(main, nullptr, 0, 0, fitted.cx + 40, fitted.cy + 60, SWP_NOMOVE);
+  window.press(VK_OEM_PLUS, true);
+  window.drop(writeSample(window.folder, "COAST.SC5"));
+  EXPECT_EQ(windowSizeOf(main).cy, fitted.cy + 60);
+  window.choose("Scale", kScaleSteps.size() + 1); // Fit
+  EXPECT_EQ(window.viewer.window.scale, 1);
+  SetWindowPos(main, nullptr, 0, 0, 1200, 1000, SWP_NOMOVE);
+  EXPECT_EQ(window.viewer.window.scale, 2);
+  EXPECT_EQ(differences(window), "");
+  for (const int show : {SW_SHOWNORMAL, SW_MAXIMIZE}) {
+    ShowWindow(main, show);
+    window.choose("Fit Window to Picture");
+    EXPECT_FALSE(IsZoomed(main));
+    EXPECT_EQ(viewHeight(), 424 * window.viewer.window.scale);
+    EXPECT_EQ(differences(window), "");
+  }
+  window.choose("Normal Scale");
+  EXPECT_EQ(viewHeight(), 424);
 }
 
 TEST(Window, FollowsThePictureAndStaysOnTheScreen) {

@@ -122,6 +122,12 @@ struct ShellWindow {
 
   void choose(const char *caption) const { SendMessageA(main.window, WM_COMMAND, menuCommand(caption), 0); }
 
+  // An item of the submenu.
+  void choose(const char *caption, size_t choice) const {
+    const WPARAM row = menuCommand(caption) - kFirstMenuCommand;
+    SendMessageA(main.window, WM_COMMAND, kFirstChoiceCommand + row * kMaxChoices + choice, 0);
+  }
+
   HWND openDialog(const char *caption, const char *title) const {
     PostMessageA(main.window, WM_COMMAND, menuCommand(caption), 0);
     EXPECT_TRUE(waitUntil([&] { return IsWindowVisible(FindWindowA("#32770", title)); })) << title;
