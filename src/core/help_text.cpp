@@ -23,7 +23,8 @@ constexpr std::array<HelpLine, 11> kFurtherKeys{{
     {"Alt+Enter", "Full screen; so does a double click on the picture"},
     {"Space", "Play or stop a video"},
     {", and .", "Previous frame, next frame"},
-    {"Arrow keys", "Scroll a picture larger than the screen"},
+    {"Arrow keys", "Scroll a picture larger than the window"},
+    {"Ctrl+wheel", "Larger or smaller, at the mouse"},
     {"F10 or Alt", "Menus"},
     {"Tab", "Next control of the window"},
 }};

@@ -89,9 +89,10 @@ void scrollByKey(MainView &view, WPARAM key) {
   }
 }
 
-void scrollByWheel(MainView &view, int turn) {
+void scrollByWheel(MainView &view, int right, int down) {
   constexpr int kNotchSteps = 3;
-  scrollTo(view, {view.corner.x, view.corner.y - turn * kNotchSteps * kScrollStep / WHEEL_DELTA});
+  constexpr int kNotch = kNotchSteps * kScrollStep;
+  scrollTo(view, {view.corner.x + right * kNotch / WHEEL_DELTA, view.corner.y + down * kNotch / WHEEL_DELTA});
 }
 
 // A step for each notch; finer wheels send parts of one.
@@ -112,7 +113,8 @@ void wheelTurned(MainView &view, WPARAM wheel, LPARAM place) {
   if ((LOWORD(wheel) & MK_CONTROL) != 0) {
     scaleByWheel(view, turn, mouse);
   } else {
-    scrollByWheel(view, turn);
+    const bool sideways = (LOWORD(wheel) & MK_SHIFT) != 0;
+    scrollByWheel(view, sideways ? -turn : 0, sideways ? 0 : -turn);
   }
 }
 
@@ -197,6 +199,7 @@ LRESULT CALLBACK mainViewProcedure(HWND window, UINT message, WPARAM wParam, LPA
   case WM_SIZE: updateScrollBars(*view); return 0;
   case WM_HSCROLL: scrollByBar(*view, SB_HORZ, LOWORD(wParam)); return 0;
   case WM_VSCROLL: scrollByBar(*view, SB_VERT, LOWORD(wParam)); return 0;
+  case WM_MOUSEHWHEEL: scrollByWheel(*view, static_cast<short>(HIWORD(wParam)), 0); return 0;
   case WM_MOUSEWHEEL: wheelTurned(*view, wParam, lParam); return 0;
   case WM_GETDLGCODE: return DLGC_WANTARROWS;
   case WM_KEYDOWN: scrollByKey(*view, wParam); return 0;

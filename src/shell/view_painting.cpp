@@ -8,8 +8,8 @@
 
 namespace {
 
-constexpr COLORREF kPixelLine = RGB(0x60, 0x60, 0x60);
-constexpr COLORREF kCellLine = RGB(0xFF, 0xA0, 0x00);
+constexpr COLORREF kPixelLine = RGB(0x70, 0x70, 0x70);
+constexpr COLORREF kCellLine = RGB(0xFF, 0xFF, 0xFF);
 constexpr int32_t kCellPixels = 8;
 
 // Draws straight from the frame: a bitmap of its own would double the memory of a huge picture. Returns false if the
@@ -59,20 +59,19 @@ bool drawEnlarged(HDC screen, POINT origin, const RECT &part, const PixelView &p
 
 // A line at the left edge of each pixel in `part` and one at its top; the cells' lines come last, over the others.
 void drawGrid(HDC screen, POINT origin, const RECT &part, GridStep step) {
-  const HBRUSH brush = static_cast<HBRUSH>(GetStockObject(DC_BRUSH));
+  const HGDIOBJ before = SelectObject(screen, GetStockObject(DC_BRUSH));
   for (const int32_t pixels : {1, kCellPixels}) {
     SetDCBrushColor(screen, pixels == 1 ? kPixelLine : kCellLine);
     const LONG width = step.width * pixels;
     const LONG height = step.height * pixels;
     for (LONG x = part.left - (part.left - origin.x) % width; x < part.right; x += width) {
-      const RECT line{x, part.top, x + 1, part.bottom};
-      FillRect(screen, &line, brush);
+      PatBlt(screen, x, part.top, 1, part.bottom - part.top, PATCOPY);
     }
     for (LONG y = part.top - (part.top - origin.y) % height; y < part.bottom; y += height) {
-      const RECT line{part.left, y, part.right, y + 1};
-      FillRect(screen, &line, brush);
+      PatBlt(screen, part.left, y, part.right - part.left, 1, PATCOPY);
     }
   }
+  SelectObject(screen, before);
 }
 
 void fillAround(const MainView &view, HDC screen, POINT origin, SIZE client) {

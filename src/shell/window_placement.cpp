@@ -81,6 +81,7 @@ bool sizedByHand(const MainWindow &main) {
 // Moves and sizes the window for another reason than its content.
 void adjustWindow(MainWindow &main, const RECT &to, UINT how = kMoveOnly) {
   const bool byHand = sizedByHand(main);
+  if (!byHand) main.fittedSize = sizeOf(to); // the move may have the window fitted again
   moveWindow(main.window, to, how);
   if (!byHand) main.fittedSize = windowSizeOf(main.window);
 }

@@ -103,9 +103,8 @@ void syncPicture(MainWindow &main, const WindowModel &before) {
 
 void syncWindow(MainWindow &main) {
   if (main.window == nullptr) return;
-  const bool sized = IsWindowVisible(main.window) && !IsIconic(main.window);
-  const SIZE room = sized ? viewRoom(main.mainView) : SIZE{};
-  applyScale(*main.viewer, room.cx, room.cy);
+  const SIZE room = IsWindowVisible(main.window) ? viewRoom(main.mainView) : SIZE{};
+  if (!IsIconic(main.window)) applyScale(*main.viewer, room.cx, room.cy);
   const WindowModel &model = main.viewer->window;
 
   if (model.caption != main.shown.caption) setText(main.window, model.caption);

@@ -1,6 +1,7 @@
 // The window held against the viewer without a window, what it does on the desktop, and Korilan.exe as a process.
 #include "cli/opened_file.h"
 #include "core/bitmap_export.h"
+#include "core/display_geometry.h"
 #include "core/file_kinds.h"
 #include "core/image_info.h"
 #include "shell/differences.h"
@@ -118,6 +119,15 @@ TEST(Window, FollowsTheScaleUnlessSizedByHand) {
   ShellWindow window("WHEEL.GL5"); // 202x154
   const HWND main = window.main.window;
   const auto viewHeight = [&] { return clientSizeOf(window.view).cy; };
+  const auto changeDots = [&](int dots) {
+    RECT place{};
+    GetWindowRect(main, &place);
+    SendMessageA(main, WM_DPICHANGED, MAKEWPARAM(dots, dots), reinterpret_cast<LPARAM>(&place));
+  };
+  changeDots(192);
+  EXPECT_GE(viewHeight(), 308); // the frame does not take the new scale here
+  changeDots(96);
+  EXPECT_EQ(viewHeight(), kMinAreaHeight);
   window.press(VK_OEM_PLUS, true);
   EXPECT_EQ(viewHeight(), 308);
   ShowWindow(main, SW_MAXIMIZE);
@@ -166,6 +176,7 @@ TEST(Window, FollowsThePictureAndStaysOnTheScreen) {
     EXPECT_EQ(windowSizeOf(main).cy == height, path != small);
   }
   const int letters = window.main.metrics.lineHeight;
+  window.choose("Scale", 0); // at the start value the window would be fitted again
   place = {30, 40, 400, 500};
   SendMessageA(main, WM_DPICHANGED, MAKEWPARAM(192, 192), reinterpret_cast<LPARAM>(&place));
   EXPECT_NEAR(clientSizeOf(window.control(kLabel1Id)).cy, 2 * letters, 2);
