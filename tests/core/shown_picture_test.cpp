@@ -70,9 +70,12 @@ TEST(ShownPicture, ColourUnderTheMouse) {
     window.viewer.zoomMode = zoomed;
     window.open(path, file);
     const std::string before = pictureText(window.viewer);
-    window.viewer.window.readout = {"old", 1};
-    moveMouse(window.viewer, x, y);
-    EXPECT_EQ(window.viewer.window.readout.text, text) << path;
+    for (const int32_t scale : {12, 1}) {
+      window.viewer.window.scale = scale;
+      window.viewer.window.readout = {"old", 1};
+      moveMouse(window.viewer, x * scale + scale - 1, y * scale + scale - 1);
+      EXPECT_EQ(window.viewer.window.readout.text, text) << path;
+    }
     const std::string colour = colourCode(window.viewer.window.readout.colour);
     EXPECT_TRUE(std::string_view(text).ends_with(colour) || *text == '\0') << colour;
     EXPECT_EQ(pictureText(window.viewer), before);

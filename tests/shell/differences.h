@@ -59,6 +59,7 @@ inline size_t wrongPixels(const ShellWindow &window, const ViewerState &wanted) 
 // What the window shows otherwise than `wanted` has it, a line each.
 inline std::string differences(const ShellWindow &window, ViewerState &wanted) {
   std::string text;
+  wanted.display.startScale = window.viewer.display.startScale;
   const SIZE room = viewRoom(window.main.mainView);
   applyScale(wanted, room.cx, room.cy);
   const auto expect = [&](const std::string &what, const auto &shown, const auto &value) {
