@@ -139,11 +139,10 @@ void mouseMoved(MainView &view, LPARAM place) {
 ScaleAnchor anchorAt(const MainView &view, std::optional<POINT> point) {
   const bool same = view.anchor && view.anchor->point.has_value() == point.has_value() &&
                     (!point || (view.anchor->point->x == point->x && view.anchor->point->y == point->y));
-  const bool unmoved = view.corner.x == view.anchoredCorner.x && view.corner.y == view.anchoredCorner.y;
-  if (same && unmoved) return *view.anchor;
+  const POINT origin = pictureOrigin(view);
+  if (same && origin.x == view.anchoredOrigin.x && origin.y == view.anchoredOrigin.y) return *view.anchor;
   const SIZE client = clientSizeOf(view.window);
   const POINT place = point.value_or(POINT{client.cx / 2, client.cy / 2});
-  const POINT origin = pictureOrigin(view);
   return {.point = point, .x = anchorOf(place.x - origin.x, view.scale), .y = anchorOf(place.y - origin.y, view.scale)};
 }
 
@@ -151,7 +150,7 @@ void scrollToAnchor(MainView &view) {
   const SIZE client = clientSizeOf(view.window);
   const POINT place = view.anchor->point.value_or(POINT{client.cx / 2, client.cy / 2});
   scrollTo(view, {placeOf(view.anchor->x, view.scale) - place.x, placeOf(view.anchor->y, view.scale) - place.y});
-  view.anchoredCorner = view.corner;
+  view.anchoredOrigin = pictureOrigin(view);
   view.rescaled = false;
   reportMouse(view);
 }

@@ -32,7 +32,7 @@ struct MainView {
 
   std::optional<POINT> wheel;        // while the wheel turns the scale: the place of the mouse
   std::optional<ScaleAnchor> anchor; // of the last change of the scale
-  POINT anchoredCorner{};            // `corner` after it
+  POINT anchoredOrigin{};            // place of the picture after it
   bool rescaled = false;             // the view must scroll to `anchor`
   std::optional<PictureDrag> drag;
   int wheelRest = 0; // of a turn of less than a notch
