@@ -29,6 +29,12 @@ VideoMemory::VideoMemory(size_t size) {
   throw std::bad_alloc();
 }
 
+VideoMemory::VideoMemory(const VideoMemory &other) {
+  if (!resize(other.length)) return;
+  used = other.used;
+  std::copy_n(other.data(), used, bytes.get());
+}
+
 bool VideoMemory::resize(size_t size) {
   if (size == length) return true;
   auto *block = static_cast<uint8_t *>(std::calloc(size, 1));

@@ -15,6 +15,13 @@ public:
   // Ends the program if there is not enough memory.
   explicit VideoMemory(size_t size);
 
+  // The copy has size 0 if there is not enough memory.
+  VideoMemory(const VideoMemory &other);
+  VideoMemory(VideoMemory &&other) noexcept = default;
+  VideoMemory &operator=(const VideoMemory &) = delete;
+  VideoMemory &operator=(VideoMemory &&other) noexcept = default;
+  ~VideoMemory() = default;
+
   // Keeps the bytes that fit. Returns false, with nothing changed, if there is not enough memory.
   bool resize(size_t size);
 

@@ -22,6 +22,9 @@ struct FileOps {
   // Current length in bytes; 0 on failure.
   int64_t (*length)(FileHandle file);
 
+  // When the file was last written to, in units of the system; grows with time. 0 on failure.
+  int64_t (*writeTime)(FileHandle file);
+
   // Reads up to `count` bytes at the 0-based `offset`; returns how many were read.
   size_t (*readAt)(FileHandle file, int64_t offset, uint8_t *into, size_t count);
 

@@ -36,6 +36,13 @@ int64_t lengthOf(FileHandle file) {
   return fstat(descriptorOf(file), &status) == 0 ? status.st_size : 0;
 }
 
+int64_t writeTime(FileHandle file) {
+  constexpr int64_t kNanoseconds = 1'000'000'000;
+  struct stat status {};
+  if (fstat(descriptorOf(file), &status) != 0) return 0;
+  return status.st_mtim.tv_sec * kNanoseconds + status.st_mtim.tv_nsec;
+}
+
 size_t readAt(FileHandle file, int64_t offset, uint8_t *into, size_t count) {
   size_t given = 0;
   while (given < count) {
@@ -152,6 +159,7 @@ std::string finishOutput(OutputHandle handle, bool keep) {
 
 constexpr FileOps kPosixFiles{.openForReading = openForReading,
                               .length = lengthOf,
+                              .writeTime = writeTime,
                               .readAt = readAt,
                               .close = closeFile,
                               .listFolder = listFolder,

@@ -19,16 +19,6 @@ constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELE
 // The byte count of a call is a DWORD.
 constexpr size_t kMaxTransfer = size_t{1} << 30;
 
-// The path for a W function. From MAX_PATH characters on it is accepted only in full and behind \\?\ unless the
-// system is set up for longer ones.
-std::wstring longPath(const std::string &path) {
-  std::wstring wide = toUtf16(path);
-  std::wstring full(GetFullPathNameW(wide.c_str(), 0, nullptr, nullptr), L'\0'); // room for the NUL, too
-  full.resize(GetFullPathNameW(wide.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
-  if (full.size() < MAX_PATH || full.starts_with(L"\\\\?\\") || full.starts_with(L"\\\\.\\")) return wide;
-  return full.starts_with(L"\\\\") ? L"\\\\?\\UNC" + full.substr(1) : L"\\\\?\\" + full;
-}
-
 FileHandle openForReading(const char *path) {
   const HANDLE file = CreateFileW(longPath(path).c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING,
                                   FILE_ATTRIBUTE_NORMAL, nullptr);
@@ -43,6 +33,12 @@ FileHandle openForReading(const char *path) {
 int64_t length(FileHandle file) {
   LARGE_INTEGER size{};
   return GetFileSizeEx(file, &size) ? size.QuadPart : 0;
+}
+
+int64_t writeTime(FileHandle file) {
+  FILETIME time{};
+  if (!GetFileTime(file, nullptr, nullptr, &time)) return 0;
+  return static_cast<int64_t>(time.dwHighDateTime) << 32 | time.dwLowDateTime;
 }
 
 size_t readAt(FileHandle file, int64_t offset, uint8_t *into, size_t count) {
@@ -191,6 +187,7 @@ const FileOps &systemFiles() {
   static constexpr FileOps kFiles = {
       .openForReading = openForReading,
       .length = length,
+      .writeTime = writeTime,
       .readAt = readAt,
       .close = closeFile,
       .listFolder = listFolder,

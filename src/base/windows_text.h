@@ -1,4 +1,4 @@
-// UTF-8 to the UTF-16 of Windows' W functions, and back.
+// UTF-8 to the UTF-16 of Windows' W functions, and back; paths for them.
 #pragma once
 
 #include <windows.h>
@@ -21,4 +21,14 @@ inline std::string toUtf8(std::wstring_view text) {
   std::string narrow(static_cast<size_t>(bytes), '\0');
   WideCharToMultiByte(CP_UTF8, 0, text.data(), units, narrow.data(), bytes, nullptr, nullptr);
   return narrow;
+}
+
+// The path for a W function. From MAX_PATH characters on it is accepted only in full and behind \\?\ unless the
+// system is set up for longer ones.
+inline std::wstring longPath(const std::string &path) {
+  std::wstring wide = toUtf16(path);
+  std::wstring full(GetFullPathNameW(wide.c_str(), 0, nullptr, nullptr), L'\0'); // room for the NUL, too
+  full.resize(GetFullPathNameW(wide.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
+  if (full.size() < MAX_PATH || full.starts_with(L"\\\\?\\") || full.starts_with(L"\\\\.\\")) return wide;
+  return full.starts_with(L"\\\\") ? L"\\\\?\\UNC" + full.substr(1) : L"\\\\?\\" + full;
 }

@@ -1,5 +1,6 @@
 #include "core/display_settings.h"
 
+#include "core/following.h"
 #include "state/platform_calls.h"
 
 #include <array>
@@ -37,6 +38,12 @@ void loadDisplaySettings(ViewerState &viewer) {
 }
 
 void menuGrid_Click(ViewerState &viewer) { turn(viewer, kGrid); }
-void menuFollowChanges_Click(ViewerState &viewer) { turn(viewer, kFollowChanges); }
+
+// The file may have changed while it was not followed.
+void menuFollowChanges_Click(ViewerState &viewer) {
+  turn(viewer, kFollowChanges);
+  noteFileChange(viewer);
+}
+
 void menuSamePalette_Click(ViewerState &viewer) { turn(viewer, kSamePalette); }
 void menuOrderByNumber_Click(ViewerState &viewer) { turn(viewer, kOrderByNumber); }

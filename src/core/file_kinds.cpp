@@ -47,7 +47,7 @@ constexpr std::array<FileKind, kFileKindCount> kFileKinds{{
     {".SR5", "Screen 5 BLOAD file",     loadPackedScreen5,     {}},
     {".GL5", "Screen 5 COPY file ",     loadScreen5Copy,       {.runOnBits = 4}},
     {".SCR", "VSCREEN Border file",     loadBorder,            {}},
-    {".TGS", "VSCREEN Sprite file",     loadSpriteSet,         {}},
+    {".TGS", "VSCREEN Sprite file",     loadSpriteSet,         {.companion = "tcs"}},
     {".SC6", "Screen 6 BLOAD file",     loadScreen6,           {}},
     {".SR6", "Screen 6 BLOAD file",     loadScreen6,           {}},
     {".GL6", "Screen 6 COPY file ",     loadScreen6Copy,       {.runOnBits = 2}},

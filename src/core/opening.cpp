@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "core/display_geometry.h"
 #include "core/file_kinds.h"
+#include "core/following.h"
 #include "core/rendering.h"
 #include "state/labels.h"
 #include "state/video_memory.h"
@@ -30,8 +31,9 @@ bool openFileForReading(ViewerState &viewer) {
   viewer.fileLoaded = kTrue;
   viewer.loadError.clear();
   closeAllFiles(viewer);
-  if (openInputFile(viewer.inputFile, *viewer.platform.files, viewer.filePath)) return true;
-  return reportNotValid(viewer);
+  const bool opened = openInputFile(viewer.inputFile, *viewer.platform.files, viewer.filePath);
+  startFollowing(viewer);
+  return opened || reportNotValid(viewer);
 }
 
 // Last step: shows the loaded picture or video.

@@ -1,9 +1,8 @@
 #include "formats/vscreen_level.h"
 
-#include "base/paths.h"
-#include "base/text.h"
 #include "screens/bload_loaders.h"
 #include "screens/pattern_screen.h"
+#include "state/companion_file.h"
 #include "state/labels.h"
 #include "state/palette.h"
 #include "state/video_memory.h"
@@ -47,21 +46,9 @@ constexpr BloadSettings kBorder = {.minEnd = 0x1400,
                                    .palette = BloadPalette::kStandard,
                                    .paletteAddress = 0};
 
-// Opens the colour file of the sprite set: its name with "tcs", in any case.
-bool openSpriteColours(const ViewerState &viewer, InputFile &file) {
-  const FileOps &files = *viewer.platform.files;
-  const std::string path = withLastLetters(viewer.filePath, "tcs");
-  if (openInputFile(file, files, path)) return true;
-  const std::string name = upperCased(path.substr(viewer.folderPath.size()));
-  for (const std::string &other : files.listFolder(viewer.folderPath.c_str())) {
-    if (upperCased(other) == name && openInputFile(file, files, viewer.folderPath + other)) return true;
-  }
-  return false;
-}
-
 bool readSpriteColours(const ViewerState &viewer, SpriteColours &colours) {
   InputFile file;
-  const bool whole = openSpriteColours(viewer, file) && inputFileLength(file) == std::ssize(colours) &&
+  const bool whole = openCompanion(viewer, file) && inputFileLength(file) == std::ssize(colours) &&
                      readBytes(file, 1, colours) == colours.size();
   closeInputFile(file);
   return whole;

@@ -258,7 +258,14 @@ void handleMessage(MainWindow &main, MSG &message) {
 }
 
 int runMessageLoop(MainWindow &main) {
-  MSG message;
-  while (GetMessageW(&message, nullptr, 0, 0) > 0) handleMessage(main, message);
-  return static_cast<int>(message.wParam);
+  for (MSG message;;) {
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+      if (message.message == WM_QUIT) {
+        stopWatching(main.fileWatch);
+        return static_cast<int>(message.wParam);
+      }
+      handleMessage(main, message);
+    }
+    if (waitForMessages(main.fileWatch, *main.viewer)) syncWindow(main);
+  }
 }

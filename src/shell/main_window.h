@@ -1,6 +1,7 @@
 // The main window: shows the viewer's WindowModel.
 #pragma once
 
+#include "shell/file_watch.h"
 #include "shell/full_screen.h"
 #include "shell/main_view.h"
 #include "shell/sound_device.h"
@@ -27,6 +28,7 @@ struct MainWindow {
   HFONT font = nullptr;
   TextMetrics metrics;
   SoundDevice sound;
+  FileWatch fileWatch;
 
   SIZE fittedSize{}; // outer size that the program gave the window; any other one is the user's
 

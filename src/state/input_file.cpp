@@ -17,6 +17,11 @@ void closeInputFile(InputFile &file) {
 
 int64_t inputFileLength(const InputFile &file) { return file.handle != nullptr ? file.files->length(file.handle) : 0; }
 
+FileStamp stampOf(const InputFile &file) {
+  if (file.handle == nullptr) return {};
+  return {.length = file.files->length(file.handle), .writeTime = file.files->writeTime(file.handle)};
+}
+
 size_t readAvailableBytes(const InputFile &file, int64_t position, std::span<uint8_t> into) {
   if (file.handle == nullptr || position < 1) return 0;
   return file.files->readAt(file.handle, position - 1, into.data(), into.size());

@@ -21,6 +21,16 @@ void closeInputFile(InputFile &file);
 // Length in bytes; 0 while closed.
 int64_t inputFileLength(const InputFile &file);
 
+// Length and time of the last write; a file that is closed has neither.
+struct FileStamp {
+  int64_t length = -1; // bytes
+  int64_t writeTime = 0;
+
+  bool operator==(const FileStamp &) const = default;
+};
+
+FileStamp stampOf(const InputFile &file);
+
 // Fills `into` from `position` (1-based) on, with zeros past the end of the file and for a position below 1.
 // Returns how many bytes the file had.
 size_t readBytes(const InputFile &file, int64_t position, std::span<uint8_t> into);

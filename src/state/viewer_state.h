@@ -5,6 +5,7 @@
 #include "base/numbers.h"
 #include "state/display_settings.h"
 #include "state/file_kind.h"
+#include "state/following.h"
 #include "state/input_file.h"
 #include "state/picture_settings.h"
 #include "state/platform_ops.h"
@@ -83,6 +84,7 @@ struct ViewerState {
   const FileKind *kind = &kNoKind; // of the file opened last
   Flag16 fileLoaded = kFalse;      // from opening a file to the reset
   InputFile inputFile;
+  Following following;
   std::string loadError; // why the last file is not shown; empty if it is, or was ignored
 
   // Description of the picture that is loaded.

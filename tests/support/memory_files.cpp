@@ -20,6 +20,13 @@ FileHandle openForReading(const char *path) {
 
 int64_t lengthOf(FileHandle file) { return readFails() ? 0 : std::ssize(static_cast<File *>(file)->second); }
 
+// Another time for other bytes.
+int64_t writeTimeOf(FileHandle file) {
+  const auto &bytes = static_cast<File *>(file)->second;
+  const std::string_view text(reinterpret_cast<const char *>(bytes.data()), bytes.size());
+  return static_cast<int64_t>(std::hash<std::string_view>{}(text));
+}
+
 // A read that fails has given the half of it.
 size_t readAt(FileHandle file, int64_t offset, uint8_t *into, size_t count) {
   std::span<const uint8_t> bytes = static_cast<File *>(file)->second;
@@ -64,9 +71,15 @@ DiskFaults &diskFaults() {
 }
 
 const FileOps &memoryFiles() {
-  static constexpr FileOps kFiles{
-      openForReading,    lengthOf,    readAt,
-      [](FileHandle) {}, listFolder,  [](const char *path) { return memoryDisk().contains(path); },
-      beginOutput,       writeOutput, finishOutput};
+  static constexpr FileOps kFiles{.openForReading = openForReading,
+                                  .length = lengthOf,
+                                  .writeTime = writeTimeOf,
+                                  .readAt = readAt,
+                                  .close = [](FileHandle) {},
+                                  .listFolder = listFolder,
+                                  .exists = [](const char *path) { return memoryDisk().contains(path); },
+                                  .beginOutput = beginOutput,
+                                  .write = writeOutput,
+                                  .finishOutput = finishOutput};
   return kFiles;
 }

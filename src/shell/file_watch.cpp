@@ -1,0 +1,96 @@
+#include "shell/file_watch.h"
+
+#include "base/windows_text.h"
+#include "core/following.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <string_view>
+#include <vector>
+
+namespace {
+
+bool watching(const FileWatch &watch) { return watch.folder != INVALID_HANDLE_VALUE; }
+
+// Other computers report changes late or not at all.
+bool onNetwork(const std::wstring &folder) {
+  std::array<wchar_t, MAX_PATH> root{};
+  return GetVolumePathNameW(folder.c_str(), root.data(), MAX_PATH) && GetDriveTypeW(root.data()) == DRIVE_REMOTE;
+}
+
+void requestChanges(FileWatch &watch) {
+  constexpr DWORD kFilter = FILE_NOTIFY_CHANGE_FILE_NAME | FILE_NOTIFY_CHANGE_LAST_WRITE | FILE_NOTIFY_CHANGE_SIZE;
+  const bool requested = ReadDirectoryChangesW(watch.folder, watch.changes.data(), sizeof watch.changes, FALSE, kFilter,
+                                               nullptr, &watch.request, nullptr);
+  if (requested) return;
+  CloseHandle(watch.folder);
+  watch.folder = INVALID_HANDLE_VALUE;
+}
+
+// Other programs can still rename and delete the folder.
+void startWatching(FileWatch &watch, const std::string &folderPath) {
+  stopWatching(watch);
+  watch.folderPath = folderPath;
+  const std::wstring folder = longPath(folderPath);
+  if (folderPath.empty() || onNetwork(folder)) return;
+  watch.request.hEvent = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+  if (watch.request.hEvent == nullptr) return;
+  watch.folder =
+      CreateFileW(folder.c_str(), FILE_LIST_DIRECTORY, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                  OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OVERLAPPED, nullptr);
+  if (watching(watch)) requestChanges(watch);
+}
+
+// The system may report a short name instead, which has a tilde.
+bool mayBe(std::wstring_view reported, const std::string &name) {
+  if (reported.find(L'~') != std::wstring_view::npos) return true;
+  const std::wstring wide = toUtf16(name);
+  return CompareStringOrdinal(reported.data(), static_cast<int>(reported.size()), wide.data(),
+                              static_cast<int>(wide.size()), TRUE) == CSTR_EQUAL;
+}
+
+// Whether one of the names is in the first `bytes` of the changes. If these were too many there are none.
+bool reports(const FileWatch &watch, DWORD bytes, const std::vector<std::string> &names) {
+  if (bytes == 0) return true;
+  const auto *entry = reinterpret_cast<const std::byte *>(watch.changes.data());
+  for (;;) {
+    const auto &change = *reinterpret_cast<const FILE_NOTIFY_INFORMATION *>(entry);
+    const std::wstring_view reported(change.FileName, change.FileNameLength / sizeof(wchar_t));
+    if (std::any_of(names.begin(), names.end(), [&](const auto &name) { return mayBe(reported, name); })) return true;
+    if (change.NextEntryOffset == 0) return false;
+    entry += change.NextEntryOffset;
+  }
+}
+
+void takeChanges(FileWatch &watch, ViewerState &viewer) {
+  DWORD bytes = 0;
+  GetOverlappedResult(watch.folder, &watch.request, &bytes, FALSE);
+  if (reports(watch, bytes, followedNames(viewer))) noteFileChange(viewer);
+  requestChanges(watch);
+}
+
+} // namespace
+
+bool waitForMessages(FileWatch &watch, ViewerState &viewer) {
+  const std::string wanted = followedNames(viewer).empty() ? "" : viewer.folderPath.empty() ? ".\\" : viewer.folderPath;
+  if (wanted != watch.folderPath) startWatching(watch, wanted);
+  const DWORD handles = watching(watch) ? 1 : 0;
+  const DWORD delay = watching(watch) ? followDelay(viewer).value_or(INFINITE) : INFINITE;
+  const DWORD reason =
+      MsgWaitForMultipleObjectsEx(handles, &watch.request.hEvent, delay, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+  if (reason == WAIT_OBJECT_0 && handles == 1) takeChanges(watch, viewer);
+  if (reason != WAIT_TIMEOUT) return false;
+  followFile(viewer);
+  return true;
+}
+
+void stopWatching(FileWatch &watch) {
+  DWORD bytes = 0;
+  if (watching(watch)) {
+    CancelIoEx(watch.folder, &watch.request);
+    GetOverlappedResult(watch.folder, &watch.request, &bytes, TRUE); // until then the system may write
+    CloseHandle(watch.folder);
+  }
+  if (watch.request.hEvent != nullptr) CloseHandle(watch.request.hEvent);
+  watch = {};
+}
