@@ -44,9 +44,8 @@ std::string videoLines(const ViewerState &viewer) {
          line("Length", seconds.data()) + line("Sound", sound);
 }
 
-} // namespace
-
-std::string imageInfo(const ViewerState &viewer) {
+// Of the current file, which is open.
+std::string infoLines(const ViewerState &viewer) {
   const bool video = viewer.player != nullptr;
   const bool refused = viewer.picturePath != openedPath(viewer);
   const char *storage = video || refused ? "" : viewer.isPacked == kTrue ? " (compressed)" : " (raw bitmap)";
@@ -62,6 +61,16 @@ std::string imageInfo(const ViewerState &viewer) {
           line("Palette", paletteText(viewer));
   if (video) text += videoLines(viewer);
   if (const auto details = viewer.pictureKind->traits.details; details != nullptr) text += details(viewer);
+  return text;
+}
+
+} // namespace
+
+std::string imageInfo(ViewerState &viewer) {
+  const bool open = viewer.inputFile.handle != nullptr;
+  if (!open) openInputFile(viewer.inputFile, *viewer.platform.files, openedPath(viewer));
+  std::string text = infoLines(viewer);
+  if (!open) closeInputFile(viewer.inputFile);
   return text;
 }
 

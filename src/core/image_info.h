@@ -5,8 +5,8 @@
 
 #include <string>
 
-// Facts about the current file: lines of name, tab, value.
-std::string imageInfo(const ViewerState &viewer);
+// Facts about the current file, which is opened if it is not: lines of name, tab, value.
+std::string imageInfo(ViewerState &viewer);
 
 // "Image Info": shows the text.
 void menuImageInfo_Click(ViewerState &viewer);

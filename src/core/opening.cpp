@@ -56,6 +56,8 @@ void openCurrentPath(ViewerState &viewer) {
   if (kind == nullptr) return;
   takeKind(viewer, *kind);
   if (openFileForReading(viewer) && kind->load(viewer)) showLoaded(viewer);
+  // While a file is open the system may refuse to have it replaced. The frames of a video are read as they are shown.
+  if (viewer.player == nullptr) closeInputFile(viewer.inputFile);
 }
 
 void resetViewer(ViewerState &viewer) {

@@ -83,7 +83,7 @@ struct ViewerState {
   std::string typeDescription;     // type text of `kind`
   const FileKind *kind = &kNoKind; // of the file opened last
   Flag16 fileLoaded = kFalse;      // from opening a file to the reset
-  InputFile inputFile;
+  InputFile inputFile;             // open during a load, and while its video is open
   Following following;
   std::string loadError; // why the last file is not shown; empty if it is, or was ignored
 

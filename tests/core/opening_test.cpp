@@ -44,7 +44,7 @@ TEST(Opening, EmptyWindowAtStartUpAndAfterClose) {
   EXPECT_EQ(windowText(viewer), "Korilan||||||OEQ|428|0|000000000");
   window.open("packed.SR7", BloadBuilder{.identifier = 0xFD, .body = {0, 0, 0x1F}}.build());
   EXPECT_EQ(windowText(viewer),
-            "Korilan - packed.SR7|Screen 7 BLOAD file|512x212|16 colors|||OWSCEQZAINPLT|428|424|111100000");
+            "Korilan - packed.SR7|Screen 7 BLOAD file|512x212|16 colors|||OWSCEQZAINPLT|428|424|111000000");
   disturb(viewer);
   const uint32_t serial = viewer.window.pictureSerial;
   window.pressCtrl('W');
@@ -59,9 +59,9 @@ TEST(Opening, AFileThatIsIgnoredOrRefusedLeavesThePicture) {
   const std::string ignored = "Korilan - good.SC7|Screen 7 BLOAD file" + picture + "old" + menus;
   const std::string error = "*** Error: Not a valid .SC6 file.", kind = "Screen 6 BLOAD file" + picture + error + menus;
   using Row = std::pair<const char *, std::string>;
-  for (const auto &[path, text] : {Row{".SC5", ignored + "111111111"}, Row{"good.txt", ignored + "011111111"},
+  for (const auto &[path, text] : {Row{".SC5", ignored + "111011111"}, Row{"good.txt", ignored + "011011111"},
                                    Row{"d\\none.SC6", "Korilan - none.SC6|" + kind + "011011000"},
-                                   Row{"d\\bad.SC6", "Korilan - bad.SC6|" + kind + "011111000"}}) {
+                                   Row{"d\\bad.SC6", "Korilan - bad.SC6|" + kind + "011011000"}}) {
     TestViewer window;
     window.open("good.SC7", kPicture);
     disturb(window.viewer);

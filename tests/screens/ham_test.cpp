@@ -1,4 +1,5 @@
 #include "screens/ham_picture.h"
+#include "core/image_info.h"
 #include "screens/picture_bytes.h"
 
 #include <gtest/gtest.h>
@@ -31,8 +32,9 @@ TEST(Ham, LinesOfBothPages) {
     for (size_t n = 0; n < window.viewer.frameBits.size(); n += n % 512 == 0 ? 1 : 511)
       left.push_back(window.viewer.frameBits[n]);
     EXPECT_EQ(left, expected);
-    EXPECT_EQ(hamDetails(window.viewer), "Storage mode:\t0\nInterlace:\t" + std::string(interlace == 1 ? "yes" : "no") +
-                                             "\nPalette changes:\t2 after each line\n");
+    const std::string details = "Storage mode:\t0\nInterlace:\t" + std::string(interlace == 1 ? "yes" : "no") +
+                                "\nPalette changes:\t2 after each line\n";
+    EXPECT_TRUE(imageInfo(window.viewer).ends_with(details));
   }
 }
 
