@@ -280,6 +280,23 @@ TEST(Desktop, OpenDialogStartsInTheFolderInWhichKeysPage) {
   EXPECT_TRUE(shows("COAST.SC5"));
 }
 
+TEST(Desktop, AFileThatChangesIsShownAnew) {
+  ShellWindow window("COAST.SC5");
+  const std::string path = window.viewer.filePath;
+  std::vector<uint8_t> bytes = window.folder.read(u8"COAST.SC5");
+  OpenedFile wanted;
+  for (const std::string way : {"written", "renamed over", "deleted and made anew"}) {
+    std::ranges::reverse(bytes.begin() + 1000, bytes.begin() + 20000);
+    if (way == "deleted and made anew") DeleteFileA(path.c_str());
+    const uint32_t serial = window.viewer.window.pictureSerial;
+    const std::string written = window.folder.write(way == "renamed over" ? u8"new" : u8"COAST.SC5", bytes);
+    EXPECT_TRUE(written == path || MoveFileExA(written.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING));
+    EXPECT_TRUE(window.settles([&] { return window.viewer.window.pictureSerial != serial; })) << way;
+    openFile(wanted, path);
+    EXPECT_EQ(differences(window, wanted.viewer), "") << way;
+  }
+}
+
 // The boxes of the dialog, "1" for one that is checked; six numbers between the two groups are unused.
 std::string boxesOf(HWND dialog) {
   std::string boxes;
