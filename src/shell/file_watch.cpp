@@ -18,13 +18,16 @@ bool onNetwork(const std::wstring &folder) {
   return GetVolumePathNameW(folder.c_str(), root.data(), MAX_PATH) && GetDriveTypeW(root.data()) == DRIVE_REMOTE;
 }
 
+void closeFolder(FileWatch &watch) {
+  CloseHandle(watch.folder);
+  watch.folder = INVALID_HANDLE_VALUE;
+}
+
 void requestChanges(FileWatch &watch) {
   constexpr DWORD kFilter = FILE_NOTIFY_CHANGE_FILE_NAME | FILE_NOTIFY_CHANGE_LAST_WRITE | FILE_NOTIFY_CHANGE_SIZE;
   const bool requested = ReadDirectoryChangesW(watch.folder, watch.changes.data(), sizeof watch.changes, FALSE, kFilter,
                                                nullptr, &watch.request, nullptr);
-  if (requested) return;
-  CloseHandle(watch.folder);
-  watch.folder = INVALID_HANDLE_VALUE;
+  if (!requested) closeFolder(watch);
 }
 
 // Other programs can still rename and delete the folder.
@@ -32,7 +35,8 @@ void startWatching(FileWatch &watch, const std::string &folderPath) {
   stopWatching(watch);
   watch.folderPath = folderPath;
   const std::wstring folder = longPath(folderPath);
-  if (folderPath.empty() || onNetwork(folder)) return;
+  watch.remote = onNetwork(folder);
+  if (folderPath.empty() || watch.remote) return;
   watch.request.hEvent = CreateEventW(nullptr, TRUE, FALSE, nullptr);
   if (watch.request.hEvent == nullptr) return;
   watch.folder =
@@ -41,10 +45,10 @@ void startWatching(FileWatch &watch, const std::string &folderPath) {
   if (watching(watch)) requestChanges(watch);
 }
 
-// The system may report a short name instead, which has a tilde.
+// Either may be a short name, which has a tilde.
 bool mayBe(std::wstring_view reported, const std::string &name) {
-  if (reported.find(L'~') != std::wstring_view::npos) return true;
   const std::wstring wide = toUtf16(name);
+  if (reported.find(L'~') != std::wstring_view::npos || wide.find(L'~') != std::wstring::npos) return true;
   return CompareStringOrdinal(reported.data(), static_cast<int>(reported.size()), wide.data(),
                               static_cast<int>(wide.size()), TRUE) == CSTR_EQUAL;
 }
@@ -64,9 +68,10 @@ bool reports(const FileWatch &watch, DWORD bytes, const std::vector<std::string>
 
 void takeChanges(FileWatch &watch, ViewerState &viewer) {
   DWORD bytes = 0;
-  GetOverlappedResult(watch.folder, &watch.request, &bytes, FALSE);
+  const bool exists = GetOverlappedResult(watch.folder, &watch.request, &bytes, FALSE) ||
+                      GetLastError() == ERROR_NOTIFY_ENUM_DIR; // too many changes
   if (reports(watch, bytes, followedNames(viewer))) noteFileChange(viewer);
-  requestChanges(watch);
+  exists ? requestChanges(watch) : closeFolder(watch);
 }
 
 } // namespace
@@ -75,11 +80,12 @@ bool waitForMessages(FileWatch &watch, ViewerState &viewer) {
   const std::string wanted = followedNames(viewer).empty() ? "" : viewer.folderPath.empty() ? ".\\" : viewer.folderPath;
   if (wanted != watch.folderPath) startWatching(watch, wanted);
   const DWORD handles = watching(watch) ? 1 : 0;
-  const DWORD delay = watching(watch) ? followDelay(viewer).value_or(INFINITE) : INFINITE;
+  const DWORD delay = watch.remote ? INFINITE : followDelay(viewer).value_or(INFINITE);
   const DWORD reason =
       MsgWaitForMultipleObjectsEx(handles, &watch.request.hEvent, delay, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
   if (reason == WAIT_OBJECT_0 && handles == 1) takeChanges(watch, viewer);
   if (reason != WAIT_TIMEOUT) return false;
+  startWatching(watch, wanted); // the folder may be another one of the same name
   followFile(viewer);
   return true;
 }

@@ -10,6 +10,7 @@
 
 struct FileWatch {
   std::string folderPath; // of the followed file; empty: none
+  bool remote = false;    // on a network drive: nothing is watched
   HANDLE folder = INVALID_HANDLE_VALUE;
   OVERLAPPED request{};              // the system fills `changes` and sets its event
   std::array<DWORD, 4096> changes{}; // FILE_NOTIFY_INFORMATION, one after another
