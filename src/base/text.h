@@ -18,5 +18,9 @@ std::string withThousandsSeparators(int64_t count);
 // The colour 0x00RRGGBB as "#RRGGBB" in upper-case digits; the top byte is ignored.
 std::string colourCode(uint32_t colour);
 
+// Whether `left` comes before `right` if each number in them counts by its value and small letters as capitals: "PIC2"
+// before "pic10". A strict order of all names; equal but for zeros and capitals, they are in the order of their bytes.
+bool numberedBefore(std::string_view left, std::string_view right);
+
 // Maps a-z to A-Z; other characters stay.
 std::string upperCased(std::string_view text);

@@ -60,6 +60,7 @@ void rebuildFolderList(ViewerState &viewer) {
 
   viewer.folderFiles = viewer.platform.files->listFolder(viewer.folderPrefix.c_str());
   std::erase_if(viewer.folderFiles, [](const std::string &file) { return !supported(file); });
+  if (viewer.display.orderByNumber) std::sort(viewer.folderFiles.begin(), viewer.folderFiles.end(), numberedBefore);
   if (viewer.folderFiles.size() > kMaxFiles) viewer.folderFiles.resize(kMaxFiles);
   viewer.folderFileCount = static_cast<int16_t>(viewer.folderFiles.size());
   const auto current = std::find(viewer.folderFiles.begin(), viewer.folderFiles.end(), name);

@@ -1,4 +1,5 @@
 // Opening of files: what the window is then, names, paging through a folder.
+#include "core/display_settings.h"
 #include "core/file_kinds.h"
 #include "core/folder_navigation.h"
 #include "support/bytes.h"
@@ -145,6 +146,19 @@ TEST(FolderNavigation, WhichFileIsOpened) {
     EXPECT_TRUE(pressKey(window.viewer, {key}));
     EXPECT_EQ(window.viewer.filePath, std::string("d\\") + expected);
   }
+}
+
+TEST(FolderNavigation, OrderByNumber) {
+  FolderViewer window("pic10.SC5 PIC2.SC5 PIC02.SC5 pic2a.SC5 PIC.SC5 \u00E9.SC5 10.SC5 9.SC5 PIC0.SC5");
+  const std::vector<std::string> system = listing;
+  openPath(window.viewer, "d\\PIC2.SC5");
+  rebuildFolderList(window.viewer);
+  EXPECT_EQ(window.viewer.folderFiles, system);
+  menuOrderByNumber_Click(window.viewer);
+  openNextFile(window.viewer);
+  EXPECT_EQ(window.viewer.folderFiles,
+            wordsOf("9.SC5 10.SC5 PIC.SC5 PIC0.SC5 PIC02.SC5 PIC2.SC5 pic2a.SC5 pic10.SC5 \u00E9.SC5"));
+  EXPECT_EQ(window.viewer.fileName, "pic2a.SC5");
 }
 
 TEST(FolderNavigation, TheList) {
