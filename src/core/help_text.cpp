@@ -62,10 +62,9 @@ std::string kindLines() {
 } // namespace
 
 std::string helpText() {
-  std::string text =
-      heading("Keys") + keyLines() + "\n" + heading("Kinds of file") + kindLines() + "\n" + heading("Tips");
+  std::string text = heading("Keys") + keyLines() + "\n" + heading("Tips");
   for (const char *tip : kTips) text += std::string(tip) + "\n";
-  return text;
+  return text + "\n" + heading("Kinds of file") + kindLines();
 }
 
 void menuHelp_Click(ViewerState &viewer) { showText(viewer, "Korilan Help", helpText()); }

@@ -5,7 +5,7 @@
 
 #include <string>
 
-// Keys, kinds of file and tips, as lines of text; columns are separated by tabs.
+// Keys, tips and kinds of file, as lines of text; columns are separated by tabs.
 std::string helpText();
 
 void menuHelp_Click(ViewerState &viewer);

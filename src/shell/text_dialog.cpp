@@ -7,6 +7,7 @@
 #include "shell/window_layout.h"
 
 #include <algorithm>
+#include <array>
 
 namespace {
 
@@ -74,6 +75,26 @@ void sizeDialog(HWND dialog, const std::wstring &text) {
   MoveWindow(dialog, place.left, place.top, size.cx, size.cy, FALSE);
 }
 
+// These keys scroll; the caret alone would first move within the lines that are seen already.
+LRESULT CALLBACK editProcedure(HWND edit, UINT message, WPARAM wParam, LPARAM lParam) {
+  struct ScrollKey {
+    WPARAM key;
+    WORD request;
+  };
+  constexpr std::array<ScrollKey, 6> kScrollKeys{{{VK_NEXT, SB_PAGEDOWN},
+                                                  {VK_PRIOR, SB_PAGEUP},
+                                                  {VK_DOWN, SB_LINEDOWN},
+                                                  {VK_UP, SB_LINEUP},
+                                                  {VK_END, SB_BOTTOM},
+                                                  {VK_HOME, SB_TOP}}};
+  const bool selects = GetKeyState(VK_SHIFT) < 0;
+  for (const auto &[key, request] : kScrollKeys) {
+    if (message == WM_KEYDOWN && wParam == key && !selects) return SendMessageW(edit, WM_VSCROLL, request, 0);
+  }
+  const auto procedure = reinterpret_cast<WNDPROC>(GetWindowLongPtrW(edit, GWLP_USERDATA));
+  return CallWindowProcW(procedure, edit, message, wParam, lParam);
+}
+
 void startDialog(HWND dialog, const TextDialog &content) {
   const HWND edit = GetDlgItem(dialog, kTextId);
   SetWindowTextW(dialog, content.title.c_str());
@@ -81,7 +102,10 @@ void startDialog(HWND dialog, const TextDialog &content) {
   SetWindowTextW(edit, content.text.c_str());
   sizeDialog(dialog, content.text);
   placeDialogControls(dialog);
-  SetFocus(GetDlgItem(dialog, IDCANCEL)); // the focus would select the whole text
+  SetWindowLongPtrW(edit, GWLP_USERDATA, GetWindowLongPtrW(edit, GWLP_WNDPROC));
+  SetWindowLongPtrW(edit, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(editProcedure));
+  SetFocus(edit);
+  SendMessageW(edit, EM_SETSEL, 0, 0);
 }
 
 INT_PTR CALLBACK textDialogProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
