@@ -1,6 +1,8 @@
 #include "core/display_settings.h"
 
+#include "core/commands.h"
 #include "core/following.h"
+#include "state/palette.h"
 #include "state/platform_calls.h"
 
 #include <array>
@@ -45,5 +47,10 @@ void menuFollowChanges_Click(ViewerState &viewer) {
   noteFileChange(viewer);
 }
 
-void menuSamePalette_Click(ViewerState &viewer) { turn(viewer, kSamePalette); }
 void menuOrderByNumber_Click(ViewerState &viewer) { turn(viewer, kOrderByNumber); }
+
+void menuSamePalette_Click(ViewerState &viewer) {
+  turn(viewer, kSamePalette);
+  const bool isOpen = viewer.pictureShown == kTrue && viewer.picturePath == openedPath(viewer);
+  if (isOpen && hasShortPalette(viewer)) menuReload_Click(viewer);
+}

@@ -8,5 +8,7 @@ void loadDisplaySettings(ViewerState &viewer);
 
 void menuGrid_Click(ViewerState &viewer);
 void menuFollowChanges_Click(ViewerState &viewer);
-void menuSamePalette_Click(ViewerState &viewer);
 void menuOrderByNumber_Click(ViewerState &viewer);
+
+// Opens a shown picture that has a short palette again.
+void menuSamePalette_Click(ViewerState &viewer);

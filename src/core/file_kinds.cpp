@@ -16,6 +16,10 @@
 namespace {
 
 constexpr KindTraits kPatternCells = {.patternCells = true};
+constexpr KindTraits kScreen2 = {.patternCells = true, .ownPalette = "PL2"};
+constexpr KindTraits kScreen4 = {.patternCells = true, .ownPalette = "PL4"};
+constexpr KindTraits kScreen6 = {.ownPalette = "PL6"};
+constexpr KindTraits kScreen7 = {.ownPalette = "PL7"};
 
 // A tile set has the extension of a pattern screen, none of its own.
 constexpr FileKind kTileSet = {"", "VSCREEN TileSet file", loadTileSet, kPatternCells};
@@ -39,21 +43,21 @@ constexpr std::array<FileKind, kFileKindCount> kFileKinds{{
     {".PCT", "Dynamic Publisher file",  loadPublisherPage,     {.reducedView = true}},
     {".STP", "Dynamic Publisher file",  loadStamp,             {.runOnBits = 2}},
     {".PIC", "Designer Plus file",      loadScreen8,           {}},
-    {".SC2", "Screen 2 BLOAD file",     loadScreen2File,       kPatternCells},
-    {".SR2", "Screen 2 BLOAD file",     loadScreen2File,       kPatternCells},
-    {".SC4", "Screen 4 BLOAD file",     loadScreen4File,       kPatternCells},
-    {".SR4", "Screen 4 BLOAD file",     loadScreen4File,       kPatternCells},
+    {".SC2", "Screen 2 BLOAD file",     loadScreen2File,       kScreen2},
+    {".SR2", "Screen 2 BLOAD file",     loadScreen2File,       kScreen2},
+    {".SC4", "Screen 4 BLOAD file",     loadScreen4File,       kScreen4},
+    {".SR4", "Screen 4 BLOAD file",     loadScreen4File,       kScreen4},
     {".SC5", "Screen 5 BLOAD file",     loadScreen5,           {}},
     {".SR5", "Screen 5 BLOAD file",     loadPackedScreen5,     {}},
     {".GL5", "Screen 5 COPY file ",     loadScreen5Copy,       {.runOnBits = 4}},
-    {".SCR", "VSCREEN Border file",     loadBorder,            {}},
-    {".TGS", "VSCREEN Sprite file",     loadSpriteSet,         {.companion = "tcs"}},
-    {".SC6", "Screen 6 BLOAD file",     loadScreen6,           {}},
-    {".SR6", "Screen 6 BLOAD file",     loadScreen6,           {}},
-    {".GL6", "Screen 6 COPY file ",     loadScreen6Copy,       {.runOnBits = 2}},
-    {".SC7", "Screen 7 BLOAD file",     loadScreen7,           {}},
-    {".SR7", "Screen 7 BLOAD file",     loadPackedScreen7,     {}},
-    {".GL7", "Screen 7 COPY file ",     loadScreen7Copy,       {.runOnBits = 4}},
+    {".SCR", "VSCREEN Border file",     loadBorder,            {.ownPalette = "PL4"}},
+    {".TGS", "VSCREEN Sprite file",     loadSpriteSet,         {.companion = "tcs", .ownPalette = "PL4"}},
+    {".SC6", "Screen 6 BLOAD file",     loadScreen6,           kScreen6},
+    {".SR6", "Screen 6 BLOAD file",     loadScreen6,           kScreen6},
+    {".GL6", "Screen 6 COPY file ",     loadScreen6Copy,       {.runOnBits = 2, .ownPalette = "PL6"}},
+    {".SC7", "Screen 7 BLOAD file",     loadScreen7,           kScreen7},
+    {".SR7", "Screen 7 BLOAD file",     loadPackedScreen7,     kScreen7},
+    {".GL7", "Screen 7 COPY file ",     loadScreen7Copy,       {.runOnBits = 4, .ownPalette = "PL7"}},
     {".SC8", "Screen 8 BLOAD file",     loadScreen8,           {}},
     {".SR8", "Screen 8 BLOAD file",     loadScreen8,           {}},
     {".GE8", "Screen 8 BLOAD file",     loadScreen8,           {}},

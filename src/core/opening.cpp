@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "core/display_geometry.h"
 #include "core/file_kinds.h"
+#include "core/file_palettes.h"
 #include "core/following.h"
 #include "core/rendering.h"
 #include "state/labels.h"
@@ -42,6 +43,7 @@ void showLoaded(ViewerState &viewer) {
   if (viewer.player != nullptr) {
     setUpVideo(viewer);
   } else {
+    takePaletteOfSameName(viewer);
     renderAndShow(viewer);
   }
 }

@@ -1,28 +1,16 @@
 #include "core/palette_commands.h"
 
 #include "core/commands.h"
+#include "core/file_palettes.h"
 #include "core/open_dialog.h"
 #include "core/rendering.h"
-#include "state/input_file.h"
 #include "state/palette.h"
 
 #include <algorithm>
-#include <array>
 
 namespace {
 
-constexpr size_t kPaletteFileBytes = size_t{2} * kShortPaletteEntries;
 constexpr uint32_t kAllBits = 0xFFFFFF;
-
-using PaletteFile = std::array<uint8_t, kPaletteFileBytes>;
-
-// Returns false if the file is too short or cannot be opened.
-bool readPaletteFile(const ViewerState &viewer, const std::string &path, PaletteFile &bytes) {
-  InputFile file;
-  const bool whole = openInputFile(file, *viewer.platform.files, path) && readBytes(file, 1, bytes) == bytes.size();
-  closeInputFile(file);
-  return whole;
-}
 
 // Drawing runs events, as loading does.
 void drawAnew(ViewerState &viewer) {
@@ -31,19 +19,30 @@ void drawAnew(ViewerState &viewer) {
   endActivity(viewer);
 }
 
+void loadPalette(ViewerState &viewer, const std::string &path) {
+  PaletteFile bytes;
+  if (!readPaletteFile(viewer, path, bytes)) return;
+  if (takePalette(viewer, bytes, viewer.picture.colourCount)) {
+    drawAnew(viewer);
+  } else {
+    setDefaultPalette(viewer);
+  }
+}
+
 } // namespace
 
 void menuLoadPal_Click(ViewerState &viewer) {
   if (!hasShortPalette(viewer)) return;
   const std::string path = askPaletteName(viewer);
-  PaletteFile bytes{};
-  if (path.empty() || !readPaletteFile(viewer, path, bytes)) return;
-  const auto count = static_cast<size_t>(viewer.picture.colourCount);
-  if (takeFileColours(viewer, std::span(bytes).first(2 * count)) < count) {
-    setDefaultPalette(viewer);
-    return;
+  if (!path.empty()) loadPalette(viewer, path);
+}
+
+void dropFile(ViewerState &viewer, const std::string &path) {
+  if (viewer.pictureShown != kTrue || !isPaletteFile(path)) {
+    openPath(viewer, path);
+  } else if (viewer.activity == Activity::kIdle && viewer.window.menuLoadPal.enabled) {
+    loadPalette(viewer, path);
   }
-  drawAnew(viewer);
 }
 
 void menuSavePal_Click(ViewerState &viewer) {

@@ -8,6 +8,10 @@
 // keeps its right colours. Layout of an entry: state/palette.h.
 void menuLoadPal_Click(ViewerState &viewer);
 
+// A file was dropped onto the window. On a picture a palette file is loaded as by Load Palette, or ignored if that is
+// disabled; any other file is opened.
+void dropFile(ViewerState &viewer, const std::string &path);
+
 // Store Palette: stores the colours until the next Store, across pictures.
 void menuSavePal_Click(ViewerState &viewer);
 

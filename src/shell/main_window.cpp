@@ -5,6 +5,7 @@
 #include "core/commands.h"
 #include "core/keys.h"
 #include "core/menus.h"
+#include "core/palette_commands.h"
 #include "core/scaling.h"
 #include "core/video_commands.h"
 #include "shell/control_ids.h"
@@ -48,7 +49,7 @@ void openDroppedFile(MainWindow &main, HDROP drop) {
   const bool behindDialog = !IsWindowEnabled(main.window);
   if (path.empty() || behindDialog) return;
   SetForegroundWindow(main.window);
-  openPath(*main.viewer, path);
+  dropFile(*main.viewer, path);
 }
 
 void scrollFrames(const MainWindow &main, int request) {

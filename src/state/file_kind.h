@@ -17,6 +17,7 @@ struct KindTraits {
   bool patternCells = false;           // at most 16 colours at any depth
   const char *companion = nullptr;     // extension letters of a second file that the picture needs
   const VideoPlayer *player = nullptr; // nullptr: a picture
+  const char *ownPalette = nullptr;    // letters of the screen's palette files, "PL7"
   std::string (*details)(const ViewerState &viewer) = nullptr; // Image Info lines from the open file's header
 };
 

@@ -1,6 +1,7 @@
 #include "core/palette_commands.h"
 
 #include "core/display_geometry.h"
+#include "core/display_settings.h"
 #include "support/bytes.h"
 #include "support/test_viewer.h"
 
@@ -39,6 +40,61 @@ TEST(PaletteCommands, Load) {
     EXPECT_EQ(window.platform.log[0], "askOpenFileName Palette Files (*.PL?;*.PAL) in d\\");
     EXPECT_EQ(window.platform.log.size(), drawn ? 3u : 1u); // events, picture
     EXPECT_EQ(window.viewer.frameBits[0], drawn ? 0x496D24u : 0x080808u);
+  }
+}
+
+// 16 entries of that red.
+Bytes palette(uint8_t red) {
+  Bytes file;
+  for (int i = 0; i < 16; ++i) file.insert(file.end(), {static_cast<uint8_t>(red << 4), 0});
+  return file;
+}
+
+TEST(PaletteCommands, ADroppedPaletteFile) {
+  using Row = std::tuple<const char *, const char *, uint32_t, const char *>; // first pixel, path
+  for (const auto &[picture, dropped, colour, path] :
+       {Row{"a.SC5", "x.pl4", 0x490000, "a.SC5"}, Row{"a.SC5", "x.PAL", 0x490000, "a.SC5"},
+        Row{"a.SC5", "x.PL8", 0, "x.PL8"}, Row{"a.SC8", "x.PL5", 0x0000FF, "a.SC8"}}) {
+    TestViewer window;
+    window.open(picture, BloadBuilder{.body = {0x03}}.build());
+    memoryDisk()[dropped] = palette(2);
+    window.platform.events.push_back({dropFile, dropped}); // in a load it is ignored
+    menuReload_Click(window.viewer);
+    EXPECT_EQ(window.viewer.filePath, picture);
+    dropFile(window.viewer, dropped);
+    EXPECT_EQ(window.viewer.frameBits[0], colour) << picture << dropped;
+    EXPECT_EQ(window.viewer.filePath, path);
+  }
+}
+
+TEST(PaletteCommands, OfTheSameName) {
+  // The palettes beside the picture with their reds, x for an invalid one, s for a short one; the picture's red then.
+  using Row = std::tuple<const char *, const char *, const char *, uint32_t>;
+  for (const auto &[name, picture, beside, red] :
+       {Row{"own digit first", "a.SC7", "PL4=1 PL5=2 PL6=3 PL7=4 PAL=5", 146}, Row{"5", "a.SR5", "PL5=2 PL7=4", 73},
+        Row{"then 7", "a.GL5", "PAL=5 PL4=1 PL6=3 PL7=4", 146}, Row{"then 6", "a.SC5", "PAL=5 PL4=1 PL6=3", 109},
+        Row{"then 4", "a.SC5", "PAL=5 PL4=1", 36}, Row{"then PAL", "a.SC5", "PAL=5 PL2=2", 182},
+        Row{"of Screen 2", "a.SC2", "PL5=1 PL2=2", 73}, Row{"refused", "a.SC5", "PL5=x PL7=s PL6=3", 109},
+        Row{"all refused", "a.SC5", "PL5=x PL7=s", 8}, Row{"no palette", "a.SC8", "PL5=1", 0}}) {
+    SCOPED_TRACE(name);
+    TestViewer window;
+    for (const std::string &file : wordsOf(beside)) {
+      Bytes bytes = palette(static_cast<uint8_t>(file[4] - '0'));
+      if (file[4] == 'x') bytes = withBytesAt(palette(7), 30, {0x80});
+      if (file[4] == 's') bytes.pop_back();
+      memoryDisk()["a." + file.substr(0, 3)] = bytes;
+    }
+    const bool copied = picture[2] == 'G';
+    window.open(picture, copied ? joined({word(8), word(8), Bytes(32, 0x11)}) : BloadBuilder{.body = {0x11}}.build());
+    const auto before = window.viewer.palette;
+    menuSamePalette_Click(window.viewer);
+    if (red > 8) {
+      EXPECT_EQ(window.viewer.palette[1], red << 16);
+    } else {
+      EXPECT_EQ(window.viewer.palette, before);
+    }
+    menuSamePalette_Click(window.viewer);
+    EXPECT_EQ(window.viewer.palette, before);
   }
 }
 
