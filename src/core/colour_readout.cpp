@@ -1,6 +1,6 @@
 #include "core/colour_readout.h"
 
-#include "base/text.h"
+#include "core/levels.h"
 #include "core/rendering.h"
 
 #include <optional>
@@ -43,7 +43,7 @@ void moveMouse(ViewerState &viewer, int32_t x, int32_t y) {
 
   std::string text = std::to_string(column) + ", " + std::to_string(line) + "   ";
   if (const auto entry = entryAt(viewer, pixel)) text += "color " + std::to_string(*entry) + "   ";
-  viewer.window.readout = {.text = text + colourCode(colour), .colour = colour};
+  viewer.window.readout = {.text = text + colourAndLevels(colour), .colour = colour};
 }
 
 void leaveMouse(ViewerState &viewer) { viewer.window.readout = {}; }

@@ -11,6 +11,7 @@
 #include "shell/control_ids.h"
 #include "shell/menu_bar.h"
 #include "shell/scale_functions.h"
+#include "shell/swatch_tips.h"
 #include "shell/swatches.h"
 #include "shell/system_library.h"
 #include "shell/win32_helpers.h"
@@ -180,6 +181,8 @@ LRESULT CALLBACK mainWindowProcedure(HWND window, UINT message, WPARAM wParam, L
     if (wParam == kPointerTimer) hideRestingPointer(*main);
     return 0;
   case WM_SETFOCUS: SetFocus(main->mainView.window); return 0;
+  case WM_GETFONT: return reinterpret_cast<LRESULT>(main->font);
+  case WM_NOTIFY: provideTipText(*reinterpret_cast<NMHDR *>(lParam)); return 0;
   case WM_DRAWITEM: drawItem(*main, *reinterpret_cast<const DRAWITEMSTRUCT *>(lParam)); return TRUE;
   case kMouseOverView: moveMouse(*main->viewer, static_cast<int32_t>(wParam), static_cast<int32_t>(lParam)); break;
   case kMouseLeftView: leaveMouse(*main->viewer); break;

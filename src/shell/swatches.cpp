@@ -2,6 +2,7 @@
 
 #include "base/colours.h"
 #include "base/text.h"
+#include "core/levels.h"
 #include "base/windows_text.h"
 #include "shell/control_ids.h"
 
@@ -34,7 +35,7 @@ void drawReadout(const DRAWITEMSTRUCT &item, const std::wstring &text) {
 } // namespace
 
 std::string swatchName(size_t index, uint32_t colour) {
-  return "Color " + std::to_string(index) + ": " + colourCode(colour);
+  return "Color " + std::to_string(index) + ": " + colourAndLevels(colour);
 }
 
 void drawItem(const MainWindow &main, const DRAWITEMSTRUCT &item) {

@@ -5,7 +5,7 @@
 
 #include <string>
 
-// Accessible name of a swatch: "Color 2: #24DA24".
+// Accessible name and tooltip of a swatch: "Color 2: #24DA24   R1 G6 B1".
 std::string swatchName(size_t index, uint32_t colour);
 
 // Draws the control of a WM_DRAWITEM from `main.shown`.

@@ -1,6 +1,7 @@
 #include "shell/window_controls.h"
 
 #include "shell/control_ids.h"
+#include "shell/swatch_tips.h"
 #include "shell/themed_controls.h"
 #include "shell/win32_helpers.h"
 #include "shell/window_placement.h"
@@ -33,8 +34,9 @@ void makeLabels(MainWindow &main) {
 void provideSwatches(MainWindow &main) {
   if (main.swatches.front() != nullptr) return;
   for (size_t i = 0; i < main.swatches.size(); ++i) {
-    main.swatches[i] = createStatic(main, kLabel5Id + i, SS_OWNERDRAW);
+    main.swatches[i] = createStatic(main, kLabel5Id + i, SS_OWNERDRAW | SS_NOTIFY);
   }
+  makeSwatchTips(main);
   placeControls(main);
 }
 

@@ -18,9 +18,10 @@ constexpr int kFrameBarHeight = 17;
 // Widths of Label1 to Label3 in average characters, for "00000x00000", "16 bpp", "256 colors".
 constexpr std::array<int, 3> kFieldCharacters = {12, 8, 12};
 
-// Minimum width of the status line; width of the read-out, for "00000, 00000   color 00   #FFFFFF".
+// Minimum width of the status line; width of the read-out, for
+// "00000, 00000   color 00   #FFFFFF   R7 G7 B7", whose blanks are narrow.
 constexpr int kMinStatusCharacters = 44;
-constexpr int kReadoutCharacters = 34;
+constexpr int kReadoutCharacters = 36;
 
 int scaled(int distance, const TextMetrics &metrics) {
   return MulDiv(distance, metrics.dotsPerInch, USER_DEFAULT_SCREEN_DPI);

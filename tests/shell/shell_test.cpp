@@ -9,6 +9,7 @@
 
 #include <cstdlib>
 
+#include <commctrl.h>
 #include <dlgs.h>
 #include <process.h>
 #include <psapi.h>
@@ -34,6 +35,10 @@ TEST(Window, SwatchesAndReadOutShowColours) {
   ShellWindow window("WHEEL.GL5"); // 101x77, shown twice as large
   window.choose("View Palette");
   EXPECT_TRUE(window.viewer.window.Label5[15].visible);
+  NMTTDISPINFOW tip{};
+  tip.hdr = {nullptr, reinterpret_cast<UINT_PTR>(window.control(kLabel5Id + 2)), static_cast<UINT>(TTN_GETDISPINFOW)};
+  SendMessageA(window.main.window, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&tip));
+  EXPECT_STREQ(tip.szText, L"Color 2: #24DA24   R1 G6 B1");
   EXPECT_EQ(differences(window), "");
   const std::vector<std::pair<POINT, std::string>> rows{
       {{0, 0}, "0, 0 "}, {{201, 153}, "100, 76 "}, {{202, 100}, ""}, {{57, 91}, "28, 45 "}, {{-1, -1}, ""}};
