@@ -54,10 +54,14 @@ std::string bitmapPath(const ViewerState &viewer) {
 
 void menuSaveBMP_Click(ViewerState &viewer) {
   const std::string path = bitmapPath(viewer);
+  viewer.window.readout = {};
   const std::string failure = replaceFile(*viewer.platform.files, path, [&viewer](const PutBytes &put) {
     return putBitmap(shownPicture(viewer), BitmapHeader::kFile, put);
   });
-  if (failure.empty()) return;
+  if (failure.empty()) {
+    viewer.window.readout = {.text = "Saved as " + std::string(fileNameOf(path)), .ofCommand = true};
+    return;
+  }
   showMessage(viewer, "Korilan", "Could not save " + path + "\n\n" + failure, MessageIcon::kWarning);
 }
 

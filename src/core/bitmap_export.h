@@ -14,7 +14,7 @@ PixelView shownPicture(const ViewerState &viewer);
 std::string bitmapPath(const ViewerState &viewer);
 
 // "Save as Bitmap": writes the picture at its own size; replaces an existing file without asking.
-// A failure shows a message with the system's error; the existing file stays whole.
+// Says so in the read-out. A failure shows a message with the system's error; the existing file stays whole.
 void menuSaveBMP_Click(ViewerState &viewer);
 
 // Puts the picture at its own size onto the clipboard, as a bitmap and as a PNG file. A failure shows a message.

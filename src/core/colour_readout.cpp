@@ -25,20 +25,33 @@ std::optional<uint32_t> entryAt(ViewerState &viewer, size_t pixel) {
   return known ? std::optional(entry) : std::nullopt;
 }
 
+// Stores the mouse's place. Whether a command's text stays: the mouse has not moved since, it has only come back from a
+// menu or a dialog.
+bool restsAt(ViewerState &viewer, int32_t x, int32_t y) {
+  const bool moved = viewer.mouseX >= 0 && (x != viewer.mouseX || y != viewer.mouseY);
+  viewer.mouseX = x;
+  viewer.mouseY = y;
+  return !moved && viewer.window.readout.ofCommand;
+}
+
+// The mouse is on no pixel.
+void clearReadout(ViewerState &viewer) { viewer.window.readout = {}; }
+
 } // namespace
 
 void moveMouse(ViewerState &viewer, int32_t x, int32_t y) {
+  if (restsAt(viewer, x, y)) return;
   const Stretch &stretch = viewer.window.stretch;
   if (viewer.activity == Activity::kLoading || viewer.pictureShown != kTrue || x < 0 || y < 0) {
-    return leaveMouse(viewer);
+    return clearReadout(viewer);
   }
   x /= viewer.window.scale;
   y /= viewer.window.scale;
-  if (x >= stretch.targetWidth || y >= stretch.targetHeight) return leaveMouse(viewer);
+  if (x >= stretch.targetWidth || y >= stretch.targetHeight) return clearReadout(viewer);
   const int64_t column = int64_t{x} * stretch.sourceWidth / stretch.targetWidth;
   const int64_t line = int64_t{y} * stretch.sourceHeight / stretch.targetHeight;
   const auto pixel = static_cast<size_t>(line * viewer.frameWidth + column);
-  if (pixel >= viewer.frameBits.size()) return leaveMouse(viewer); // the picture is being replaced
+  if (pixel >= viewer.frameBits.size()) return clearReadout(viewer); // the picture is being replaced
   const uint32_t colour = viewer.frameBits[pixel];
 
   std::string text = std::to_string(column) + ", " + std::to_string(line) + "   ";
@@ -46,4 +59,7 @@ void moveMouse(ViewerState &viewer, int32_t x, int32_t y) {
   viewer.window.readout = {.text = text + colourAndLevels(colour), .colour = colour};
 }
 
-void leaveMouse(ViewerState &viewer) { viewer.window.readout = {}; }
+void leaveMouse(ViewerState &viewer) {
+  viewer.mouseX = viewer.mouseY = -1;
+  if (!viewer.window.readout.ofCommand) clearReadout(viewer);
+}

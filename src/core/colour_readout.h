@@ -7,5 +7,5 @@
 // the picture, palette entry if the pixel has one, colour and levels.
 void moveMouse(ViewerState &viewer, int32_t x, int32_t y);
 
-// The mouse has left the picture area.
+// The mouse has left the picture area. The text of a command stays.
 void leaveMouse(ViewerState &viewer);

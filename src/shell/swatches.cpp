@@ -1,10 +1,11 @@
 #include "shell/swatches.h"
 
 #include "base/colours.h"
-#include "base/text.h"
-#include "core/levels.h"
 #include "base/windows_text.h"
+#include "core/levels.h"
 #include "shell/control_ids.h"
+
+#include <algorithm>
 
 namespace {
 
@@ -26,10 +27,11 @@ void drawSwatch(const DRAWITEMSTRUCT &item, uint32_t colour, uint32_t textColour
 void drawReadout(const DRAWITEMSTRUCT &item, const std::wstring &text) {
   SetBkColor(item.hDC, GetSysColor(COLOR_BTNFACE));
   SetTextColor(item.hDC, GetSysColor(COLOR_BTNTEXT));
-  SetTextAlign(item.hDC, TA_RIGHT);
-  ExtTextOutW(item.hDC, item.rcItem.right, item.rcItem.top, ETO_OPAQUE | ETO_CLIPPED, &item.rcItem, text.c_str(),
+  SIZE size{};
+  GetTextExtentPoint32W(item.hDC, text.c_str(), static_cast<int>(text.size()), &size);
+  const LONG left = std::max(item.rcItem.left, item.rcItem.right - size.cx); // too long a text is cut at its end
+  ExtTextOutW(item.hDC, left, item.rcItem.top, ETO_OPAQUE | ETO_CLIPPED, &item.rcItem, text.c_str(),
               static_cast<UINT>(text.size()), nullptr);
-  SetTextAlign(item.hDC, TA_LEFT);
 }
 
 } // namespace

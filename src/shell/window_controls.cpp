@@ -28,7 +28,7 @@ void makeLabels(MainWindow &main) {
   setText(main.readout, main.shown.readout.text);
   main.readoutSwatch = createStatic(main, kReadoutSwatchId, SS_OWNERDRAW);
   placeControls(main);
-  setVisible(main.readoutSwatch, !main.shown.readout.text.empty());
+  setVisible(main.readoutSwatch, showsColour(main.shown.readout));
 }
 
 void provideSwatches(MainWindow &main) {

@@ -41,13 +41,13 @@ void syncLabels(const MainWindow &main, const WindowModel &model) {
     if (text != main.shown.*kLabelTexts[label]) setText(main.labels[label], text);
   }
   const ColourReadout &readout = model.readout;
-  const bool visible = !readout.text.empty();
   if (readout.text != main.shown.readout.text) {
     setText(main.readout, readout.text);
     redraw(main.readout);
   }
   if (readout.colour != main.shown.readout.colour) redraw(main.readoutSwatch);
-  if (visible != !main.shown.readout.text.empty()) setVisible(main.readoutSwatch, visible);
+  const bool visible = showsColour(readout);
+  if (visible != showsColour(main.shown.readout)) setVisible(main.readoutSwatch, visible);
 }
 
 void syncVideoControls(MainWindow &main, const WindowModel &model) {

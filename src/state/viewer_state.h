@@ -137,6 +137,12 @@ struct ViewerState {
   int16_t folderIndex = 0; // 1-based
   std::string folderPrefix;
 
+  std::vector<std::string> recentFiles; // full paths, the latest one first
+
+  // Pixel of the picture area under the mouse; -1 while the mouse is elsewhere.
+  int32_t mouseX = -1;
+  int32_t mouseY = -1;
+
   uint8_t zoomMode = 1; // 0 normal, 1 zoomed
 
   Preferences preferences;

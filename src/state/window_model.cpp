@@ -1,5 +1,7 @@
 #include "state/window_model.h"
 
+bool showsColour(const ColourReadout &readout) { return !readout.text.empty() && !readout.ofCommand; }
+
 void hideSwatches(WindowModel &window) {
   window.menuViewPal.checked = false;
   for (Swatch &swatch : window.Label5) swatch.visible = false;

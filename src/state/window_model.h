@@ -45,11 +45,14 @@ struct Stretch {
   bool operator==(const Stretch &) const = default;
 };
 
-// The pixel under the mouse; no text while the mouse is elsewhere.
+// The pixel under the mouse, or what the last command did; otherwise no text.
 struct ColourReadout {
   std::string text;
-  uint32_t colour = 0; // 0x00RRGGBB
+  uint32_t colour = 0;    // 0x00RRGGBB
+  bool ofCommand = false; // without a colour; stays until the mouse moves over the picture
 };
+
+bool showsColour(const ColourReadout &readout);
 
 // Play and Stop of a video.
 struct ImageButton {

@@ -75,6 +75,7 @@ void drawVideoFrame(ViewerState &viewer, const PixelView &frame) {
     std::copy_n(frame.words.data() + y * rowPixels, count, viewer.frameBits.data() + y * width);
   }
   ++viewer.window.pictureSerial;
-  viewer.window.readout = {}; // the old one is of the last frame
+  // The old one is of the last frame. A command's text stays during a run.
+  if (!videoPlaying(viewer) || !viewer.window.readout.ofCommand) viewer.window.readout = {};
   presentPicture(viewer);
 }

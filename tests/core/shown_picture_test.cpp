@@ -158,6 +158,13 @@ TEST(ShownPicture, IsSavedAndCopiedAtItsOwnSizeOrAsBefore) {
   window.open("d\\a.SC7", BloadBuilder{.body = {0x1F}}.build());
   window.pressCtrl('S');
   const Bytes file = memoryDisk().at("d\\a.bmp");
+  const ColourReadout &readout = window.viewer.window.readout;
+  leaveMouse(window.viewer); // into the menu, and back to where it stays
+  for (const int32_t x : {5, 5, 6}) {
+    EXPECT_TRUE(readout.text == "Saved as a.bmp" && !showsColour(readout)) << readout.text;
+    moveMouse(window.viewer, x, 7);
+  }
+  EXPECT_TRUE(readout.text.starts_with("6, 3 ") && showsColour(readout)) << readout.text;
   ASSERT_EQ(file.size(), 54u + 512 * 212 * 3);
   FileOps broken = memoryFiles();
   broken.write = [](OutputHandle, std::span<const uint8_t>) { return std::string("disk is broken"); };

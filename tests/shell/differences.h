@@ -74,9 +74,9 @@ inline std::string differences(const ShellWindow &window, ViewerState &wanted) {
   for (const Swatch &swatch : model.Label5) {
     expect("swatch", fieldColour(window, id++), swatch.visible ? int64_t{swatch.background} : -1);
   }
-  const auto &[place, colour] = model.readout;
+  const auto &[place, colour, ofCommand] = model.readout;
   expect("read-out", textOf(window.control(kReadoutId)), place);
-  expect("read-out", fieldColour(window, kReadoutSwatchId), place.empty() ? -1 : int64_t{colour});
+  expect("read-out", fieldColour(window, kReadoutSwatchId), place.empty() || ofCommand ? -1 : int64_t{colour});
   const ScrollBar &bar = model.HScroll1;
   for (const int video : {kImage1Id, kImage1Id + 1, kHScroll1Id}) {
     expect("shown", IsWindowVisible(window.control(video)) != FALSE, bar.visible);
