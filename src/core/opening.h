@@ -9,6 +9,9 @@
 inline constexpr std::string_view kEmptyCaption = "Korilan";
 inline constexpr std::string_view kCaptionStart = "Korilan - ";
 
+// Shown in the picture area while there is no picture.
+inline constexpr std::string_view kEmptyText = "Ctrl+O opens a picture, or drop one here";
+
 // Minimum characters of a path; a shorter one has no name before its extension and is ignored.
 inline constexpr size_t kMinPathLength = 5;
 

@@ -2,6 +2,7 @@
 
 #include "core/bitmap_export.h"
 #include "core/scaling.h"
+#include "shell/empty_view.h"
 #include "shell/win32_helpers.h"
 
 #include <algorithm>
@@ -105,6 +106,7 @@ void paintView(const MainView &view, HDC screen) {
   const SIZE client = clientSizeOf(view.window);
   const POINT origin = pictureOrigin(view);
   fillAround(view, screen, origin, client);
+  if (clear) drawEmptyText(view, screen, {0, 0, client.cx, client.cy});
 
   RECT update{};
   RECT part{};
