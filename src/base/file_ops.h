@@ -37,6 +37,9 @@ struct FileOps {
   // Whether there is anything of that name.
   bool (*exists)(const char *path);
 
+  // The path with its drive and all folders; `path` itself on failure. Asks no disk.
+  std::string (*fullPath)(const char *path);
+
   // Creates a temporary file beside `path`, which finishOutput() renames to `path`: a failure leaves the old file
   // whole. A device or pipe is written in place. Returns nullptr, with the system's message in `failure`, on failure.
   OutputHandle (*beginOutput)(const char *path, std::string &failure);

@@ -157,6 +157,12 @@ std::string finishOutput(OutputHandle handle, bool keep) {
   return error == 0 ? std::string() : systemWords(error);
 }
 
+std::string fullPath(const char *path) {
+  std::array<char, PATH_MAX> folder;
+  if (*path == '/' || getcwd(folder.data(), folder.size()) == nullptr) return path;
+  return std::string(folder.data()) + "/" + path;
+}
+
 constexpr FileOps kPosixFiles{.openForReading = openForReading,
                               .length = lengthOf,
                               .writeTime = writeTime,
@@ -164,6 +170,7 @@ constexpr FileOps kPosixFiles{.openForReading = openForReading,
                               .close = closeFile,
                               .listFolder = listFolder,
                               .exists = exists,
+                              .fullPath = fullPath,
                               .beginOutput = beginOutput,
                               .write = writeOutput,
                               .finishOutput = finishOutput};

@@ -19,6 +19,8 @@ constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELE
 // The byte count of a call is a DWORD.
 constexpr size_t kMaxTransfer = size_t{1} << 30;
 
+std::string fullPath(const char *path) { return toUtf8(fullPathOf(toUtf16(path))); }
+
 FileHandle openForReading(const char *path) {
   const HANDLE file = CreateFileW(longPath(path).c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING,
                                   FILE_ATTRIBUTE_NORMAL, nullptr);
@@ -192,6 +194,7 @@ const FileOps &systemFiles() {
       .close = closeFile,
       .listFolder = listFolder,
       .exists = exists,
+      .fullPath = fullPath,
       .beginOutput = beginOutput,
       .write = writeOutput,
       .finishOutput = finishOutput,

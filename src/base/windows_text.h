@@ -23,12 +23,18 @@ inline std::string toUtf8(std::wstring_view text) {
   return narrow;
 }
 
+// The path with its drive and all folders; `path` itself on failure.
+inline std::wstring fullPathOf(const std::wstring &path) {
+  std::wstring full(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0'); // room for the NUL, too
+  full.resize(GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
+  return full.empty() ? path : full;
+}
+
 // The path for a W function. From MAX_PATH characters on it is accepted only in full and behind \\?\ unless the
 // system is set up for longer ones.
 inline std::wstring longPath(const std::string &path) {
-  std::wstring wide = toUtf16(path);
-  std::wstring full(GetFullPathNameW(wide.c_str(), 0, nullptr, nullptr), L'\0'); // room for the NUL, too
-  full.resize(GetFullPathNameW(wide.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
+  const std::wstring wide = toUtf16(path);
+  const std::wstring full = fullPathOf(wide);
   if (full.size() < MAX_PATH || full.starts_with(L"\\\\?\\") || full.starts_with(L"\\\\.\\")) return wide;
   return full.starts_with(L"\\\\") ? L"\\\\?\\UNC" + full.substr(1) : L"\\\\?\\" + full;
 }

@@ -5,8 +5,10 @@
 #include "core/display_settings.h"
 #include "core/opening.h"
 #include "core/preferences.h"
+#include "core/recent.h"
 #include "core/scaling.h"
 #include "state/labels.h"
+#include "state/platform_calls.h"
 #include "video/sound_track.h"
 
 #include <utility>
@@ -43,6 +45,7 @@ void startViewer(ViewerState &viewer, std::string_view commandLine) {
   loadPreferences(viewer);
   loadDisplaySettings(viewer);
   loadScale(viewer);
+  loadRecentFiles(viewer);
   resetViewer(viewer);
   if (const auto path = pathFromCommandLine(commandLine)) openPath(viewer, *path);
 }
@@ -64,6 +67,7 @@ void openPath(ViewerState &viewer, const std::string &path) {
   viewer.activity = Activity::kLoading;
   viewer.filePath = path;
   openCurrentPath(viewer);
+  noteRecentFile(viewer);
   endActivity(viewer);
 }
 
@@ -73,6 +77,12 @@ void menuClose_Click(ViewerState &viewer) {
   if (deferred(viewer, {Request::kClose})) return;
   resetViewer(viewer);
   showPictureInfo(viewer);
+}
+
+void menuShowInFolder_Click(ViewerState &viewer) {
+  const std::string path = viewer.platform.files->fullPath(openedPath(viewer).c_str());
+  if (viewer.platform.showInFolder(viewer.platform.context, path)) return;
+  showMessage(viewer, "Korilan", "Could not show " + path, MessageIcon::kWarning);
 }
 
 void menuZoom_Click(ViewerState &viewer) {

@@ -22,6 +22,9 @@ void openPath(ViewerState &viewer, const std::string &path);
 // Opens the current file again.
 void menuReload_Click(ViewerState &viewer);
 
+// Shows the current file in the desktop's file manager. A failure shows a message.
+void menuShowInFolder_Click(ViewerState &viewer);
+
 void menuClose_Click(ViewerState &viewer);
 
 // Shows small pictures at twice their size, or at their own.

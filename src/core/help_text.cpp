@@ -29,15 +29,17 @@ constexpr std::array<HelpLine, 11> kFurtherKeys{{
     {"Tab", "Next control of the window"},
 }};
 
-constexpr std::array<const char *, 8> kTips{
-    "Drop a file onto the picture to open it.",
+constexpr std::array<const char *, 10> kTips{
+    "Drop a file onto the window to open it, a palette file to load its colors.",
     "Save as Bitmap writes a .bmp file of the same name beside the file, at the size of the MSX picture.",
     "Pictures of 512 x 212 pixels are shown at twice their height, their true shape; Preferences can turn that off.",
     "Preferences can enable letter keys without Ctrl.",
-    "Point at the picture to see position, color number and color under the mouse.",
+    "Point at the picture to see position, color number, color and MSX levels under the mouse.",
     "Load Palette reads .PL4 to .PL7 and .PAL files; Store and Restore Palette copy colors from one picture to "
     "another.",
     "If a picture has wrong colors, it may have been saved without its palette: try Load Palette.",
+    "Palette of the Same Name takes the colors from a palette file beside the picture: COAST.PL5 for COAST.SC5.",
+    "Order by Number has Page Down show PIC2 before PIC10.",
     "A sprite set (.TGS) needs the .TCS file of the same name beside it.",
 };
 

@@ -10,6 +10,7 @@
 #include "core/open_dialog.h"
 #include "core/palette_commands.h"
 #include "core/png_export.h"
+#include "core/recent.h"
 #include "core/scaling.h"
 
 #include <string_view>
@@ -30,6 +31,9 @@ constexpr std::array<MenuRow, kMenuRowCount> kMenuRows{{
     {"&File",    "&Open",              &WindowModel::menuOpen,          menuOpen_Click,          letter('O')},
     {"&File",    "&Reload",            &WindowModel::menuReload,        menuReload_Click,        key(key_code::kF5)},
     {"&File",    "&Close",             &WindowModel::menuClose,         menuClose_Click,         ctrl('W')},
+    {"&File",    "Recen&t",            &WindowModel::menuRecent,        nullptr,                 {},
+     &WindowModel::recentFiles, chooseRecentFile},
+    {"&File",    "Show in &Folder",    &WindowModel::menuShowInFolder,  menuShowInFolder_Click,  {}},
     {"&File",    nullptr,              nullptr,                         nullptr,                 {}},
     {"&File",    "&Save as Bitmap",    &WindowModel::menuSaveBMP,       menuSaveBMP_Click,       letter('S')},
     {"&File",    "Save as P&NG",       &WindowModel::menuSavePNG,       menuSavePNG_Click,       ctrlShift('S')},

@@ -28,7 +28,7 @@ bool openFileForReading(ViewerState &viewer) {
   viewer.fileName = fileNameOf(viewer.filePath);
   viewer.folderPath = viewer.filePath.substr(0, folderLength(viewer.filePath));
   viewer.window.caption = std::string(kCaptionStart) + viewer.fileName;
-  viewer.window.menuReload.enabled = true;
+  viewer.window.menuReload.enabled = viewer.window.menuShowInFolder.enabled = true;
   viewer.fileLoaded = kTrue;
   viewer.loadError.clear();
   closeAllFiles(viewer);
@@ -68,9 +68,9 @@ void resetViewer(ViewerState &viewer) {
   hideSwatches(window);
   window.caption = kEmptyCaption;
   viewer.fileLoaded = kFalse;
-  for (MenuItem *item :
-       {&window.menuView, &window.menuViewPal, &window.menuSavePal, &window.menuLoadPal, &window.menuRestPal,
-        &window.menuReload, &window.menuClose, &window.menuSaveBMP, &window.menuSavePNG, &window.menuCopyClipboard}) {
+  for (MenuItem *item : {&window.menuView, &window.menuViewPal, &window.menuSavePal, &window.menuLoadPal,
+                         &window.menuRestPal, &window.menuReload, &window.menuShowInFolder, &window.menuClose,
+                         &window.menuSaveBMP, &window.menuSavePNG, &window.menuCopyClipboard}) {
     item->enabled = false;
   }
   window.menuDoubleHeight.checked = false;

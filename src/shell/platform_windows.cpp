@@ -4,6 +4,7 @@
 #include "shell/open_file_dialog.h"
 #include "shell/preferences_dialog.h"
 #include "shell/registry_settings.h"
+#include "shell/show_in_folder.h"
 #include "shell/text_dialog.h"
 #include "shell/themed_controls.h"
 #include "shell/window_sync.h"
@@ -107,6 +108,8 @@ std::string askOpenFileName(void *context, const std::string &filter, const std:
   return runOpenFileDialog(mainWindowOf(context).window, filter, initialDirectory);
 }
 
+bool showInFolder(void *, const std::string &path) { return showInFileManager(path); }
+
 void showMessage(void *context, const std::string &title, const std::string &text, MessageIcon icon) {
   MainWindow &main = mainWindowOf(context);
   syncWindow(main);
@@ -192,6 +195,7 @@ PlatformOps windowsPlatform(MainWindow &main) {
       .presentPicture = presentPicture,
       .copyToClipboard = copyToClipboard,
       .askOpenFileName = askOpenFileName,
+      .showInFolder = showInFolder,
       .showMessage = showMessage,
       .askYesNo = askYesNo,
       .showText = showText,

@@ -48,6 +48,9 @@ struct PlatformOps {
   std::string (*askOpenFileName)(void *context, const std::string &filter,
                                  const std::string &initialDirectory) = nullptr;
 
+  // Has the desktop's file manager show the folder of a file, given by its full path, with the file selected.
+  bool (*showInFolder)(void *context, const std::string &path) = nullptr;
+
   // Shows a modal message with an OK button.
   void (*showMessage)(void *context, const std::string &title, const std::string &text, MessageIcon icon) = nullptr;
 

@@ -72,6 +72,9 @@ struct WindowModel {
   MenuItem menuOpen;
   MenuItem menuReload;
   MenuItem menuClose;
+  MenuItem menuRecent;
+  ChoiceMenu recentFiles; // File > Recent
+  MenuItem menuShowInFolder;
   MenuItem menuSaveBMP;
   MenuItem menuSavePNG;
   MenuItem menuCopyClipboard;

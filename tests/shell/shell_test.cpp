@@ -342,6 +342,36 @@ TEST(Desktop, SavedPreferencesAreInTheRegistryAndActAtOnce) {
   EXPECT_EQ(window.main.window, nullptr);
 }
 
+TEST(Desktop, RecentFilesAreInTheMenuOfTheNextWindow) {
+  std::string first;
+  {
+    ShellWindow window("COAST.SC5");
+    first = window.viewer.filePath;
+    window.drop(writeSample(window.folder, "COAST.SC7"));
+    window.drop(window.folder.write(u8"x.PL5", std::vector<uint8_t>(32, 1)));
+    EXPECT_EQ(window.viewer.frameBits[0], 0x002424u); // red 0, blue 1, green 1
+    EXPECT_EQ(differences(window), "");
+  }
+  ShellWindow window("");
+  const auto row = static_cast<UINT>(ShellWindow::menuCommand("Recent") - kFirstMenuCommand);
+  const UINT item = kFirstChoiceCommand + row * kMaxChoices;
+  std::array<char, 200> text{};
+  GetMenuStringA(window.main.menuBar, item + 1, text.data(), text.size(), MF_BYCOMMAND);
+  EXPECT_TRUE(std::string(text.data()).ends_with("COAST.SC5")) << text.data();
+  EXPECT_EQ(window.viewer.recentFiles.at(1), first);
+  SendMessageA(window.main.window, WM_COMMAND, item + 1, 0);
+  EXPECT_EQ(window.viewer.filePath, first);
+}
+
+TEST(Desktop, PageDownScrollsTheHelp) {
+  ShellWindow window("");
+  const HWND dialog = window.openDialog("Help", "Korilan Help");
+  const HWND text = GetDlgItem(dialog, kTextId);
+  PostMessageA(text, WM_KEYDOWN, VK_NEXT, 0);
+  EXPECT_TRUE(waitUntil([&] { return SendMessageA(text, EM_GETFIRSTVISIBLELINE, 0, 0) > 5; }));
+  window.leaveDialog(dialog, IDCANCEL);
+}
+
 TEST(Desktop, TwentyFilesLeaveNothingBehind) {
   ShellWindow window("");
   DWORD handles = 0, handlesBefore = 0;
@@ -375,6 +405,7 @@ int main(int argumentCount, char **arguments) {
   // Without a window manager Wine would wait for one whenever a window closes.
   constexpr char kDriver[] = "Software\\Wine\\AppDefaults\\shell_test.exe\\X11 Driver";
   RegSetKeyValueA(HKEY_CURRENT_USER, kDriver, "Managed", REG_SZ, "N", sizeof "N");
-  SetCursorPos(9999, 9999); // off the windows
+  RegDeleteTreeA(HKEY_CURRENT_USER, "Software\\Korilan"); // settings have their start values
+  SetCursorPos(9999, 9999);                               // off the windows
   return RUN_ALL_TESTS();
 }

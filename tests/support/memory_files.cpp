@@ -44,6 +44,8 @@ std::vector<std::string> listFolder(const char *folder) {
   return names;
 }
 
+std::string fullPath(const char *path) { return path; }
+
 OutputHandle beginOutput(const char *path, std::string &) { return new File(path, {}); }
 
 std::string writeOutput(OutputHandle output, std::span<const uint8_t> more) {
@@ -78,6 +80,7 @@ const FileOps &memoryFiles() {
                                   .close = [](FileHandle) {},
                                   .listFolder = listFolder,
                                   .exists = [](const char *path) { return memoryDisk().contains(path); },
+                                  .fullPath = fullPath,
                                   .beginOutput = beginOutput,
                                   .write = writeOutput,
                                   .finishOutput = finishOutput};
