@@ -37,7 +37,7 @@ struct MenuRow {
   void (*choose)(ViewerState &viewer, size_t index) = nullptr;
 };
 
-inline constexpr size_t kMenuRowCount = 34;
+inline constexpr size_t kMenuRowCount = 36;
 
 // In the order shown; the rows of a menu are adjacent.
 extern const std::array<MenuRow, kMenuRowCount> kMenuRows;

@@ -88,11 +88,7 @@ TEST(PaletteCommands, OfTheSameName) {
     window.open(picture, copied ? joined({word(8), word(8), Bytes(32, 0x11)}) : BloadBuilder{.body = {0x11}}.build());
     const auto before = window.viewer.palette;
     menuSamePalette_Click(window.viewer);
-    if (red > 8) {
-      EXPECT_EQ(window.viewer.palette[1], red << 16);
-    } else {
-      EXPECT_EQ(window.viewer.palette, before);
-    }
+    EXPECT_EQ(window.viewer.palette[1], red > 8 ? red << 16 : before[1]);
     menuSamePalette_Click(window.viewer);
     EXPECT_EQ(window.viewer.palette, before);
   }
