@@ -14,7 +14,7 @@ struct HelpLine {
   const char *how;
 };
 
-constexpr std::array<HelpLine, 11> kFurtherKeys{{
+constexpr auto kFurtherKeys = std::to_array<HelpLine>({
     {"Page Down", "Next picture of the folder"},
     {"Page Up", "Previous picture of the folder"},
     {"Home", "First picture of the folder"},
@@ -27,11 +27,13 @@ constexpr std::array<HelpLine, 11> kFurtherKeys{{
     {"Ctrl+wheel", "Larger or smaller, at the mouse"},
     {"F10 or Alt", "Menus"},
     {"Tab", "Next control of the window"},
-}};
+});
 
-constexpr std::array<const char *, 10> kTips{
+constexpr auto kTips = std::to_array<const char *>({
     "Drop a file onto the window to open it, a palette file to load its colors.",
     "Save as Bitmap writes a .bmp file of the same name beside the file, at the size of the MSX picture.",
+    "Save as PNG keeps the color numbers and the whole palette of the picture.",
+    "A picture that another program saves is shown anew at once; Follow Changes turns that off.",
     "Pictures of 512 x 212 pixels are shown at twice their height, their true shape; Preferences can turn that off.",
     "Preferences can enable letter keys without Ctrl.",
     "Point at the picture to see position, color number, color and MSX levels under the mouse.",
@@ -41,7 +43,7 @@ constexpr std::array<const char *, 10> kTips{
     "Palette of the Same Name takes the colors from a palette file beside the picture: COAST.PL5 for COAST.SC5.",
     "Order by Number has Page Down show PIC2 before PIC10.",
     "A sprite set (.TGS) needs the .TCS file of the same name beside it.",
-};
+});
 
 std::string heading(const char *text) { return std::string(text) + "\n\n"; }
 

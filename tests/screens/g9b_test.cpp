@@ -64,7 +64,7 @@ TEST(G9b, PaletteCounts) {
     EXPECT_EQ(viewer.paletteFilePos, stored ? 17 + 3 * static_cast<int32_t>(count) : 0);
     EXPECT_EQ(std::ranges::count(viewer.palette, 0xFFFFFFU), stored ? static_cast<int>(count) : 0);
     EXPECT_EQ(viewer.frameBits[0], 0xFC0000U);
-    EXPECT_EQ(imageInfo(viewer).find("Palette:\tyes") != std::string::npos, stored);
+    EXPECT_EQ(imageInfo(window.viewer).find("Palette:\tyes") != std::string::npos, stored);
   }
 }
 

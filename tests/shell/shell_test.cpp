@@ -352,7 +352,7 @@ TEST(Desktop, RecentFilesAreInTheMenuOfTheNextWindow) {
     EXPECT_EQ(window.viewer.frameBits[0], 0x002424u); // red 0, blue 1, green 1
     EXPECT_EQ(differences(window), "");
   }
-  ShellWindow window("");
+  ShellWindow window("", SW_SHOWNORMAL, true);
   const auto row = static_cast<UINT>(ShellWindow::menuCommand("Recent") - kFirstMenuCommand);
   const UINT item = kFirstChoiceCommand + row * kMaxChoices;
   std::array<char, 200> text{};

@@ -39,8 +39,7 @@ inline std::string menuText(const WindowModel &window) {
   std::string keys;
   for (const MenuRow &row : kMenuRows) {
     const bool letter = std::isupper(row.shortcut.code) != 0 && row.shortcut.use != ShortcutUse::kWithCtrlAndShift;
-    if (letter && menuRowEnabled(window, row))
-      keys += static_cast<char>(row.shortcut.code);
+    if (letter && menuRowEnabled(window, row)) keys += static_cast<char>(row.shortcut.code);
   }
   return keys;
 }
