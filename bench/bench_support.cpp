@@ -51,5 +51,6 @@ int main(int argumentCount, char **arguments) {
   benchmark::Initialize(&argumentCount, arguments);
   addPictureBenchmarks();
   addPeerBenchmarks();
+  addPngBenchmarks();
   benchmark::RunSpecifiedBenchmarks();
 }

@@ -36,3 +36,4 @@ const ShownPicture &shownPictureOf(const std::string &name);
 
 void addPictureBenchmarks();
 void addPeerBenchmarks();
+void addPngBenchmarks();
