@@ -44,7 +44,7 @@ inline size_t wrongPixels(const ShellWindow &window, const ViewerState &wanted) 
   const auto firstOf = [](LONG room, LONG length, LONG corner) { return room > length ? (length - room) / 2 : corner; };
   const int left = firstOf(client.cx, width * scale, window.main.mainView.corner.x);
   const int top = firstOf(client.cy, height * scale, window.main.mainView.corner.y);
-  const uint32_t around = swapRedBlue(GetSysColor(COLOR_BTNFACE));
+  const uint32_t around = wanted.window.fullScreen ? 0 : swapRedBlue(GetSysColor(COLOR_BTNFACE));
   size_t wrong = 0;
   for (size_t i = 0; i < shown.size(); ++i) {
     const int x = left + static_cast<int>(i) % client.cx;

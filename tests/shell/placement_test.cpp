@@ -51,6 +51,7 @@ TEST(FullScreen, LeavingItRestoresTheWindow) {
       const std::string state = stateOf(window);
       turn();
       EXPECT_TRUE(coversTheScreen(window)) << how;
+      EXPECT_EQ(wrongPixels(window, window.viewer), 0U);
       turn();
       EXPECT_TRUE(stateOf(window) == state) << how;
     }
