@@ -33,7 +33,7 @@ inline std::wstring fullPathOf(const std::wstring &path) {
 // The path for a W function. From MAX_PATH characters on it is accepted only in full and behind \\?\ unless the
 // system is set up for longer ones.
 inline std::wstring longPath(const std::string &path) {
-  const std::wstring wide = toUtf16(path);
+  std::wstring wide = toUtf16(path);
   const std::wstring full = fullPathOf(wide);
   if (full.size() < MAX_PATH || full.starts_with(L"\\\\?\\") || full.starts_with(L"\\\\.\\")) return wide;
   return full.starts_with(L"\\\\") ? L"\\\\?\\UNC" + full.substr(1) : L"\\\\?\\" + full;
