@@ -7,21 +7,61 @@
 #include "video/sound_track.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdint>
 #include <limits>
 #include <memory>
 #include <vector>
 
-std::array<uint8_t, 3> yCbCr(uint32_t colour) {
+namespace {
+
+// BT.601: Y is the sum of the weighted channels, Cb and Cr are what blue and red have more than it, to +-0.5.
+constexpr double kRedWeight = 0.299;
+constexpr double kBlueWeight = 0.114;
+constexpr double kGreenWeight = 1 - kRedWeight - kBlueWeight;
+constexpr double kBlueDifference = 2 * (1 - kBlueWeight);
+constexpr double kRedDifference = 2 * (1 - kRedWeight);
+
+// The limited range: black is 16, white 219 above it; differences reach 112 to both sides of 128.
+constexpr int kBlack = 16;
+constexpr int kNoDifference = 128;
+constexpr double kLumaRange = 219;
+constexpr double kDifferenceRange = 224;
+
+// A factor for channels from 0 to 255, in 65536ths.
+constexpr int kFactorBits = 16;
+constexpr int factor(double range, double weight) {
+  const double scaled = range * weight / 255 * (1 << kFactorBits);
+  return static_cast<int>(scaled < 0 ? scaled - 0.5 : scaled + 0.5);
+}
+
+struct Factors {
+  int red;
+  int green;
+  int blue;
+};
+
+constexpr Factors kLuma{factor(kLumaRange, kRedWeight), factor(kLumaRange, kGreenWeight),
+                        factor(kLumaRange, kBlueWeight)};
+constexpr Factors kBlue{factor(kDifferenceRange, -kRedWeight / kBlueDifference),
+                        factor(kDifferenceRange, -kGreenWeight / kBlueDifference), factor(kDifferenceRange, 0.5)};
+constexpr Factors kRed{factor(kDifferenceRange, 0.5), factor(kDifferenceRange, -kGreenWeight / kRedDifference),
+                       factor(kDifferenceRange, -kBlueWeight / kRedDifference)};
+
+uint8_t weighted(uint32_t colour, const Factors &factors, int zero) {
   const int red = static_cast<int>(colour >> 16 & 255);
   const int green = static_cast<int>(colour >> 8 & 255);
   const int blue = static_cast<int>(colour & 255);
-  // The standard's factors times 256, rounded.
-  return {static_cast<uint8_t>(((66 * red + 129 * green + 25 * blue + 128) >> 8) + 16),
-          static_cast<uint8_t>(((-38 * red - 74 * green + 112 * blue + 128) >> 8) + 128),
-          static_cast<uint8_t>(((112 * red - 94 * green - 18 * blue + 128) >> 8) + 128)};
+  constexpr int kHalf = 1 << (kFactorBits - 1);
+  const int sum = factors.red * red + factors.green * green + factors.blue * blue + kHalf;
+  return static_cast<uint8_t>((sum >> kFactorBits) + zero);
 }
 
-namespace {
+// Y, Cb and Cr of a colour word 0x00RRGGBB, rounded to the nearest.
+std::array<uint8_t, 3> yCbCr(uint32_t colour) {
+  return {weighted(colour, kLuma, kBlack), weighted(colour, kBlue, kNoDifference),
+          weighted(colour, kRed, kNoDifference)};
+}
 
 // Y, U and V planes behind the frame's own header.
 void encodeFrame(const ViewerState &viewer, std::vector<uint8_t> &frame) {
@@ -43,7 +83,7 @@ std::string writeFrames(OpenedFile &file, const CliOutput &output) {
   const ViewerState &viewer = file.viewer;
   const std::string header = "YUV4MPEG2 W" + std::to_string(viewer.frameWidth) + " H" +
                              std::to_string(viewer.frameHeight) + " F" + std::to_string(playbackRate(viewer)) +
-                             ":1 Ip A1:1 C444\n";
+                             ":1 Ip A1:1 C444 XCOLORRANGE=LIMITED\n";
   std::vector<uint8_t> bytes(header.begin(), header.end());
   std::string failure = writeCliOutput(output, bytes);
   for (int32_t frame = 0; frame < framesOf(viewer) && failure.empty(); ++frame) {

@@ -14,9 +14,10 @@ TEST(CliFilm, VideoHoldsEveryFrameInThreePlanes) {
   const TemporaryFolder folder("film_video"); // a rate of 0 counts as 1
   const std::string film = folder.write(u8"a.VID", vidFile({0, 2}, {0x18, 0xFA, 0x71, 0x88}));
   ASSERT_TRUE(writeVideo({.outPath = folder.path + "out", .files = {film}}));
-  // Black, white, red, green; blue, black, white, white, as BT.601 gives them in 8 bits.
-  const std::string expected = "YUV4MPEG2 W4 H1 F1:1 Ip A1:1 C444\n"
-                               "FRAME\n\x10\xEB\x52\x90\x80\x80\x5A\x36\x80\x80\xF0\x22"
+  // Black, white, red, green; blue, black, white, white. By BT.601 red is 81.48, 90.20, 240, green
+  // 144.55, 53.80, 34.21, blue 40.97, 240, 109.79.
+  const std::string expected = "YUV4MPEG2 W4 H1 F1:1 Ip A1:1 C444 XCOLORRANGE=LIMITED\n"
+                               "FRAME\n\x10\xEB\x51\x91\x80\x80\x5A\x36\x80\x80\xF0\x22"
                                "FRAME\n\x29\x10\xEB\xEB\xF0\x80\x80\x80\x6E\x80\x80\x80";
   EXPECT_EQ(folder.read(u8"out"), Bytes(expected.begin(), expected.end()));
 }
