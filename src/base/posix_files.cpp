@@ -1,5 +1,6 @@
 // The file system of POSIX systems.
 #include "base/file_ops.h"
+#include "base/folders.h"
 #include "base/temporaries.h"
 
 #include <array>
@@ -21,14 +22,28 @@ namespace {
 FileHandle handleOf(int descriptor) { return reinterpret_cast<FileHandle>(static_cast<intptr_t>(descriptor) + 1); }
 int descriptorOf(FileHandle file) { return static_cast<int>(reinterpret_cast<intptr_t>(file) - 1); }
 
-FileHandle openForReading(const char *path) {
+std::string systemWords(int error) { return std::strerror(error); }
+
+// Opens a regular file. Returns -1, with the message in `failure`, if that fails.
+int openRegularFile(const char *path, std::string &failure) {
   // Without O_NONBLOCK the opening of a pipe would wait for a writer.
   const int descriptor = open(path, O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-  if (descriptor < 0) return nullptr;
   struct stat status {};
-  if (fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode)) return handleOf(descriptor);
-  close(descriptor);
-  return nullptr;
+  if (descriptor < 0 || fstat(descriptor, &status) != 0) {
+    failure = systemWords(errno);
+  } else if (S_ISREG(status.st_mode)) {
+    return descriptor;
+  } else {
+    failure = S_ISDIR(status.st_mode) ? systemWords(EISDIR) : "Not a regular file";
+  }
+  if (descriptor >= 0) close(descriptor);
+  return -1;
+}
+
+FileHandle openForReading(const char *path) {
+  std::string failure;
+  const int descriptor = openRegularFile(path, failure);
+  return descriptor >= 0 ? handleOf(descriptor) : nullptr;
 }
 
 int64_t lengthOf(FileHandle file) {
@@ -57,20 +72,6 @@ size_t readAt(FileHandle file, int64_t offset, uint8_t *into, size_t count) {
 
 void closeFile(FileHandle file) { close(descriptorOf(file)); }
 
-std::vector<std::string> listFolder(const char *folder) {
-  std::vector<std::string> names;
-  DIR *listing = opendir(*folder == '\0' ? "." : folder);
-  if (listing == nullptr) return names;
-  while (const dirent *entry = readdir(listing)) {
-    struct stat status {};
-    const bool known = fstatat(dirfd(listing), entry->d_name, &status, 0) == 0;
-    const bool hidden = entry->d_name[0] == '.';
-    if (known && !hidden && S_ISREG(status.st_mode)) names.emplace_back(entry->d_name);
-  }
-  closedir(listing);
-  return names;
-}
-
 bool exists(const char *path) {
   struct stat status {};
   return lstat(path, &status) == 0;
@@ -79,8 +80,6 @@ bool exists(const char *path) {
 Temporaries<char> temporaries;
 
 size_t folderEnd(const std::string &path) { return path.find_last_of('/') + 1; }
-
-std::string systemWords(int error) { return std::strerror(error); }
 
 // Follows symbolic links to the file that they name, which need not exist, so that the links themselves stay.
 std::string linkTarget(std::string path) {
@@ -168,7 +167,7 @@ constexpr FileOps kPosixFiles{.openForReading = openForReading,
                               .writeTime = writeTime,
                               .readAt = readAt,
                               .close = closeFile,
-                              .listFolder = listFolder,
+                              .listFolder = listFiles,
                               .exists = exists,
                               .fullPath = fullPath,
                               .beginOutput = beginOutput,
@@ -194,3 +193,44 @@ std::string fileIdentity(const std::string &path) {
 void removeTemporaries() {
   temporaries.removeAll([](const char *path) { unlink(path); });
 }
+
+std::string listEntries(const std::string &folder, std::vector<FolderEntry> &entries) {
+  entries.clear();
+  DIR *listing = opendir(folder.empty() ? "." : folder.c_str());
+  if (listing == nullptr) return systemWords(errno);
+  while (const dirent *entry = readdir(listing)) {
+    if (entry->d_name[0] == '.') continue;
+    struct stat status {};
+    bool known = fstatat(dirfd(listing), entry->d_name, &status, AT_SYMLINK_NOFOLLOW) == 0;
+    if (known && S_ISDIR(status.st_mode)) entries.push_back({entry->d_name, true});
+    if (known && S_ISLNK(status.st_mode)) known = fstatat(dirfd(listing), entry->d_name, &status, 0) == 0;
+    if (known && S_ISREG(status.st_mode)) entries.push_back({entry->d_name, false});
+  }
+  closedir(listing);
+  return {};
+}
+
+bool isFolder(const std::string &path) {
+  struct stat status {};
+  return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+std::string makeFolder(const std::string &path) {
+  if (mkdir(path.c_str(), 0777) == 0) return {};
+  const int error = errno;
+  return isFolder(path) ? std::string() : systemWords(error);
+}
+
+bool nameIsTaken(const std::string &path) {
+  struct stat status {};
+  return lstat(path.c_str(), &status) == 0;
+}
+
+std::string readFailure(const std::string &path) {
+  std::string failure;
+  const int descriptor = openRegularFile(path.c_str(), failure);
+  if (descriptor >= 0) close(descriptor);
+  return failure;
+}
+
+std::string nameKey(std::string_view name) { return std::string(name); }

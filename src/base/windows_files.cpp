@@ -1,5 +1,6 @@
 // FileOps for Windows.
 #include "base/file_ops.h"
+#include "base/folders.h"
 #include "base/temporaries.h"
 #include "base/windows_text.h"
 
@@ -21,15 +22,33 @@ constexpr size_t kMaxTransfer = size_t{1} << 30;
 
 std::string fullPath(const char *path) { return toUtf8(fullPathOf(toUtf16(path))); }
 
-FileHandle openForReading(const char *path) {
+// The system's message for an error number.
+std::string errorText(DWORD error) {
+  wchar_t buffer[512];
+  const DWORD size = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error, 0,
+                                    buffer, std::size(buffer), nullptr);
+  std::string text = toUtf8({buffer, size});
+  text.erase(text.find_last_not_of("\r\n") + 1);
+  return text.empty() ? "Error " + std::to_string(error) : text;
+}
+
+// Opens a file of a disk. Returns nullptr, with the message in `failure`, if that fails.
+FileHandle openDiskFile(const char *path, std::string &failure) {
   const HANDLE file = CreateFileW(longPath(path).c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING,
                                   FILE_ATTRIBUTE_NORMAL, nullptr);
-  if (file == INVALID_HANDLE_VALUE) return nullptr;
-  if (GetFileType(file) != FILE_TYPE_DISK) {
-    CloseHandle(file);
+  if (file == INVALID_HANDLE_VALUE) {
+    failure = errorText(GetLastError());
     return nullptr;
   }
-  return file;
+  if (GetFileType(file) == FILE_TYPE_DISK) return file;
+  failure = "Not a regular file";
+  CloseHandle(file);
+  return nullptr;
+}
+
+FileHandle openForReading(const char *path) {
+  std::string failure;
+  return openDiskFile(path, failure);
 }
 
 int64_t length(FileHandle file) {
@@ -60,28 +79,15 @@ size_t readAt(FileHandle file, int64_t offset, uint8_t *into, size_t count) {
 
 void closeFile(FileHandle file) { CloseHandle(file); }
 
-constexpr DWORD kNotListed = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
-
-std::vector<std::string> listFolder(const char *folder) {
-  std::vector<std::string> names;
-  WIN32_FIND_DATAW found{};
-  const HANDLE listing = FindFirstFileW(longPath(std::string(folder) + "*").c_str(), &found);
-  if (listing == INVALID_HANDLE_VALUE) return names;
-  do {
-    if ((found.dwFileAttributes & kNotListed) == 0) names.push_back(toUtf8(found.cFileName));
-  } while (FindNextFileW(listing, &found));
-  FindClose(listing);
-  return names;
-}
-
-// The system's message for an error number.
-std::string errorText(DWORD error) {
-  wchar_t buffer[512];
-  const DWORD size = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error, 0,
-                                    buffer, std::size(buffer), nullptr);
-  std::string text = toUtf8({buffer, size});
-  text.erase(text.find_last_not_of("\r\n") + 1);
-  return text.empty() ? "Error " + std::to_string(error) : text;
+// Leaves out links to folders, and "." and "..".
+bool isListed(const WIN32_FIND_DATAW &found) {
+  const DWORD attributes = found.dwFileAttributes;
+  if ((attributes & (FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM)) != 0) return false;
+  if ((attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) return true;
+  const bool link = (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
+                    (found.dwReserved0 == IO_REPARSE_TAG_SYMLINK || found.dwReserved0 == IO_REPARSE_TAG_MOUNT_POINT);
+  const std::wstring_view name = found.cFileName;
+  return !link && name != L"." && name != L"..";
 }
 
 bool exists(const char *path) { return GetFileAttributesW(longPath(path).c_str()) != INVALID_FILE_ATTRIBUTES; }
@@ -183,6 +189,13 @@ std::string finishOutput(OutputHandle handle, bool keep) {
   return error == ERROR_SUCCESS ? std::string() : errorText(error);
 }
 
+// As the file system compares names.
+std::wstring upperCase(std::wstring name) {
+  const int length = static_cast<int>(name.size());
+  LCMapStringEx(LOCALE_NAME_INVARIANT, LCMAP_UPPERCASE, name.data(), length, name.data(), length, nullptr, nullptr, 0);
+  return name;
+}
+
 } // namespace
 
 const FileOps &systemFiles() {
@@ -192,7 +205,7 @@ const FileOps &systemFiles() {
       .writeTime = writeTime,
       .readAt = readAt,
       .close = closeFile,
-      .listFolder = listFolder,
+      .listFolder = listFiles,
       .exists = exists,
       .fullPath = fullPath,
       .beginOutput = beginOutput,
@@ -208,10 +221,7 @@ std::string fileIdentity(const std::string &path) {
   HANDLE file = openForQuery(place);
   if (file == INVALID_HANDLE_VALUE) {
     const size_t folderEnd = place.find_last_of(L"\\/:") + 1;
-    name = L"/" + place.substr(folderEnd);
-    // As the file system compares names.
-    LCMapStringEx(LOCALE_NAME_INVARIANT, LCMAP_UPPERCASE, name.data(), static_cast<int>(name.size()), name.data(),
-                  static_cast<int>(name.size()), nullptr, nullptr, 0);
+    name = L"/" + upperCase(place.substr(folderEnd));
     place.resize(folderEnd);
     file = openForQuery(place.empty() ? L"." : place);
   }
@@ -226,3 +236,39 @@ std::string fileIdentity(const std::string &path) {
 void removeTemporaries() {
   temporaries.removeAll([](const wchar_t *path) { DeleteFileW(path); });
 }
+
+std::string listEntries(const std::string &folder, std::vector<FolderEntry> &entries) {
+  entries.clear();
+  WIN32_FIND_DATAW found{};
+  const HANDLE listing = FindFirstFileW(longPath(folder + "*").c_str(), &found);
+  if (listing == INVALID_HANDLE_VALUE) return errorText(GetLastError());
+  do {
+    const bool isFolder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    if (isListed(found)) entries.push_back({toUtf8(found.cFileName), isFolder});
+  } while (FindNextFileW(listing, &found));
+  FindClose(listing);
+  return {};
+}
+
+bool isFolder(const std::string &path) {
+  const DWORD attributes = GetFileAttributesW(longPath(path).c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+std::string makeFolder(const std::string &path) {
+  if (CreateDirectoryW(longPath(path).c_str(), nullptr)) return {};
+  const DWORD error = GetLastError();
+  return isFolder(path) ? std::string() : errorText(error);
+}
+
+bool nameIsTaken(const std::string &path) {
+  return GetFileAttributesW(longPath(path).c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+std::string readFailure(const std::string &path) {
+  std::string failure;
+  if (const FileHandle file = openDiskFile(path.c_str(), failure)) closeFile(file);
+  return failure;
+}
+
+std::string nameKey(std::string_view name) { return toUtf8(upperCase(toUtf16(name))); }

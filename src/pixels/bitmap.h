@@ -8,12 +8,15 @@
 #include <span>
 #include <string>
 
-// A rendered picture: width x height words 0x00RRGGBB, top row first.
-struct PixelView {
-  std::span<const uint32_t> words;
+// width x height words, top row first.
+template <typename Word> struct PixelRows {
+  std::span<const Word> words;
   int32_t width;
   int32_t height;
 };
+
+// A rendered picture: its words are 0x00RRGGBB.
+using PixelView = PixelRows<uint32_t>;
 
 // Bytes of a row of `width` 24-bit pixels, padded to a multiple of 4: the padding of 3 * width is width mod 4.
 constexpr int32_t RowBytes24(int32_t width) { return width * 3 + width % 4; }
