@@ -17,6 +17,9 @@ inline constexpr size_t kExtensionLength = 4; // with the dot
 // Length of the folder at the start of `path`, with its separator; 0 if there is none.
 size_t folderLength(std::string_view path);
 
+// The path of a folder with a separator at its end.
+std::string asFolder(std::string path);
+
 // `path` without its folder.
 std::string_view fileNameOf(std::string_view path);
 

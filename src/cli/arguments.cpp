@@ -1,33 +1,45 @@
 #include "cli/arguments.h"
 
+#include "base/paths.h"
+#include "base/text.h"
+#include "core/file_kinds.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <limits>
+#include <optional>
 #include <string_view>
-
-const char *const kCliHelp =
-    "korilan-cli: pictures and videos of MSX home computers, without a window\n"
-    "\n"
-    "  korilan-cli info    [--json] [--frame N] FILE...\n"
-    "      what the window would show; with --json an object a line\n"
-    "  korilan-cli convert [-o OUT | -d DIR] [--format bmp|ppm] [--frame N | --all-frames] [--shown] [--jobs N] "
-    "FILE...\n"
-    "      writes each picture at its own size beside its file, to DIR, or to OUT (- is standard output);\n"
-    "      of a video frame N, from 0 on, or all; --shown applies zoom and aspect as the window does\n"
-    "  korilan-cli video   FILE -o OUT.y4m|-\n"
-    "      writes all frames of a video as YUV4MPEG2\n"
-    "  korilan-cli sound   FILE -o OUT.wav|-\n"
-    "      writes the whole sound of a video as a WAVE file\n"
-    "\n"
-    "Exit status: 0 all files shown, 1 some file not, 2 wrong usage.\n";
 
 namespace {
 
 constexpr unsigned kMaxJobs = 256;
+constexpr int32_t kMaxSize = 4096;
 
-bool endsIn(std::string_view text, std::string_view ending) {
-  return text.size() >= ending.size() && text.substr(text.size() - ending.size()) == ending;
+struct Format {
+  std::string_view letters;
+  ImageFormat format;
+};
+
+constexpr std::array<Format, 3> kFormats{{
+    {"bmp", ImageFormat::kBmp},
+    {"png", ImageFormat::kPng},
+    {"ppm", ImageFormat::kPpm},
+}};
+
+// Returns false if there is no such format.
+bool takeLetters(std::string_view letters, ImageFormat &format) {
+  const auto row = std::find_if(kFormats.begin(), kFormats.end(),
+                                [&](const Format &one) { return upperCased(one.letters) == upperCased(letters); });
+  if (row != kFormats.end()) format = row->format;
+  return row != kFormats.end();
+}
+
+// The letters behind the last dot of a file's name; none for a name that begins with it.
+std::string_view endingOf(std::string_view path) {
+  const std::string_view name = fileNameOf(path);
+  const size_t dot = name.rfind('.');
+  return dot == 0 || dot == std::string_view::npos ? std::string_view() : name.substr(dot + 1);
 }
 
 // Parses a whole number from min to max, without trailing characters.
@@ -38,18 +50,33 @@ template <typename Number> bool takeNumber(const std::string &text, Number min, 
 
 // Each stores its option's value in the request and returns an error message, empty if the value is valid.
 std::string takeOut(const std::string &value, CliRequest &request) {
-  request.outPath = value;
+  request.outPath = systemPath(value);
   return value.empty() ? "-o needs a file name" : "";
 }
 
 std::string takeDirectory(const std::string &value, CliRequest &request) {
-  request.outDirectory = value;
+  request.outDirectory = systemPath(value);
   return value.empty() ? "-d needs a folder" : "";
 }
 
 std::string takeFormat(const std::string &value, CliRequest &request) {
-  request.format = value == "ppm" ? ImageFormat::kPpm : ImageFormat::kBmp;
-  return value == "ppm" || value == "bmp" ? "" : "--format takes bmp or ppm, not '" + value + "'";
+  return takeLetters(value, request.format) ? "" : "--format takes bmp, png or ppm, not '" + value + "'";
+}
+
+std::string takePalette(const std::string &value, CliRequest &request) {
+  request.palette = systemPath(value);
+  return value.empty() ? "--palette needs a file name" : "";
+}
+
+std::string takeType(const std::string &value, CliRequest &request) {
+  request.type = value;
+  if (findFileKind(upperCased(value)) != nullptr) return "";
+  return "--type takes the ending of a kind of file that Korilan opens, as .SC5, not '" + value + "'";
+}
+
+std::string takeSize(const std::string &value, CliRequest &request) {
+  if (takeNumber(value, 1, kMaxSize, request.size)) return "";
+  return "--size takes a number from 1 to " + std::to_string(kMaxSize) + ", not '" + value + "'";
 }
 
 std::string takeJobs(const std::string &value, CliRequest &request) {
@@ -64,19 +91,24 @@ std::string takeFrame(const std::string &value, CliRequest &request) {
 
 // An option takes a value, or sets a flag.
 struct Option {
-  const char *name;
+  std::string_view name;
   std::string_view commands; // first letters of its commands
   std::string (*take)(const std::string &value, CliRequest &request);
   bool CliRequest::*flag = nullptr;
 };
 
-constexpr std::array<Option, 8> kOptions{{
+constexpr std::array<Option, 13> kOptions{{
     {"-o", "cvs", takeOut},
     {"-d", "c", takeDirectory},
     {"--format", "c", takeFormat},
     {"--frame", "ic", takeFrame},
+    {"--palette", "ic", takePalette},
+    {"--type", "ictvs", takeType},
+    {"--size", "t", takeSize},
     {"--jobs", "c", takeJobs},
     {"--all-frames", "c", nullptr, &CliRequest::allFrames},
+    {"--no-clobber", "c", nullptr, &CliRequest::noClobber},
+    {"--recursive", "ic", nullptr, &CliRequest::recursive},
     {"--shown", "c", nullptr, &CliRequest::shown},
     {"--json", "i", nullptr, &CliRequest::json},
 }};
@@ -86,84 +118,153 @@ struct Command {
   CliCommand command;
 };
 
-constexpr std::array<Command, 4> kCommands{{
+constexpr std::array<Command, 5> kCommands{{
     {"info", CliCommand::kInfo},
     {"convert", CliCommand::kConvert},
+    {"thumb", CliCommand::kThumb},
     {"video", CliCommand::kVideo},
     {"sound", CliCommand::kSound},
 }};
 
-// Help before "--" overrides all other arguments.
-bool wantsHelp(std::span<const std::string> arguments) {
-  const auto options =
-      arguments.first(static_cast<size_t>(std::find(arguments.begin(), arguments.end(), "--") - arguments.begin()));
-  return std::any_of(options.begin(), options.end(),
-                     [](const std::string &text) { return text == "--help" || text == "-h"; });
+std::string_view nameOf(CliCommand command) {
+  const auto row =
+      std::find_if(kCommands.begin(), kCommands.end(), [&](const Command &one) { return one.command == command; });
+  return row->name;
 }
 
-const Option *findOption(const std::string &name, char command) {
+// Whether an argument before "--" is one of these, which then overrides all others.
+bool holds(std::span<const std::string> arguments, std::string_view name, std::string_view otherName) {
+  const auto end = std::find(arguments.begin(), arguments.end(), "--");
+  return std::any_of(arguments.begin(), end,
+                     [&](const std::string &text) { return text == name || text == otherName; });
+}
+
+const Option *findOption(std::string_view name, char command) {
   const auto row = std::find_if(kOptions.begin(), kOptions.end(), [&](const Option &option) {
     return name == option.name && option.commands.find(command) != std::string_view::npos;
   });
   return row != kOptions.end() ? &*row : nullptr;
 }
 
+// An option with its value if that is in the same argument: "--format=png", "-oFILE".
+struct SplitOption {
+  std::string name;
+  std::optional<std::string> value;
+};
+
+SplitOption splitOption(const std::string &argument) {
+  constexpr size_t kShortName = 2;
+  const bool isShort = !argument.starts_with("--");
+  const size_t nameEnd = isShort ? kShortName : argument.find('=');
+  if (nameEnd >= argument.size()) return {argument, std::nullopt};
+  return {argument.substr(0, nameEnd), argument.substr(nameEnd + (isShort ? 0 : 1))};
+}
+
+using OptionNames = std::vector<std::string_view>;
+
+bool isGiven(const OptionNames &given, std::string_view name) {
+  return std::find(given.begin(), given.end(), name) != given.end();
+}
+
 // `arguments` begins with the command.
-std::string parseOptions(std::span<const std::string> arguments, CliRequest &request) {
-  std::vector<std::string_view> given;
-  const auto isGiven = [&given](std::string_view name) {
-    return std::find(given.begin(), given.end(), name) != given.end();
-  };
+std::string parseOptions(std::span<const std::string> arguments, CliRequest &request, OptionNames &given) {
   bool onlyFiles = false;
   for (size_t i = 1; i < arguments.size(); ++i) {
     const std::string &argument = arguments[i];
-    if (onlyFiles || argument.empty() || argument[0] != '-') {
-      request.files.push_back(argument);
+    if (onlyFiles || !argument.starts_with('-') || argument == kStandardStream) {
+      request.files.push_back(systemPath(argument));
       continue;
     }
     if (argument == "--") {
       onlyFiles = true;
       continue;
     }
-    const Option *option = findOption(argument, arguments[0][0]);
+    auto [name, value] = splitOption(argument);
+    const Option *option = findOption(name, arguments[0][0]);
     if (option == nullptr) return "unknown option '" + argument + "'";
-    if (isGiven(option->name)) return argument + " is given twice";
+    if (isGiven(given, option->name)) return name + " is given twice";
     if (option->flag != nullptr) {
+      if (value) return name + " takes no value";
       request.*option->flag = true;
     } else {
-      if (i + 1 == arguments.size()) return argument + " needs a value";
-      if (std::string wrong = option->take(arguments[++i], request); !wrong.empty()) return wrong;
+      if (!value && i + 1 == arguments.size()) return name + " needs a value";
+      if (std::string wrong = option->take(value ? *value : arguments[++i], request); !wrong.empty()) return wrong;
     }
     given.push_back(option->name);
   }
-  if (isGiven("--frame") && isGiven("--all-frames")) return "--frame and --all-frames exclude each other";
-  if (!isGiven("--format") && endsIn(request.outPath, ".ppm")) request.format = ImageFormat::kPpm;
   return "";
 }
 
+// The ending of the output chooses the format.
+std::string takeEnding(CliRequest &request) {
+  const std::string ending(endingOf(request.outPath));
+  if (ending.empty() || takeLetters(ending, request.format)) return "";
+  return "-o takes a name that ends in .bmp, .png or .ppm, not in ." + ending;
+}
+
+// Standard input, as a file.
+std::string checkStandardInput(const CliRequest &request) {
+  const auto count = std::count(request.files.begin(), request.files.end(), kStandardStream);
+  if (count > 1) return "standard input is given twice";
+  if (count == 1 && request.type.empty()) return "- needs --type .EXT";
+  if (count == 0 && !request.type.empty()) return "--type is for standard input, -";
+  if (count == 1 && request.allFrames && request.outDirectory.empty()) return "--all-frames of - needs -d";
+  return "";
+}
+
+std::string checkOutput(const CliRequest &request) {
+  const std::string &out = request.outPath;
+  const bool film = request.command == CliCommand::kVideo || request.command == CliCommand::kSound;
+  if (film && out.empty()) return std::string(nameOf(request.command)) + " needs -o OUT";
+  if (out.empty()) return "";
+  if (request.allFrames) return "-o takes one frame; use -d for all";
+  if (!request.outDirectory.empty()) return "-o and -d exclude each other";
+  const bool itself = out != kStandardStream && out == request.files.front();
+  return itself ? "the output is the file itself" : "";
+}
+
 } // namespace
+
+std::string lettersOf(ImageFormat format) {
+  const auto row =
+      std::find_if(kFormats.begin(), kFormats.end(), [&](const Format &one) { return one.format == format; });
+  return std::string(row->letters);
+}
+
+std::string tooManyFiles(const CliRequest &request, size_t files) {
+  if (files <= 1 || request.command == CliCommand::kInfo) return "";
+  if (request.command != CliCommand::kConvert) return std::string(nameOf(request.command)) + " takes one file";
+  return request.outPath.empty() ? "" : "-o takes one file; use -d for several";
+}
 
 std::string parseArguments(std::span<const std::string> arguments, CliRequest &request) {
   request = {};
   if (arguments.empty()) return "no command given; korilan-cli --help lists them";
   const std::string &command = arguments[0];
-  if (command == "help" || wantsHelp(arguments)) return "";
+  if (command == "help" || holds(arguments, "--help", "-h")) return "";
+  if (holds(arguments, "--version", "--version")) {
+    request.command = CliCommand::kVersion;
+    return "";
+  }
   const auto row =
       std::find_if(kCommands.begin(), kCommands.end(), [&](const Command &one) { return command == one.name; });
   if (row == kCommands.end()) return "unknown command '" + command + "'; korilan-cli --help lists them";
   request.command = row->command;
-  if (std::string wrong = parseOptions(arguments, request); !wrong.empty()) return wrong;
-  if (request.files.empty()) return command + " needs at least one file";
-  if (std::find(request.files.begin(), request.files.end(), "") != request.files.end()) return "an empty file name";
-  if (request.command == CliCommand::kVideo || request.command == CliCommand::kSound) {
-    if (request.files.size() > 1) return command + " takes one file";
-    if (request.outPath.empty()) return command + " needs -o OUT";
+  OptionNames given;
+  if (std::string wrong = parseOptions(arguments, request, given); !wrong.empty()) return wrong;
+  std::vector<std::string> &files = request.files;
+  if (std::find(files.begin(), files.end(), "") != files.end()) return "an empty file name";
+  if (request.command == CliCommand::kThumb) {
+    if (request.size == 0) return "thumb needs --size N";
+    if (files.size() != 2) return "thumb takes a file and the PNG file to write";
+    request.outPath = files.back();
+    files.pop_back();
   }
-  if (!request.outPath.empty() && request.allFrames) return "-o takes one frame; use -d for all";
-  if (!request.outPath.empty() && !request.outDirectory.empty()) return "-o and -d exclude each other";
-  if (!request.outPath.empty() && request.files.size() > 1) return "-o takes one file; use -d for several";
-  if (std::find(request.files.begin(), request.files.end(), request.outPath) != request.files.end()) {
-    return "-o names the file itself";
-  }
-  return "";
+  if (files.empty()) return command + " needs at least one file";
+  if (isGiven(given, "--frame") && request.allFrames) return "--frame and --all-frames exclude each other";
+  std::string wrong = tooManyFiles(request, files.size());
+  if (wrong.empty()) wrong = checkOutput(request);
+  const bool choosesFormat = request.command == CliCommand::kConvert && !isGiven(given, "--format");
+  if (wrong.empty() && choosesFormat) wrong = takeEnding(request);
+  return wrong.empty() ? checkStandardInput(request) : wrong;
 }

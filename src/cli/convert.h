@@ -1,7 +1,10 @@
-// Conversion of pictures to BMP and PPM.
+// Pictures and frames of videos to image files.
 #pragma once
 
-#include "cli/arguments.h"
+#include "cli/inputs.h"
 
-// Converts all files of the request, on several cores. Prints errors to standard error. Returns false if a file failed.
-bool convertFiles(const CliRequest &request);
+#include <span>
+
+// Converts all inputs, with a line on standard error for each that failed and one for a batch. Returns whether all went
+// well.
+bool convertFiles(const CliRequest &request, std::span<const CliInput> inputs);

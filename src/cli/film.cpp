@@ -1,7 +1,5 @@
 #include "cli/film.h"
 
-#include "cli/opened_file.h"
-#include "cli/output.h"
 #include "video/eva_player.h"
 #include "video/playback.h"
 #include "video/sound_track.h"
@@ -10,7 +8,7 @@
 #include <array>
 #include <cstdint>
 #include <limits>
-#include <memory>
+#include <string_view>
 #include <vector>
 
 namespace {
@@ -79,64 +77,42 @@ void encodeFrame(const ViewerState &viewer, std::vector<uint8_t> &frame) {
   }
 }
 
-std::string writeFrames(OpenedFile &file, const CliOutput &output) {
+} // namespace
+
+std::string putVideo(OpenedFile &file, const PutBytes &put) {
   const ViewerState &viewer = file.viewer;
   const std::string header = "YUV4MPEG2 W" + std::to_string(viewer.frameWidth) + " H" +
                              std::to_string(viewer.frameHeight) + " F" + std::to_string(playbackRate(viewer)) +
                              ":1 Ip A1:1 C444 XCOLORRANGE=LIMITED\n";
   std::vector<uint8_t> bytes(header.begin(), header.end());
-  std::string failure = writeCliOutput(output, bytes);
+  std::string failure = put(bytes);
   for (int32_t frame = 0; frame < framesOf(viewer) && failure.empty(); ++frame) {
     showFrame(file, frame);
     encodeFrame(viewer, bytes);
-    failure = writeCliOutput(output, bytes);
+    failure = put(bytes);
   }
   return failure;
 }
 
-std::string writeSamples(OpenedFile &file, const CliOutput &output) {
+std::string putSound(OpenedFile &file, const PutBytes &put) {
   ViewerState &viewer = file.viewer;
   const SoundFormat &format = soundFormat(viewer);
   const uint64_t sampleBytes = static_cast<uint64_t>(viewer.evaPlayer.frameCount) * format.samplesPerFrame;
-  if (sampleBytes > std::numeric_limits<uint32_t>::max() - kWaveHeaderBytes)
-    return viewer.filePath + ": too long for a WAVE file";
-  std::string failure = writeCliOutput(output, waveHeader(format, static_cast<uint32_t>(sampleBytes)));
+  if (sampleBytes > std::numeric_limits<uint32_t>::max() - kWaveHeaderBytes) return "too long for a WAVE file";
+  std::string failure = put(waveHeader(format, static_cast<uint32_t>(sampleBytes)));
   EvaFrame video;
   int32_t &frame = viewer.run.currentFrame;
   for (frame = 0; frame < viewer.evaPlayer.frameCount && failure.empty(); ++frame) {
     readEvaFrame(viewer, video);
-    failure = writeCliOutput(output, soundSlot(viewer, frame));
+    failure = put(soundSlot(viewer, frame));
   }
   constexpr std::array<uint8_t, 1> kPadding{};
   const bool odd = sampleBytes % 2 != 0;
-  return odd && failure.empty() ? writeCliOutput(output, kPadding) : failure;
+  return odd && failure.empty() ? put(kPadding) : failure;
 }
 
-// Why nothing can be written, or an empty text.
-std::string refusalOf(const ViewerState &viewer, CliCommand command) {
-  if (std::string failure = refusal(viewer); !failure.empty()) return failure;
-  const std::string &path = viewer.filePath;
-  if (viewer.player == nullptr) return path + ": is no video";
-  if (framesOf(viewer) <= 0 || viewer.frameBits.empty()) return path + ": holds no frames";
-  return command == CliCommand::kSound && !viewer.player->hasSound ? path + ": holds no sound" : "";
+std::string refusalOfFilm(const ViewerState &viewer, CliCommand command) {
+  if (viewer.player == nullptr) return "is no video";
+  if (framesOf(viewer) <= 0 || viewer.frameBits.empty()) return "holds no frames";
+  return command == CliCommand::kSound && !viewer.player->hasSound ? "holds no sound" : "";
 }
-
-bool writeFilm(const CliRequest &request, std::string (*write)(OpenedFile &file, const CliOutput &output)) {
-  const std::string &path = request.files.front();
-  const auto file = std::make_unique<OpenedFile>();
-  openFile(*file, path);
-  std::string failure = refusalOf(file->viewer, request.command);
-  if (failure.empty() && fileIdentity(request.outPath) == fileIdentity(path))
-    failure = path + ": would be replaced by itself";
-  CliOutput output;
-  if (failure.empty()) failure = beginCliOutput(output, request.outPath);
-  if (failure.empty()) failure = finishCliOutput(output, write(*file, output));
-  if (!failure.empty()) printError(failure);
-  return failure.empty();
-}
-
-} // namespace
-
-bool writeVideo(const CliRequest &request) { return writeFilm(request, writeFrames); }
-
-bool writeSound(const CliRequest &request) { return writeFilm(request, writeSamples); }

@@ -3,7 +3,9 @@
 #include "core/colour_count.h"
 #include "video/playback.h"
 
+#include <cstdint>
 #include <string_view>
+#include <vector>
 
 namespace {
 
@@ -67,6 +69,24 @@ std::string paletteWords(const ViewerState &viewer) {
   return words + "]";
 }
 
+// 64-bit FNV-1a over width, height and the words of the frame, each as four bytes, the lowest first.
+uint64_t addWord(uint64_t hash, uint32_t word) {
+  constexpr uint64_t kPrime = 0x100000001B3;
+  for (int shift = 0; shift < 32; shift += 8) hash = (hash ^ (word >> shift & 0xFF)) * kPrime;
+  return hash;
+}
+
+std::string pixelHash(const ViewerState &viewer) {
+  constexpr int kDigits = 16;
+  uint64_t hash = 0xCBF29CE484222325;
+  hash = addWord(hash, static_cast<uint32_t>(viewer.frameWidth));
+  hash = addWord(hash, static_cast<uint32_t>(viewer.frameHeight));
+  for (const uint32_t word : viewer.frameBits) hash = addWord(hash, word);
+  std::string digits;
+  for (int digit = kDigits - 1; digit >= 0; --digit) digits += "0123456789abcdef"[hash >> 4 * digit & 15];
+  return digits;
+}
+
 void addVideoMembers(JsonLine &line, const ViewerState &viewer) {
   const VideoPlayer &player = *viewer.player;
   line.member("frameCount", number(player.frames(viewer)));
@@ -80,7 +100,9 @@ void addVideoMembers(JsonLine &line, const ViewerState &viewer) {
 
 std::string infoJson(const ViewerState &viewer) {
   const WindowModel &window = viewer.window;
+  const bool shown = viewer.pictureShown == kTrue;
   JsonLine line;
+  line.member("path", quoted(viewer.filePath));
   line.member("fileExtension", quoted(viewer.fileExtension));
   line.member("typeDescription", quoted(viewer.typeDescription));
   line.member("fileLoaded", truth(viewer.fileLoaded == kTrue));
@@ -101,21 +123,31 @@ std::string infoJson(const ViewerState &viewer) {
   line.member("palette", paletteWords(viewer));
   line.member("mainView", size(window.mainViewWidth, window.mainViewHeight));
   line.member("target", size(window.stretch.targetWidth, window.stretch.targetHeight));
-  line.member("colourCountShown", number(viewer.pictureShown == kTrue ? shownColourCount(viewer) : 0));
+  line.member("colourCountShown", number(shown ? shownColourCount(viewer) : 0));
+  line.member("pixels", shown ? quoted(pixelHash(viewer)) : "null");
   line.member("error", viewer.loadError.empty() ? "null" : quoted(viewer.loadError));
-  line.member("shown", truth(viewer.pictureShown == kTrue));
+  line.member("shown", truth(shown));
   if (viewer.player != nullptr) addVideoMembers(line, viewer);
   return line.text + "}";
 }
 
 std::string infoText(const ViewerState &viewer) {
   const WindowModel &window = viewer.window;
-  std::string video;
+  const Stretch &stretch = window.stretch;
+  std::vector<std::string> fields{viewer.typeDescription, window.Label1, window.Label2, window.Label3,
+                                  "shown " + std::to_string(stretch.targetWidth) + "x" +
+                                      std::to_string(stretch.targetHeight)};
   if (viewer.player != nullptr) {
-    video = ", " + std::to_string(viewer.player->frames(viewer)) + " frames, " + std::to_string(playbackRate(viewer)) +
-            " a second";
+    fields.push_back(number(viewer.player->frames(viewer)) + " frames");
+    fields.push_back(number(playbackRate(viewer)) + " a second");
   }
-  return viewer.filePath + ": " + viewer.typeDescription + ", " + window.Label1 + ", " + window.Label2 + ", " +
-         window.Label3 + ", shown " + std::to_string(window.stretch.targetWidth) + "x" +
-         std::to_string(window.stretch.targetHeight) + video;
+  std::string text = viewer.filePath + ":";
+  std::string_view separator = " ";
+  for (std::string &field : fields) {
+    field.erase(field.find_last_not_of(' ') + 1);
+    if (field.empty()) continue;
+    text += std::string(separator) + field;
+    separator = ", ";
+  }
+  return text;
 }

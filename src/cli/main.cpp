@@ -1,12 +1,14 @@
 // korilan-cli: the viewer without a window.
-#include "base/paths.h"
 #include "cli/arguments.h"
 #include "cli/convert.h"
-#include "cli/film.h"
+#include "cli/help.h"
 #include "cli/info.h"
+#include "cli/inputs.h"
 #include "cli/interrupt.h"
 #include "cli/opened_file.h"
 #include "cli/output.h"
+#include "cli/single_file.h"
+#include "core/version.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -28,14 +30,14 @@ namespace {
 
 enum ExitStatus { kAllShown = 0, kSomeNotShown = 1, kWrongUsage = 2 };
 
-bool printInfo(const CliRequest &request) {
+bool printInfo(const CliRequest &request, const std::vector<CliInput> &inputs) {
   bool allShown = true;
   const auto file = std::make_unique<OpenedFile>();
-  for (const std::string &path : request.files) {
-    openFile(*file, path);
+  for (const CliInput &input : inputs) {
+    openInput(*file, input, request.palette);
     std::string failure = refusal(file->viewer);
     if (failure.empty() && !showFrame(*file, request.frame)) {
-      failure = path + ": has no frame " + std::to_string(request.frame);
+      failure = input.path + ": has no frame " + std::to_string(request.frame);
     }
     const bool hasLine = request.json || failure.empty();
     if (hasLine && !printLine(stdout, request.json ? infoJson(file->viewer) : infoText(file->viewer))) return false;
@@ -57,10 +59,11 @@ bool readerIsGone() {
 #endif
 }
 
-// Bitmaps to standard output, and the same line ends everywhere; and no file that is opened later takes the place of a
-// standard stream that whoever started the program has closed.
+// Pictures from standard input and to standard output, and the same line ends everywhere; and no file that is opened
+// later takes the place of a standard stream that whoever started the program has closed.
 void prepareStandardStreams() {
 #ifdef _WIN32
+  _setmode(_fileno(stdin), _O_BINARY);
   _setmode(_fileno(stdout), _O_BINARY);
 #else
   int descriptor = 0;
@@ -75,27 +78,39 @@ void prepareStandardStreams() {
   std::_Exit(kSomeNotShown);
 }
 
+int endWrongUsage(const std::string &wrong) {
+  printError("korilan-cli: " + wrong);
+  return kWrongUsage;
+}
+
+// Returns whether all files were shown or written.
+bool runCommand(const CliRequest &request, const std::vector<CliInput> &inputs) {
+  switch (request.command) {
+  case CliCommand::kInfo: return printInfo(request, inputs);
+  case CliCommand::kConvert: return convertFiles(request, inputs);
+  default: return writeSingleFile(request, inputs.front());
+  }
+}
+
 int run(const std::vector<std::string> &arguments) {
   std::set_terminate(endForLackOfMemory);
   prepareStandardStreams();
   CliRequest request;
-  if (const std::string wrong = parseArguments(arguments, request); !wrong.empty()) {
-    printError("korilan-cli: " + wrong);
-    return kWrongUsage;
-  }
-  for (std::string &path : request.files) path = systemPath(std::move(path));
+  if (const std::string wrong = parseArguments(arguments, request); !wrong.empty()) return endWrongUsage(wrong);
   watchForInterrupt();
   bool allShown = true;
-  switch (request.command) {
-  case CliCommand::kHelp: std::printf("%s", kCliHelp); break;
-  case CliCommand::kInfo: allShown = printInfo(request); break;
-  case CliCommand::kConvert: allShown = convertFiles(request); break;
-  case CliCommand::kVideo: allShown = writeVideo(request); break;
-  case CliCommand::kSound: allShown = writeSound(request); break;
+  if (request.command == CliCommand::kHelp) {
+    std::printf("%s", kCliHelp);
+  } else if (request.command == CliCommand::kVersion) {
+    std::printf("korilan-cli %s\n", KORILAN_VERSION);
+  } else {
+    const std::vector<CliInput> inputs = findInputs(request);
+    if (const std::string wrong = tooManyFiles(request, inputs.size()); !wrong.empty()) return endWrongUsage(wrong);
+    allShown = runCommand(request, inputs);
   }
   const bool written = std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
   // The other commands have said so themselves.
-  const bool told = request.command != CliCommand::kInfo && request.command != CliCommand::kHelp;
+  const bool told = !request.outPath.empty() || request.command == CliCommand::kConvert;
   if (!written && !told && !readerIsGone()) printError("korilan-cli: standard output could not be written");
   return allShown && written ? kAllShown : kSomeNotShown;
 }

@@ -1,22 +1,55 @@
 #include "cli/opened_file.h"
 
+#include "base/folders.h"
+#include "cli/standard_input.h"
 #include "core/commands.h"
 #include "core/file_kinds.h"
+#include "core/palette_commands.h"
 #include "core/video_commands.h"
+#include "state/palette.h"
 #include "state/video_memory.h"
 
 #include <utility>
 
-void openFile(OpenedFile &file, const std::string &path) {
-  ViewerState &old = file.viewer;
-  closeInputFile(old.inputFile);
-  clearMemory(old);
-  old = ViewerState(std::move(old.vram), std::move(old.packedData), std::move(old.frameBits));
+namespace {
+
+// Returns what went wrong, or an empty text.
+std::string loadPalette(OpenedFile &file, const std::string &path) {
+  if (!hasShortPalette(file.viewer)) return "";
+  if (std::string failure = readFailure(path); !failure.empty()) return path + ": " + failure;
+  const uint32_t drawn = file.viewer.window.pictureSerial;
+  file.platform.chosenFiles = {path};
+  menuLoadPal_Click(file.viewer);
+  return file.viewer.window.pictureSerial != drawn ? "" : path + ": is no palette";
+}
+
+// Returns what went wrong beside the viewer's own error, or an empty text.
+std::string openWithPalette(OpenedFile &file, const CliInput &input, const std::string &palette) {
+  if (!input.failure.empty()) return input.failure;
+  ViewerState &viewer = file.viewer;
+  if (input.standardInput) viewer.platform.files = &standardInputFiles();
+  openPath(viewer, input.path);
+  viewer.platform.files = &systemFiles();
+  if (viewer.pictureShown == kTrue) return palette.empty() ? "" : loadPalette(file, palette);
+  return input.standardInput ? "" : readFailure(input.path);
+}
+
+} // namespace
+
+void openInput(OpenedFile &file, const CliInput &input, const std::string &palette) {
+  ViewerState &viewer = file.viewer;
+  closeInputFile(viewer.inputFile);
+  clearMemory(viewer);
+  viewer = ViewerState(std::move(viewer.vram), std::move(viewer.packedData), std::move(viewer.frameBits));
   file.platform = {};
-  attachHeadless(file.viewer, file.platform);
+  attachHeadless(viewer, file.platform);
   file.platform.keepsLog = false;
-  startViewer(file.viewer, "");
-  openPath(file.viewer, path);
+  startViewer(viewer, "");
+  viewer.filePath = input.path;
+  const std::string failure = openWithPalette(file, input, palette);
+  if (failure.empty()) return;
+  viewer.loadError = failure;
+  viewer.pictureShown = kFalse;
 }
 
 int32_t framesOf(const ViewerState &viewer) { return viewer.player != nullptr ? viewer.player->frames(viewer) : 1; }

@@ -1,6 +1,7 @@
 // A file opened as in a new window.
 #pragma once
 
+#include "cli/inputs.h"
 #include "headless/headless_platform.h"
 #include "state/viewer_state.h"
 
@@ -16,8 +17,9 @@ struct OpenedFile {
   OpenedFile &operator=(const OpenedFile &) = delete;
 };
 
-// Resets `file` to an empty window, reusing its memory, and opens `path` in it.
-void openFile(OpenedFile &file, const std::string &path);
+// Resets `file` to an empty window, reusing its memory, opens the input in it, and loads the palette file if there is
+// one and the picture allows it. A palette that is not taken counts as if the picture were not shown.
+void openInput(OpenedFile &file, const CliInput &input, const std::string &palette = "");
 
 // Frames of a video; 1 for a picture.
 int32_t framesOf(const ViewerState &viewer);

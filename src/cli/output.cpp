@@ -1,6 +1,9 @@
 #include "cli/output.h"
 
-#include <string_view>
+#include "cli/arguments.h"
+
+#include <cstdint>
+#include <span>
 
 #ifdef _WIN32
 #include <io.h>
@@ -10,7 +13,11 @@
 
 namespace {
 
-constexpr const char *kNotWritten = "standard output: could not be written";
+constexpr const char *kNotWritten = "could not be written";
+
+std::string putToStandardOutput(std::span<const uint8_t> bytes) {
+  return std::fwrite(bytes.data(), 1, bytes.size(), stdout) == bytes.size() ? "" : kNotWritten;
+}
 
 } // namespace
 
@@ -34,31 +41,15 @@ std::string withoutControls(std::string_view text) {
   return plain;
 }
 
-std::string beginCliOutput(CliOutput &output, const std::string &path) {
-  output = {.path = path};
-  if (path == kStandardOutput) return "";
-  std::string failure;
-  output.handle = systemFiles().beginOutput(path.c_str(), failure);
-  return output.handle != nullptr ? "" : path + ": " + failure;
-}
-
-std::string writeCliOutput(const CliOutput &output, std::span<const uint8_t> bytes) {
-  if (output.handle != nullptr) {
-    const std::string failure = systemFiles().write(output.handle, bytes);
-    return failure.empty() ? "" : output.path + ": " + failure;
+std::string writeCliOutput(const std::string &path, const std::function<std::string(const PutBytes &put)> &write) {
+  if (path != kStandardStream) {
+    const std::string failure = replaceFile(systemFiles(), path, write);
+    return failure.empty() ? "" : path + ": " + failure;
   }
-  return std::fwrite(bytes.data(), 1, bytes.size(), stdout) == bytes.size() ? "" : kNotWritten;
-}
-
-std::string finishCliOutput(const CliOutput &output, const std::string &failure) {
-  std::string endFailure;
-  if (output.handle != nullptr) {
-    endFailure = systemFiles().finishOutput(output.handle, failure.empty());
-    if (!endFailure.empty()) endFailure = output.path + ": " + endFailure;
-  } else if (std::fflush(stdout) != 0) {
-    endFailure = kNotWritten;
-  }
-  return failure.empty() ? endFailure : failure;
+  if (isTerminal(stdout)) return "standard output: is a terminal, to which pictures and videos are not written";
+  std::string failure = write(putToStandardOutput);
+  if (std::fflush(stdout) != 0 && failure.empty()) failure = kNotWritten;
+  return failure.empty() ? "" : "standard output: " + failure;
 }
 
 bool isTerminal(std::FILE *stream) {

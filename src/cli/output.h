@@ -3,25 +3,14 @@
 
 #include "base/file_ops.h"
 
-#include <cstdint>
 #include <cstdio>
-#include <span>
+#include <functional>
 #include <string>
 #include <string_view>
 
-inline constexpr const char *kStandardOutput = "-";
-
-struct CliOutput {
-  std::string path;
-  OutputHandle handle = nullptr; // nullptr for standard output
-};
-
-// Each returns an empty text, or what went wrong.
-std::string beginCliOutput(CliOutput &output, const std::string &path);
-std::string writeCliOutput(const CliOutput &output, std::span<const uint8_t> bytes);
-
-// Keeps what was written if `failure` is empty; otherwise returns it.
-std::string finishCliOutput(const CliOutput &output, const std::string &failure);
+// Writes what `write` puts to a path, or to standard output, but not to a terminal. Returns what went wrong, or an
+// empty text; a failure keeps an existing file.
+std::string writeCliOutput(const std::string &path, const std::function<std::string(const PutBytes &put)> &write);
 
 // Text whose control characters, which names of files may hold, appear as \x1B: U+0000 to U+001F and U+007F to U+009F.
 std::string withoutControls(std::string_view text);

@@ -50,11 +50,20 @@ void countProgress(Progress &progress, const std::string &failure) {
   const std::scoped_lock lock(progress.mutex);
   ++progress.done;
   if (failure.empty()) return;
+  ++progress.failed;
   if (progress.shown) clearLine(progress);
   printError(failure);
+}
+
+void countWritten(Progress &progress) {
+  const std::scoped_lock lock(progress.mutex);
+  ++progress.written;
 }
 
 void endProgress(Progress &progress) {
   const std::scoped_lock lock(progress.mutex);
   if (progress.shown) clearLine(progress);
+  if (progress.files <= 1) return;
+  const auto counted = [](size_t count) { return withThousandsSeparators(static_cast<int64_t>(count)); };
+  printError(counted(progress.written) + " written, " + counted(progress.failed) + " not");
 }

@@ -1,4 +1,5 @@
-// Progress of a conversion: one line, rewritten for each file. Shown only if standard error is a terminal.
+// Progress of a conversion: one line, rewritten for each file, only if standard error is a terminal; and what came of
+// it.
 #pragma once
 
 #include <cstddef>
@@ -8,6 +9,8 @@
 struct Progress {
   size_t files = 0; // total
   size_t done = 0;
+  size_t failed = 0;
+  size_t written = 0; // pictures
   bool shown = false;
   size_t width = 0; // characters now in the line
   std::mutex mutex; // several jobs report
@@ -21,7 +24,9 @@ void showProgress(Progress &progress, const std::string &path);
 // The file is done. `failure`, if not empty, is printed on its own line.
 void countProgress(Progress &progress, const std::string &failure);
 
-// Clears the line.
+void countWritten(Progress &progress);
+
+// Clears the line. Of several files it says how many pictures were written and how many files failed.
 void endProgress(Progress &progress);
 
 // "[12/100] name.SC5", the name cut to fit 79 characters.

@@ -42,14 +42,17 @@ ClipboardForm clipboardPng(ViewerState &viewer) {
 PixelView shownPicture(const ViewerState &viewer) { return {viewer.frameBits, viewer.frameWidth, viewer.frameHeight}; }
 
 std::string bitmapPath(const ViewerState &viewer) {
-  constexpr size_t kFrameDigits = 4;
-
   const std::string &path = viewer.picturePath;
   if (viewer.player == nullptr) return withLastLetters(path, "bmp");
+  return path.substr(0, path.size() - std::min(path.size(), kExtensionLength)) +
+         frameEnding(viewer.window.HScroll1.value) + ".bmp";
+}
 
-  std::string number = std::to_string(viewer.window.HScroll1.value);
+std::string frameEnding(int32_t frame) {
+  constexpr size_t kFrameDigits = 4;
+  std::string number = std::to_string(frame);
   number.insert(0, kFrameDigits - std::min(number.size(), kFrameDigits), '0');
-  return path.substr(0, path.size() - std::min(path.size(), kExtensionLength)) + " - " + number + ".bmp";
+  return " - " + number;
 }
 
 void menuSaveBMP_Click(ViewerState &viewer) {

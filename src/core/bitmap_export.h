@@ -13,6 +13,9 @@ PixelView shownPicture(const ViewerState &viewer);
 // adds its four-digit number.
 std::string bitmapPath(const ViewerState &viewer);
 
+// What the number of a video's frame adds to a file's name: " - 0012".
+std::string frameEnding(int32_t frame);
+
 // "Save as Bitmap": writes the picture at its own size; replaces an existing file without asking.
 // Says so in the read-out. A failure shows a message with the system's error; the existing file stays whole.
 void menuSaveBMP_Click(ViewerState &viewer);

@@ -2,16 +2,19 @@
 
 #include "base/paths.h"
 #include "support/temporary_folder.h"
+#include "support/bytes.h"
 #include "video/video_files.h"
 
 #include <gtest/gtest.h>
+
+#include <filesystem>
 
 namespace {
 
 // Converts, and returns what is complained of.
 std::string complaintOf(const CliRequest &request) {
   testing::internal::CaptureStderr();
-  const bool converted = convertFiles(request);
+  const bool converted = convertFiles(request, findInputs(request));
   const std::string complaint = testing::internal::GetCapturedStderr();
   EXPECT_EQ(converted, complaint.empty());
   return complaint;
@@ -36,17 +39,37 @@ TEST(CliConvert, WritesPortablePixmapsAsShown) {
 }
 
 TEST(CliConvert, BadFilesDoNotStopTheOthers) {
-  const TemporaryFolder folder("bad"), other("bad_other"), target("bad_target");
-  // A refused file takes no name from a good one.
-  const std::string refused = folder.write(u8"a.SC8", {'A', 'B'}), good = folder.write(u8"b.SC8", kScreen8File),
-                    second = other.write(u8"b.PIC", kScreen8File), third = folder.write(u8"a.PIC", kScreen8File);
-  EXPECT_EQ(complaintOf({.outDirectory = target.path, .jobs = 1, .files = {refused, good, second, third}}),
-            refused + ": *** Error: Not a valid .SC8 file.\n" + second + ": its picture would replace that of " + good +
-                "\n");
-  EXPECT_EQ(target.fileCount(), 2U);
+  const TemporaryFolder folder("bad"), target("bad_target");
+  const std::string refused = folder.write(u8"a.SC8", {'A', 'B'}), good = folder.write(u8"b.SC8", kScreen8File);
+  const std::vector<std::string> files{refused, good, folder.write(u8"a.PIC", kScreen8File), target.path};
+  EXPECT_EQ(complaintOf({.outDirectory = target.path + "new", .jobs = 1, .files = files}),
+            refused + ": *** Error: Not a valid .SC8 file.\n" + target.path +
+                ": is a folder; --recursive takes what is in it\n2 written, 2 not\n");
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(target.path + "new"), {}), 2);
   // No way of writing its path lets a file replace itself.
   EXPECT_EQ(complaintOf({.outPath = folder.path + "." + folder.path.back() + "b.SC8", .files = {good}}),
             good + ": its picture would replace the file itself\n");
+  target.write(u8"b.bmp", {1});
+  EXPECT_EQ(complaintOf({.outDirectory = target.path, .noClobber = true, .files = {good}}),
+            target.path + "b.bmp: exists already\n");
+  EXPECT_EQ(target.read(u8"b.bmp"), Bytes{1});
+}
+
+TEST(CliConvert, PalettesAreTakenOrTheFileIsNot) {
+  const TemporaryFolder folder("palette");
+  Bytes colours(32);
+  colours[0] = 0x70; // entry 0 is red
+  const std::string whole = folder.write(u8"whole", colours), wrong = folder.write(u8"wrong", Bytes(32, 0xFF)),
+                    cut = folder.write(u8"cut", Bytes(31)), missing = folder.path + "missing",
+                    path = folder.write(u8"a.SC5", BloadBuilder{.body = Bytes(0x7680)}.build()),
+                    plain = folder.write(u8"b.SC8", kScreen8File), out = folder.path + "out";
+  for (const std::string &palette : {wrong, cut, missing}) {
+    EXPECT_NE(complaintOf({.outPath = out, .palette = palette, .files = {path}}), "");
+    EXPECT_EQ(folder.read(u8"out"), Bytes());
+    EXPECT_EQ(complaintOf({.outPath = out + "2", .palette = palette, .files = {plain}}), "");
+  }
+  EXPECT_EQ(complaintOf({.outPath = out, .palette = whole, .files = {path}}), "");
+  EXPECT_EQ(folder.read(u8"out").back(), 0xFF);
 }
 
 } // namespace

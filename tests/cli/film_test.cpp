@@ -1,4 +1,4 @@
-#include "cli/film.h"
+#include "cli/single_file.h"
 
 #include "support/temporary_folder.h"
 #include "video/sound_track.h"
@@ -13,7 +13,7 @@ namespace {
 TEST(CliFilm, VideoHoldsEveryFrameInThreePlanes) {
   const TemporaryFolder folder("film_video"); // a rate of 0 counts as 1
   const std::string film = folder.write(u8"a.VID", vidFile({0, 2}, {0x18, 0xFA, 0x71, 0x88}));
-  ASSERT_TRUE(writeVideo({.outPath = folder.path + "out", .files = {film}}));
+  ASSERT_TRUE(writeSingleFile({.command = CliCommand::kVideo, .outPath = folder.path + "out"}, {film}));
   // Black, white, red, green; blue, black, white, white. By BT.601 red is 81.48, 90.20, 240, green
   // 144.55, 53.80, 34.21, blue 40.97, 240, 109.79.
   const std::string expected = "YUV4MPEG2 W4 H1 F1:1 Ip A1:1 C444 XCOLORRANGE=LIMITED\n"
@@ -26,7 +26,7 @@ TEST(CliFilm, SoundIsTheWholeTrack) {
   const TemporaryFolder folder("film_sound");
   for (const auto &[rate, frames, format] : {std::tuple(kRate12, 14U, kSound12), {kRate10, 11U, kSound10}}) {
     const std::string path = folder.write(u8"a.EVA", evaFile(frames, rate));
-    ASSERT_TRUE(writeSound({.outPath = folder.path + "out", .files = {path}}));
+    ASSERT_TRUE(writeSingleFile({.command = CliCommand::kSound, .outPath = folder.path + "out"}, {path}));
     const auto header = waveHeader(format, frames * format.samplesPerFrame);
     Bytes expected(header.begin(), header.end());
     for (uint8_t n = 1; n <= frames; ++n) expected.insert(expected.end(), format.samplesPerFrame, 8 * n);
@@ -45,10 +45,10 @@ TEST(CliFilm, WhatIsNoFilmIsRefusedAndLeavesNoFile) {
         {u8"a.VID", vidFile({10, 1, 0}, {}), CliCommand::kVideo, "out", "holds no frames"},
         {u8"a.VID", film, CliCommand::kVideo, "a.VID", "would be replaced by itself"}}) {
     const TemporaryFolder folder("film_refused");
-    const CliRequest request{.command = command, .outPath = folder.path + out, .files = {folder.write(name, file)}};
+    const std::string path = folder.write(name, file);
     testing::internal::CaptureStderr();
-    EXPECT_FALSE(command == CliCommand::kSound ? writeSound(request) : writeVideo(request));
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), request.files[0] + ": " + wrong + "\n");
+    EXPECT_FALSE(writeSingleFile({.command = command, .outPath = folder.path + out}, {path}));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), path + ": " + wrong + "\n");
     EXPECT_EQ(folder.fileCount(), 1U);
     EXPECT_EQ(folder.read(name), file);
   }

@@ -1,0 +1,81 @@
+#include "cli/inputs.h"
+
+#include "base/paths.h"
+#include "cli/target_names.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <tuple>
+
+namespace {
+
+TEST(CliInputs, AreFoundInFoldersByName) {
+  const TemporaryFolder folder("inputs");
+  const char separator = folder.path.back();
+  for (const char *name : {"b", "b/c", "a.SC5", "empty"}) std::filesystem::create_directories(folder.path + name);
+  for (const char8_t *name : {u8"b.SC5", u8"b/z.sc8", u8"b/c/y.EVA", u8"b/x.TXT", u8".SC5", u8"a.SC5/a.SC6"})
+    folder.write(name, {});
+  std::error_code error; // a system may not allow links
+  std::filesystem::create_directory_symlink(folder.path, folder.path + "again", error);
+  std::string found;
+  const std::string missing = folder.path + "missing.SC5", empty = folder.path + "empty";
+  for (const CliInput &input : findInputs({.recursive = true, .files = {missing, folder.path, empty}})) {
+    EXPECT_EQ(input.path.substr(0, folder.path.size()), folder.path);
+    found += input.path.substr(folder.path.size()) + "(" + input.folder + input.failure + ") ";
+  }
+  std::replace(found.begin(), found.end(), separator, '/');
+  EXPECT_EQ(found, "missing.SC5() a.SC5/a.SC6(a.SC5/) b/c/y.EVA(b/c/) b/z.sc8(b/) b.SC5() "
+                   "empty/(holds no file that Korilan opens) ");
+}
+
+TEST(CliInputs, FitPatterns) {
+  for (const auto &[name, pattern, fits] : {std::tuple("a.SC5", "*.SC5", true),
+                                            {"a.SC5", "*", true},
+                                            {"a.SC5", "?.SC?", true},
+                                            {"a.SC5", "?.SC??", false},
+                                            {"a.SC5", "a.SC5**", true},
+                                            {"a.SC5.SC5", "*.SC5", true},
+                                            {"aXbXc", "a*X?", true},
+                                            {"aXbXc", "a*Xd", false},
+                                            {"\u57CE.SC5", "?.SC5", true},
+                                            {"\u57CE.SC5", "??.SC5", false},
+                                            {"", "?", false}}) {
+    EXPECT_EQ(fitsPattern(name, pattern), fits) << name << " " << pattern;
+  }
+}
+
+// The names for files of the folder "x", or to be written to it.
+std::string namesOf(const CliRequest &request, const std::vector<std::string> &files) {
+  std::vector<CliInput> inputs;
+  const std::string folder = systemPath("x/");
+  for (const std::string &file : files) inputs.push_back({.path = systemPath(file[0] == 'y' ? file : "x/" + file)});
+  std::string names;
+  for (const std::string &name : nameTargets(request, inputs)) {
+    names += (name.starts_with(folder) ? name.substr(folder.size()) : name) + ", ";
+  }
+  return names;
+}
+
+TEST(CliTargetNames, AreUniqueAndDependOnTheInputsAlone) {
+  const CliRequest beside, png{.format = ImageFormat::kPng}, toX{.outDirectory = "x"};
+  using Row = std::tuple<CliRequest, std::vector<std::string>, const char *>;
+  for (const auto &[request, files, names] :
+       {Row{beside, {"A.SC4", "B.SC5", "A.SC5", "a.txt", "."}, "A.SC4, B, A.SC5, , , "},
+        Row{beside, {"A.SC5", "A.bmp"}, "A.SC5, , "}, Row{png, {"A.SC5", "A.bmp"}, "A, , "},
+        Row{beside, {"A.EVA", "A.EV8", "A.VID", "A.SC5", "A - 0000.SC5"}, "A.EVA, A.EV8, A.VID, A, A - 0000.SC5, "},
+        Row{beside, {"B.EVA", "B - 0000.SC5"}, "B.EVA, B - 0000.SC5, "},
+        Row{beside, {"A.SC4.SC5", "A.SC4", "A.SC4", "A.SC5"}, "A.SC4, A.SC4 (2), A.SC4 (3), A.SC5, "},
+        Row{beside, {"A.SC4", "y/A.SC4"}, "A, y/A, "},
+        Row{toX, {"A.SC4", "y/A.SC4", "y/z/A.SC4", "y/A.bmp"}, "A.SC4, A.SC4 (2), A.SC4 (3), , "},
+        Row{toX, {"A.SC4", "A.bmp"}, "A.SC4, , "}}) {
+    EXPECT_EQ(namesOf(request, files), systemPath(names));
+  }
+#ifdef _WIN32
+  EXPECT_EQ(namesOf(beside, {"CASTLE.SC4", "castle.sc8"}), "CASTLE.SC4, castle.sc8, ");
+#else
+  EXPECT_EQ(namesOf(beside, {"CASTLE.SC4", "castle.sc8"}), "CASTLE, castle, ");
+#endif
+}
+
+} // namespace
