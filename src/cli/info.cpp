@@ -69,19 +69,23 @@ std::string paletteWords(const ViewerState &viewer) {
   return words + "]";
 }
 
-// 64-bit FNV-1a over width, height and the words of the frame, each as four bytes, the lowest first.
-uint64_t addWord(uint64_t hash, uint32_t word) {
-  constexpr uint64_t kPrime = 0x100000001B3;
-  for (int shift = 0; shift < 32; shift += 8) hash = (hash ^ (word >> shift & 0xFF)) * kPrime;
+// 64-bit FNV-1a: for each byte the exclusive or, then the product with the prime. A zero byte is the product alone.
+constexpr uint64_t kHashStart = 0xCBF29CE484222325;
+constexpr uint64_t kHashPrime = 0x100000001B3;
+
+uint64_t addBytes(uint64_t hash, uint32_t word, int count) {
+  for (int i = 0; i < count; ++i) hash = (hash ^ (word >> 8 * i & 0xFF)) * kHashPrime;
   return hash;
 }
 
+// Of width, height and the words of the frame, each as four bytes, the lowest first; the highest one of a frame is 0.
 std::string pixelHash(const ViewerState &viewer) {
   constexpr int kDigits = 16;
-  uint64_t hash = 0xCBF29CE484222325;
-  hash = addWord(hash, static_cast<uint32_t>(viewer.frameWidth));
-  hash = addWord(hash, static_cast<uint32_t>(viewer.frameHeight));
-  for (const uint32_t word : viewer.frameBits) hash = addWord(hash, word);
+  uint64_t hash = addBytes(kHashStart, static_cast<uint32_t>(viewer.frameWidth), 4);
+  hash = addBytes(hash, static_cast<uint32_t>(viewer.frameHeight), 4);
+  for (const uint32_t word : viewer.frameBits) {
+    hash = (addBytes(hash, word, 2) ^ (word >> 16 & 0xFF)) * (kHashPrime * kHashPrime);
+  }
   std::string digits;
   for (int digit = kDigits - 1; digit >= 0; --digit) digits += "0123456789abcdef"[hash >> 4 * digit & 15];
   return digits;
