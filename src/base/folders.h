@@ -32,5 +32,8 @@ bool nameIsTaken(const std::string &path);
 // Why openForReading() refuses a path; empty if it does not.
 std::string readFailure(const std::string &path);
 
+// The system's message for a file that does not exist.
+std::string missingFileWords();
+
 // What the file system compares a name by.
 std::string nameKey(std::string_view name);

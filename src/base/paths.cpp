@@ -9,11 +9,13 @@ size_t folderLength(std::string_view path) {
   return separator == std::string_view::npos ? 0 : separator + 1;
 }
 
-std::string asFolder(std::string path) {
+std::string asFolder(std::string_view path) {
+  std::string folder(path);
 #ifdef _WIN32
-  if (path.ends_with(':')) return path; // the current folder of a drive
+  if (folder.ends_with(':')) return folder; // the current folder of a drive
 #endif
-  return path.ends_with(kFolderSeparators.back()) ? path : path + kFolderSeparators.back();
+  if (!folder.ends_with(kFolderSeparators.back())) folder += kFolderSeparators.back();
+  return folder;
 }
 
 std::string_view fileNameOf(std::string_view path) { return path.substr(folderLength(path)); }

@@ -18,7 +18,7 @@ inline constexpr size_t kExtensionLength = 4; // with the dot
 size_t folderLength(std::string_view path);
 
 // The path of a folder with a separator at its end.
-std::string asFolder(std::string path);
+std::string asFolder(std::string_view path);
 
 // `path` without its folder.
 std::string_view fileNameOf(std::string_view path);

@@ -233,4 +233,6 @@ std::string readFailure(const std::string &path) {
   return failure;
 }
 
+std::string missingFileWords() { return systemWords(ENOENT); }
+
 std::string nameKey(std::string_view name) { return std::string(name); }

@@ -271,4 +271,6 @@ std::string readFailure(const std::string &path) {
   return failure;
 }
 
+std::string missingFileWords() { return errorText(ERROR_FILE_NOT_FOUND); }
+
 std::string nameKey(std::string_view name) { return toUtf8(upperCase(toUtf16(name))); }

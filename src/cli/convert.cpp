@@ -91,7 +91,7 @@ bool convertFiles(const CliRequest &request, std::span<const CliInput> inputs) {
     }
   }
   Conversion conversion{.request = request, .inputs = inputs, .names = nameTargets(request, inputs)};
-  keepInputs(conversion.targets, inputs);
+  keepInputs(conversion.targets, request, inputs);
   beginProgress(conversion.progress, inputs.size());
   const size_t cores = request.jobs != 0 ? request.jobs : std::max(1U, std::thread::hardware_concurrency());
   const size_t threadCount = std::min(cores, inputs.size());

@@ -1,5 +1,6 @@
 #include "cli/inputs.h"
 
+#include "base/file_ops.h"
 #include "base/folders.h"
 #include "base/paths.h"
 #include "base/text.h"
@@ -71,11 +72,12 @@ void addPattern(const std::string &path, bool recursive, std::vector<CliInput> &
   const std::string folder = path.substr(0, folderLength(path));
   const size_t before = inputs.size();
   std::vector<FolderEntry> entries;
-  (void)listBackwards(folder, entries); // nothing fits then
+  std::string failure = listBackwards(folder, entries);
   for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
     if (fitsPattern(entry->name, fileNameOf(path))) addPath(folder + entry->name, recursive, inputs);
   }
-  if (inputs.size() == before) inputs.push_back({.path = path}); // missing
+  if (inputs.size() != before) return;
+  inputs.push_back({.path = path, .failure = failure.empty() ? missingFileWords() : failure});
 }
 
 } // namespace
@@ -93,6 +95,10 @@ std::vector<CliInput> findInputs(const CliRequest &request) {
     }
   }
   return inputs;
+}
+
+std::string identityOf(const CliInput &input) {
+  return fileIdentity(input.standardInput ? "/dev/stdin" : input.path); // a name that Windows does not have
 }
 
 bool fitsPattern(std::string_view name, std::string_view pattern) {

@@ -17,5 +17,8 @@ struct CliInput {
 // In the order given; those of a folder or pattern in the order of their names. Reads standard input if it is named.
 std::vector<CliInput> findInputs(const CliRequest &request);
 
+// fileIdentity() of the file that is read.
+std::string identityOf(const CliInput &input);
+
 // Whether a name fits a pattern: * fits any text, ? any character, other characters fit as the file system compares.
 bool fitsPattern(std::string_view name, std::string_view pattern);

@@ -26,7 +26,7 @@ std::string writeFile(const CliRequest &request, const CliInput &input) {
     const std::string failure = refusalOfFilm(file->viewer, request.command);
     if (!failure.empty()) return input.path + ": " + failure;
   }
-  if (!input.standardInput && fileIdentity(request.outPath) == fileIdentity(input.path)) {
+  if (fileIdentity(request.outPath) == identityOf(input)) {
     return input.path + ": would be replaced by itself";
   }
   return writeCliOutput(request.outPath, [&](const PutBytes &put) { return putFile(*file, request, put); });

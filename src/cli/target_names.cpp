@@ -93,10 +93,10 @@ std::vector<std::string> nameTargets(const CliRequest &request, std::span<const 
   return names;
 }
 
-void keepInputs(Targets &targets, std::span<const CliInput> inputs) {
-  for (const CliInput &input : inputs) {
-    if (!input.standardInput) targets.holders.emplace(fileIdentity(input.path), Targets::Holder{input.path, false});
-  }
+void keepInputs(Targets &targets, const CliRequest &request, std::span<const CliInput> inputs) {
+  for (const CliInput &input : inputs) targets.holders.emplace(identityOf(input), Targets::Holder{input.path, false});
+  if (request.palette.empty()) return;
+  targets.holders.emplace(fileIdentity(request.palette), Targets::Holder{request.palette, false});
 }
 
 std::string takeTarget(Targets &targets, const std::string &target, const std::string &input) {

@@ -26,7 +26,7 @@ struct Targets {
   std::mutex mutex;
 };
 
-void keepInputs(Targets &targets, std::span<const CliInput> inputs);
+void keepInputs(Targets &targets, const CliRequest &request, std::span<const CliInput> inputs);
 
 // Takes a target for a picture of an input. Returns why that cannot be, or an empty text.
 std::string takeTarget(Targets &targets, const std::string &target, const std::string &input);
