@@ -40,13 +40,14 @@ std::string readStandardInput(const std::string &name) {
   input = {.name = name, .bytes = {}};
   std::vector<uint8_t> &bytes = input.bytes;
   size_t given = 0;
-  for (size_t room = kFirstBytes; given == bytes.size(); room *= 2) {
-    if (given > kMaxBytes) return "longer than 1 GiB";
+  for (size_t room = kFirstBytes; given == bytes.size() && given <= kMaxBytes;
+       room = std::min(2 * room, kMaxBytes + 1)) {
     if (!reserve(bytes, room)) return "there is not enough memory";
     bytes.resize(room);
     given += std::fread(bytes.data() + given, 1, room - given, stdin);
   }
   bytes.resize(given);
+  if (given > kMaxBytes) return "longer than 1 GiB";
   return std::ferror(stdin) != 0 ? std::strerror(errno) : "";
 }
 
