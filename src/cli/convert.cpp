@@ -67,8 +67,10 @@ std::string convertFile(OpenedFile &opened, Conversion &conversion, size_t input
   if (!request.allFrames) return convertFrame(opened, conversion, input, request.frame);
   if (framesOf(viewer) <= 0) return viewer.filePath + ": holds no frames";
   std::string failure;
-  for (int32_t frame = 0; frame < framesOf(viewer) && failure.empty(); ++frame) {
-    failure = convertFrame(opened, conversion, input, frame);
+  // A frame that exists already does not keep the others from being written.
+  for (int32_t frame = 0; frame < framesOf(viewer) && (failure.empty() || request.noClobber); ++frame) {
+    const std::string wrong = convertFrame(opened, conversion, input, frame);
+    if (failure.empty()) failure = wrong;
   }
   return failure;
 }

@@ -28,6 +28,10 @@ TEST(CliConvert, WritesFrames) {
   EXPECT_EQ(complaintOf({.frame = 3, .files = {film}}), film + ": has no frame 3\n");
   EXPECT_EQ(complaintOf({.allFrames = true, .files = {film}}), "");
   EXPECT_EQ(folder.fileCount(), 4U);
+  std::filesystem::remove(std::filesystem::path(folder.path) / u8"城 - 0002.bmp");
+  EXPECT_EQ(complaintOf({.allFrames = true, .noClobber = true, .files = {film}}),
+            film.substr(0, film.size() - 4) + " - 0000.bmp: exists already\n");
+  EXPECT_EQ(folder.fileCount(), 4U);
 }
 
 TEST(CliConvert, WritesPortablePixmapsAsShown) {
