@@ -16,7 +16,8 @@ namespace {
 constexpr const char *kNotWritten = "could not be written";
 
 std::string putToStandardOutput(std::span<const uint8_t> bytes) {
-  return std::fwrite(bytes.data(), 1, bytes.size(), stdout) == bytes.size() ? "" : kNotWritten;
+  const bool written = bytes.empty() || std::fwrite(bytes.data(), 1, bytes.size(), stdout) == bytes.size();
+  return written ? "" : kNotWritten;
 }
 
 } // namespace
