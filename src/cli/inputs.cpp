@@ -8,6 +8,8 @@
 #include "core/file_kinds.h"
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 namespace {
 
@@ -31,8 +33,8 @@ std::string listBackwards(const std::string &folder, std::vector<FolderEntry> &e
   return failure;
 }
 
-void addFolder(const std::string &folder, std::vector<CliInput> &inputs) {
-  const size_t before = inputs.size();
+std::vector<CliInput> inputsOfFolder(const std::string &folder) {
+  std::vector<CliInput> inputs;
   std::vector<std::string> pending{""}; // paths below `folder`, the next one last; those of folders end in a separator
   std::vector<FolderEntry> entries;
   while (!pending.empty()) {
@@ -40,7 +42,8 @@ void addFolder(const std::string &folder, std::vector<CliInput> &inputs) {
     pending.pop_back();
     const std::string path = folder + below;
     if (!below.empty() && !below.ends_with(kSeparator)) {
-      inputs.push_back({.path = path, .folder = below.substr(0, below.rfind(kSeparator) + 1)});
+      const size_t folderEnd = below.rfind(kSeparator) + 1;
+      inputs.push_back({.path = path, .folder = below.substr(0, folderEnd)});
       continue;
     }
     if (std::string failure = listBackwards(path, entries); !failure.empty()) {
@@ -51,14 +54,20 @@ void addFolder(const std::string &folder, std::vector<CliInput> &inputs) {
       if (!entry.isFolder && isOpened(entry.name)) pending.push_back(below + entry.name);
     }
   }
-  if (inputs.size() == before) inputs.push_back({.path = folder, .failure = "holds no file that Korilan opens"});
+  return inputs;
+}
+
+void addFolder(const std::string &path, std::vector<CliInput> &inputs) {
+  std::vector<CliInput> found = inputsOfFolder(asFolder(path));
+  if (found.empty()) found.push_back({.path = path, .failure = "holds no file that Korilan opens"});
+  std::move(found.begin(), found.end(), std::back_inserter(inputs));
 }
 
 void addPath(const std::string &path, bool recursive, std::vector<CliInput> &inputs) {
   if (!isFolder(path)) {
     inputs.push_back({.path = path});
   } else if (recursive) {
-    addFolder(asFolder(path), inputs);
+    addFolder(path, inputs);
   } else {
     inputs.push_back({.path = path, .failure = "is a folder; --recursive takes what is in it"});
   }

@@ -61,7 +61,7 @@ std::string putPicture(ViewerState &viewer, const CliRequest &request, const Put
   }
 }
 
-std::string putThumbnail(ViewerState &viewer, const CliRequest &request, const PutBytes &put) {
+std::string putThumbnail(const ViewerState &viewer, const CliRequest &request, const PutBytes &put) {
   Thumbnail thumbnail;
   const PixelView picture = shownPicture(viewer);
   const bool made = makeThumbnail(picture, hasTallPixels(viewer), request.size, thumbnail);

@@ -11,4 +11,4 @@
 std::string putPicture(ViewerState &viewer, const CliRequest &request, const PutBytes &put);
 
 // Puts the picture fitted into a square of the request's size.
-std::string putThumbnail(ViewerState &viewer, const CliRequest &request, const PutBytes &put);
+std::string putThumbnail(const ViewerState &viewer, const CliRequest &request, const PutBytes &put);

@@ -26,7 +26,7 @@ TEST(CliInputs, AreFoundInFoldersByName) {
   }
   std::replace(found.begin(), found.end(), separator, '/');
   EXPECT_EQ(found, "missing.SC5() a.SC5/a.SC6(a.SC5/) b/c/y.EVA(b/c/) b/z.sc8(b/) b.SC5() "
-                   "empty/(holds no file that Korilan opens) ");
+                   "empty(holds no file that Korilan opens) ");
 }
 
 TEST(CliInputs, FitPatterns) {
