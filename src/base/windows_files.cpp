@@ -191,8 +191,8 @@ std::string finishOutput(OutputHandle handle, bool keep) {
 
 // As the file system compares names.
 std::wstring upperCase(std::wstring name) {
-  const int length = static_cast<int>(name.size());
-  LCMapStringEx(LOCALE_NAME_INVARIANT, LCMAP_UPPERCASE, name.data(), length, name.data(), length, nullptr, nullptr, 0);
+  const int units = static_cast<int>(name.size());
+  LCMapStringEx(LOCALE_NAME_INVARIANT, LCMAP_UPPERCASE, name.data(), units, name.data(), units, nullptr, nullptr, 0);
   return name;
 }
 
@@ -243,8 +243,8 @@ std::string listEntries(const std::string &folder, std::vector<FolderEntry> &ent
   const HANDLE listing = FindFirstFileW(longPath(folder + "*").c_str(), &found);
   if (listing == INVALID_HANDLE_VALUE) return errorText(GetLastError());
   do {
-    const bool isFolder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-    if (isListed(found)) entries.push_back({toUtf8(found.cFileName), isFolder});
+    const bool folderEntry = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    if (isListed(found)) entries.push_back({toUtf8(found.cFileName), folderEntry});
   } while (FindNextFileW(listing, &found));
   FindClose(listing);
   return {};
