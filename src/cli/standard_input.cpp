@@ -54,9 +54,12 @@ std::string readStandardInput(const std::string &name) {
 const FileOps &standardInputFiles() {
   static constexpr FileOps kFiles{.openForReading = openForReading,
                                   .length = length,
+                                  .writeTime = [](FileHandle) { return int64_t{0}; },
                                   .readAt = readAt,
                                   .close = closeFile,
                                   .listFolder = listFolder,
+                                  .exists = [](const char *path) { return path == input.name; },
+                                  .fullPath = [](const char *path) { return std::string(path); },
                                   .beginOutput = nullptr,
                                   .write = nullptr,
                                   .finishOutput = nullptr};

@@ -55,17 +55,21 @@ std::string frameEnding(int32_t frame) {
   return " - " + number;
 }
 
-void menuSaveBMP_Click(ViewerState &viewer) {
-  const std::string path = bitmapPath(viewer);
+bool saveBeside(ViewerState &viewer, const std::string &path,
+                const std::function<std::string(const PutBytes &put)> &write) {
   viewer.window.readout = {};
-  const std::string failure = replaceFile(*viewer.platform.files, path, [&viewer](const PutBytes &put) {
-    return putBitmap(shownPicture(viewer), BitmapHeader::kFile, put);
-  });
+  const std::string failure = replaceFile(*viewer.platform.files, path, write);
   if (failure.empty()) {
     viewer.window.readout = {.text = "Saved as " + std::string(fileNameOf(path)), .ofCommand = true};
-    return;
+    return true;
   }
   showMessage(viewer, "Korilan", "Could not save " + path + "\n\n" + failure, MessageIcon::kWarning);
+  return false;
+}
+
+void menuSaveBMP_Click(ViewerState &viewer) {
+  saveBeside(viewer, bitmapPath(viewer),
+             [&viewer](const PutBytes &put) { return putBitmap(shownPicture(viewer), BitmapHeader::kFile, put); });
 }
 
 void menuCopyClipboard_Click(ViewerState &viewer) {

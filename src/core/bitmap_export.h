@@ -4,6 +4,7 @@
 #include "pixels/bitmap.h"
 #include "state/viewer_state.h"
 
+#include <functional>
 #include <string>
 
 // The shown picture at its own size.
@@ -15,6 +16,11 @@ std::string bitmapPath(const ViewerState &viewer);
 
 // What the number of a video's frame adds to a file's name: " - 0012".
 std::string frameEnding(int32_t frame);
+
+// Replaces the file at `path` by what `write` puts, and says so in the read-out. Returns false, with a message that has
+// the system's error shown, on failure; the existing file stays whole.
+bool saveBeside(ViewerState &viewer, const std::string &path,
+                const std::function<std::string(const PutBytes &put)> &write);
 
 // "Save as Bitmap": writes the picture at its own size; replaces an existing file without asking.
 // Says so in the read-out. A failure shows a message with the system's error; the existing file stays whole.

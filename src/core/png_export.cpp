@@ -31,11 +31,6 @@ void menuSavePNG_Click(ViewerState &viewer) {
       !askYesNo(viewer, "Korilan", path + " already exists.\n\nReplace it?")) {
     return;
   }
-  const std::string failure =
-      replaceFile(*viewer.platform.files, path, [&viewer](const PutBytes &put) { return putShownPng(viewer, put); });
-  if (failure.empty()) {
-    if (!own) viewer.savedFiles.push_back(path);
-    return;
-  }
-  showMessage(viewer, "Korilan", "Could not save " + path + "\n\n" + failure, MessageIcon::kWarning);
+  const bool saved = saveBeside(viewer, path, [&viewer](const PutBytes &put) { return putShownPng(viewer, put); });
+  if (saved && !own) viewer.savedFiles.push_back(path);
 }

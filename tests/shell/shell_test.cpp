@@ -21,7 +21,7 @@ std::string korilanPath;
 TEST(Window, AFileOfEachKindIsShownOrRefused) {
   ShellWindow window("");
   OpenedFile wanted;
-  openFile(wanted, "");
+  openInput(wanted, {.path = ""});
   const auto expectShown = [&](const std::string &path) {
     window.drop(path);
     openPath(wanted.viewer, path);
@@ -254,7 +254,7 @@ std::vector<uint8_t> clipboardBytes(UINT format) {
 TEST(Desktop, TheClipboardTakesPictureAndText) {
   ShellWindow window("COAST.SC5");
   OpenedFile wanted;
-  openFile(wanted, window.viewer.filePath);
+  openInput(wanted, {.path = window.viewer.filePath});
   menuCopyClipboard_Click(wanted.viewer);
   window.choose("Copy to Clipboard");
   EXPECT_TRUE(clipboardBytes(CF_DIB) == wanted.platform.clipboard);
@@ -297,7 +297,7 @@ TEST(Desktop, AFileThatChangesIsShownAnew) {
     const std::string written = window.folder.write(way == "renamed over" ? u8"new" : u8"COAST.SC5", bytes);
     EXPECT_TRUE(written == path || MoveFileExA(written.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING));
     EXPECT_TRUE(window.settles([&] { return window.viewer.window.pictureSerial != serial; })) << way;
-    openFile(wanted, path);
+    openInput(wanted, {.path = path});
     EXPECT_EQ(differences(window, wanted.viewer), "") << way;
   }
 }
