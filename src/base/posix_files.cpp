@@ -72,7 +72,7 @@ size_t readAt(FileHandle file, int64_t offset, uint8_t *into, size_t count) {
 
 void closeFile(FileHandle file) { close(descriptorOf(file)); }
 
-bool exists(const char *path) {
+bool isThere(const char *path) {
   struct stat status {};
   return lstat(path, &status) == 0;
 }
@@ -168,7 +168,7 @@ constexpr FileOps kPosixFiles{.openForReading = openForReading,
                               .readAt = readAt,
                               .close = closeFile,
                               .listFolder = listFiles,
-                              .exists = exists,
+                              .exists = isThere,
                               .fullPath = fullPath,
                               .beginOutput = beginOutput,
                               .write = writeOutput,

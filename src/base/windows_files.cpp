@@ -90,7 +90,7 @@ bool isListed(const WIN32_FIND_DATAW &found) {
   return !link && name != L"." && name != L"..";
 }
 
-bool exists(const char *path) { return GetFileAttributesW(longPath(path).c_str()) != INVALID_FILE_ATTRIBUTES; }
+bool isThere(const char *path) { return GetFileAttributesW(longPath(path).c_str()) != INVALID_FILE_ATTRIBUTES; }
 
 Temporaries<wchar_t> temporaries;
 
@@ -206,7 +206,7 @@ const FileOps &systemFiles() {
       .readAt = readAt,
       .close = closeFile,
       .listFolder = listFiles,
-      .exists = exists,
+      .exists = isThere,
       .fullPath = fullPath,
       .beginOutput = beginOutput,
       .write = writeOutput,

@@ -26,7 +26,7 @@ template <size_t kCount> struct Ranges {
 };
 
 // Lengths minus 3; the longest one has a code of its own.
-constexpr Ranges<29> kLengths = [] {
+constexpr Ranges<29> kLengths = []() {
   Ranges<29> ranges{};
   uint32_t next = 0;
   for (size_t code = 0; code < 28; ++code) {
@@ -38,7 +38,7 @@ constexpr Ranges<29> kLengths = [] {
   return ranges;
 }();
 
-constexpr Ranges<kDistanceCodes> kDistances = [] {
+constexpr Ranges<kDistanceCodes> kDistances = []() {
   Ranges<kDistanceCodes> ranges{};
   uint32_t next = 1;
   for (size_t code = 0; code < kDistanceCodes; ++code) {
@@ -49,7 +49,7 @@ constexpr Ranges<kDistanceCodes> kDistances = [] {
   return ranges;
 }();
 
-constexpr std::array<uint8_t, 256> kCodeOfLength = [] {
+constexpr std::array<uint8_t, 256> kCodeOfLength = []() {
   std::array<uint8_t, 256> codes{};
   for (size_t code = 0; code < 29; ++code) {
     for (size_t length = kLengths.first[code]; length < codes.size(); ++length)

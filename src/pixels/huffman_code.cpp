@@ -70,8 +70,12 @@ uint16_t reversed(uint32_t bits, int length) {
 
 // Codes of one length follow one another in the order of the symbols.
 void numberCodes(const LengthCounts &lengths, std::span<HuffmanCode> codes) {
-  std::array<uint32_t, kMaxLength + 2> next{};
-  for (size_t length = 1; length <= kMaxLength; ++length) next[length + 1] = (next[length] + lengths[length]) << 1;
+  LengthCounts next{};
+  uint32_t first = 0;
+  for (size_t length = 1; length < lengths.size(); ++length) {
+    next[length] = first;
+    first = (first + lengths[length]) << 1;
+  }
   for (HuffmanCode &code : codes) {
     if (code.length != 0) code.bits = reversed(next[code.length]++, code.length);
   }

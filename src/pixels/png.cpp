@@ -15,7 +15,7 @@ constexpr uint8_t kIndexed = 3;
 
 // Remainders of a byte that 0 to 7 bytes follow: eight are taken at once.
 using ChecksumTables = std::array<std::array<uint32_t, 256>, 8>;
-constexpr ChecksumTables kChecksums = [] {
+constexpr ChecksumTables kChecksums = []() {
   constexpr uint32_t kPolynomial = 0xEDB88320; // of CRC-32, the lowest bit first
   ChecksumTables tables{};
   for (uint32_t byte = 0; byte < 256; ++byte) {

@@ -41,9 +41,9 @@ constexpr int16_t kSixteenColours = 7;
 
 bool headerValid(const InputFile &file) {
   const auto isZero = [&file](int64_t position) { return readByte(file, position) == 0; };
-  const int16_t colours = readSignedWord(file, kColourCodePos);
+  const int16_t colourCode = readSignedWord(file, kColourCodePos);
   return beginsWith(file, kMagic) && std::all_of(kZeroPos.begin(), kZeroPos.end(), isZero) &&
-         (colours == kFourColours || colours == kSixteenColours);
+         (colourCode == kFourColours || colourCode == kSixteenColours);
 }
 
 size_t notNegative(int32_t count) { return static_cast<size_t>(std::max(0, count)); }
