@@ -91,8 +91,9 @@ void makeHuffmanCode(std::span<const uint32_t> counts, int maxLength, std::span<
     if (counts[symbol] != 0) leaves[used++] = {counts[symbol], static_cast<uint16_t>(symbol)};
   }
   if (used == 0) return;
-  std::stable_sort(leaves.begin(), leaves.begin() + static_cast<std::ptrdiff_t>(used),
-                   [](const Leaf &a, const Leaf &b) { return a.count < b.count; });
+  std::sort(leaves.begin(), leaves.begin() + static_cast<std::ptrdiff_t>(used), [](const Leaf &a, const Leaf &b) {
+    return a.count != b.count ? a.count < b.count : a.symbol < b.symbol; // the same file on every system
+  });
   std::array<uint32_t, kMaxSymbols> depths{1};
   if (used > 1) measureDepths(std::span(leaves).first(used), depths);
   LengthCounts lengths = limitedLengths(std::span(depths).first(used), static_cast<size_t>(maxLength));
