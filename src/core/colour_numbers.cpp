@@ -10,16 +10,22 @@
 
 namespace {
 
+// Such a picture has the mark of a palette that the one before had.
+bool hasFixedColours(const PictureSettings &picture) {
+  return picture.bitsPerPixel == 8 && picture.colourMode == ColourModeGrb332;
+}
+
 // Whether the palette is the picture's own, so that two of its entries may have one colour.
-bool hasOwnPalette(const ViewerState &viewer) { return viewer.player == nullptr && viewer.picture.hasPalette == kTrue; }
+bool hasOwnPalette(const ViewerState &viewer) {
+  return viewer.player == nullptr && viewer.picture.hasPalette == kTrue && !hasFixedColours(viewer.picture);
+}
 
 // Empty if there is none.
 std::span<const uint32_t> paletteOf(const ViewerState &viewer) {
   const PictureSettings &picture = viewer.picture;
   if (viewer.player != nullptr) return viewer.player->colours(viewer);
   if (hasOwnPalette(viewer)) return std::span(viewer.palette).first(static_cast<size_t>(picture.colourCount));
-  const bool fixed = picture.bitsPerPixel == 8 && picture.colourMode == ColourModeGrb332;
-  return fixed ? std::span<const uint32_t>(kGrb332Colours) : std::span<const uint32_t>();
+  return hasFixedColours(picture) ? std::span<const uint32_t>(kGrb332Colours) : std::span<const uint32_t>();
 }
 
 // Finds the first entry of a colour.
