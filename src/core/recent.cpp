@@ -67,8 +67,8 @@ void noteRecentFile(ViewerState &viewer) {
   if (!shown || viewer.picturePath != viewer.filePath) return;
   const std::string path = viewer.platform.files->fullPath(viewer.filePath.c_str());
   std::vector<std::string> &files = viewer.recentFiles;
-  if (!files.empty() && files.front() == path) return; // opened again
   files = storedFiles(viewer);
+  if (!files.empty() && files.front() == path) return showFiles(viewer); // opened again
   std::erase_if(files, [name = upperCased(path)](const std::string &file) { return upperCased(file) == name; });
   files.insert(files.begin(), path);
   if (files.size() > kMaxRecentFiles) files.pop_back();
