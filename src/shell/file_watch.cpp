@@ -14,8 +14,9 @@ bool watching(const FileWatch &watch) { return watch.folder != INVALID_HANDLE_VA
 
 // Other computers report changes late or not at all.
 bool onNetwork(const std::wstring &folder) {
-  std::array<wchar_t, MAX_PATH> root{};
-  return GetVolumePathNameW(folder.c_str(), root.data(), MAX_PATH) && GetDriveTypeW(root.data()) == DRIVE_REMOTE;
+  std::wstring root(folder.size() + MAX_PATH, L'\0');
+  const bool known = GetVolumePathNameW(folder.c_str(), root.data(), static_cast<DWORD>(root.size())) != FALSE;
+  return !known || GetDriveTypeW(root.c_str()) == DRIVE_REMOTE;
 }
 
 void closeFolder(FileWatch &watch) {
