@@ -50,7 +50,9 @@ template <typename Number> bool takeNumber(const std::string &text, Number min, 
 
 // Each stores its option's value in the request and returns an error message, empty if the value is valid.
 std::string takeOut(const std::string &value, CliRequest &request) {
-  request.outPath = systemPath(value);
+  // Opened by its name, a file behind standard output would be written from its start.
+  const bool standard = value == "/dev/stdout" || value == "/dev/fd/1";
+  request.outPath = standard ? kStandardStream : systemPath(value);
   return value.empty() ? "-o needs a file name" : "";
 }
 
@@ -195,10 +197,14 @@ std::string parseOptions(std::span<const std::string> arguments, CliRequest &req
   return "";
 }
 
-// The ending of the output chooses the format.
-std::string takeEnding(CliRequest &request) {
+// The ending of the output chooses the format unless one is given.
+std::string takeEnding(CliRequest &request, bool formatGiven) {
   const std::string ending(endingOf(request.outPath));
-  if (ending.empty() || takeLetters(ending, request.format)) return "";
+  ImageFormat format = request.format;
+  if (ending.empty() || takeLetters(ending, format)) {
+    if (!formatGiven) request.format = format;
+    return "";
+  }
   return "-o takes a name that ends in .bmp, .png or .ppm, not in ." + ending;
 }
 
@@ -212,11 +218,24 @@ std::string checkStandardInput(const CliRequest &request) {
   return "";
 }
 
+// A file that is no picture of a batch keeps its own ending: one with another may be the user's picture or film.
+std::string checkEnding(const CliRequest &request) {
+  const std::string_view wanted = request.command == CliCommand::kThumb   ? "png"
+                                  : request.command == CliCommand::kVideo ? "y4m"
+                                  : request.command == CliCommand::kSound ? "wav"
+                                                                          : "";
+  const std::string ending(endingOf(request.outPath));
+  if (wanted.empty() || ending.empty() || upperCased(ending) == upperCased(wanted)) return "";
+  return std::string(nameOf(request.command)) + " writes a file that ends in ." + std::string(wanted) + ", not in ." +
+         ending;
+}
+
 std::string checkOutput(const CliRequest &request) {
   const std::string &out = request.outPath;
   const bool film = request.command == CliCommand::kVideo || request.command == CliCommand::kSound;
   if (film && out.empty()) return std::string(nameOf(request.command)) + " needs -o OUT";
   if (out.empty()) return "";
+  if (std::string wrong = checkEnding(request); !wrong.empty()) return wrong;
   if (request.allFrames) return "-o takes one frame; use -d for all";
   if (!request.outDirectory.empty()) return "-o and -d exclude each other";
   const bool itself = out != kStandardStream && out == request.files.front();
@@ -264,7 +283,6 @@ std::string parseArguments(std::span<const std::string> arguments, CliRequest &r
   if (isGiven(given, "--frame") && request.allFrames) return "--frame and --all-frames exclude each other";
   std::string wrong = tooManyFiles(request, files.size());
   if (wrong.empty()) wrong = checkOutput(request);
-  const bool choosesFormat = request.command == CliCommand::kConvert && !isGiven(given, "--format");
-  if (wrong.empty() && choosesFormat) wrong = takeEnding(request);
+  if (wrong.empty() && request.command == CliCommand::kConvert) wrong = takeEnding(request, isGiven(given, "--format"));
   return wrong.empty() ? checkStandardInput(request) : wrong;
 }

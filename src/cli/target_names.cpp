@@ -60,6 +60,16 @@ Place placeOf(const CliRequest &request, const CliInput &input) {
   return place;
 }
 
+// Whether another input wants a name that may be that of some frame of a video.
+bool otherBeginsLikeFrames(NameKeys &keys, const std::map<std::string, int> &wishes, const Place &video) {
+  const std::string own = keyOf(keys, video);
+  const std::string start = keyOf(keys, video.root, video.folder + video.name + " - ");
+  for (auto wish = wishes.lower_bound(start); wish != wishes.end() && wish->first.starts_with(start); ++wish) {
+    if (wish->first != own) return true;
+  }
+  return false;
+}
+
 } // namespace
 
 std::vector<std::string> nameTargets(const CliRequest &request, std::span<const CliInput> inputs) {
@@ -76,7 +86,8 @@ std::vector<std::string> nameTargets(const CliRequest &request, std::span<const 
   std::vector<std::string> names;
   for (const Place &place : places) {
     const std::string key = keyOf(keys, place);
-    const bool alone = isOpened(place) && wishes[key] == 1 && taken.insert(key).second;
+    const bool meetsFrames = request.allFrames && !place.frame.empty() && otherBeginsLikeFrames(keys, wishes, place);
+    const bool alone = isOpened(place) && !meetsFrames && wishes[key] == 1 && taken.insert(key).second;
     names.push_back(alone ? pathOf(place) : "");
   }
   std::map<std::string, int> numbers; // the last one of a name
