@@ -26,9 +26,6 @@ std::string makeFolder(const std::string &path);
 // The same with all parents.
 std::string makeFolders(const std::string &path);
 
-// Whether a name is taken: by a file, a folder, or a link, even one to nothing.
-bool nameIsTaken(const std::string &path);
-
 // Why openForReading() refuses a path; empty if it does not.
 std::string readFailure(const std::string &path);
 

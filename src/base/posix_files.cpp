@@ -117,9 +117,10 @@ void createTemporary(Output &output) {
 
 OutputHandle beginOutput(const char *path, std::string &failure) {
   auto output = std::make_unique<Output>();
-  output->target = linkTarget(path);
   struct stat old {};
-  const bool exists = stat(output->target.c_str(), &old) == 0;
+  const bool exists = stat(path, &old) == 0;
+  // A link to a pipe may name nothing, as those of open files do.
+  output->target = exists && !S_ISREG(old.st_mode) ? path : linkTarget(path);
   if (exists && !S_ISREG(old.st_mode)) {
     output->descriptor = open(output->target.c_str(), O_WRONLY | O_CLOEXEC);
   } else if (!exists || access(output->target.c_str(), W_OK) == 0) {
@@ -219,11 +220,6 @@ std::string makeFolder(const std::string &path) {
   if (mkdir(path.c_str(), 0777) == 0) return {};
   const int error = errno;
   return isFolder(path) ? std::string() : systemWords(error);
-}
-
-bool nameIsTaken(const std::string &path) {
-  struct stat status {};
-  return lstat(path.c_str(), &status) == 0;
 }
 
 std::string readFailure(const std::string &path) {

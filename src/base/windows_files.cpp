@@ -261,10 +261,6 @@ std::string makeFolder(const std::string &path) {
   return isFolder(path) ? std::string() : errorText(error);
 }
 
-bool nameIsTaken(const std::string &path) {
-  return GetFileAttributesW(longPath(path).c_str()) != INVALID_FILE_ATTRIBUTES;
-}
-
 std::string readFailure(const std::string &path) {
   std::string failure;
   if (const FileHandle file = openDiskFile(path.c_str(), failure)) closeFile(file);

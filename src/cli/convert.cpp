@@ -40,7 +40,7 @@ std::string writePicture(ViewerState &viewer, Conversion &conversion, size_t inp
   const CliRequest &request = conversion.request;
   const std::string target = targetOf(viewer, conversion, input);
   const bool isFile = target != kStandardStream;
-  if (isFile && request.noClobber && nameIsTaken(target)) return target + ": exists already";
+  if (isFile && request.noClobber && systemFiles().exists(target.c_str())) return target + ": exists already";
   if (isFile && !request.outDirectory.empty()) {
     const std::string folder = target.substr(0, folderLength(target));
     if (std::string failure = makeFolders(folder); !failure.empty()) return folder + ": " + failure;

@@ -10,7 +10,7 @@ namespace {
 #ifdef _WIN32
 constexpr int kEnding[] = {SIGINT, SIGTERM, SIGBREAK};
 #else
-constexpr int kEnding[] = {SIGINT, SIGTERM, SIGHUP};
+constexpr int kEnding[] = {SIGINT, SIGTERM, SIGHUP, SIGQUIT};
 #endif
 
 void end(int signal) {
@@ -22,6 +22,10 @@ void end(int signal) {
 } // namespace
 
 void watchForInterrupt() {
+#ifndef _WIN32
+  // The write fails instead, and the unfinished file is removed.
+  for (const int signal : {SIGPIPE, SIGXFSZ}) (void)std::signal(signal, SIG_IGN);
+#endif
   for (const int signal : kEnding) {
     // Whoever started the program may have had it ignore the signal.
     if (std::signal(signal, end) == SIG_IGN) (void)std::signal(signal, SIG_IGN);
