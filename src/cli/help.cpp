@@ -32,6 +32,8 @@ const char *const kCliHelp =
     "  --shown         zoom and aspect as in the window\n"
     "  --palette FILE  the colours of pictures of at most 16, as by Load Palette\n"
     "  --no-clobber    leaves files alone that exist already\n"
+    "  --type .EXT     the kind of file that standard input is\n"
+    "  --json          an object a line: what the window would show, and a hash of the pixels\n"
     "  --jobs N        how many pictures are converted at a time; by default as many as there are cores\n"
     "  --size N        the longest side of a thumbnail, 1 to 4096 pixels\n"
     "\n"

@@ -1,4 +1,5 @@
 // korilan-cli: the viewer without a window.
+#include "base/folders.h"
 #include "cli/arguments.h"
 #include "cli/convert.h"
 #include "cli/help.h"
@@ -37,7 +38,9 @@ bool printInfo(const CliRequest &request, const std::vector<CliInput> &inputs) {
     openInput(*file, input, request.palette);
     std::string failure = refusal(file->viewer);
     if (failure.empty() && !showFrame(*file, request.frame)) {
-      failure = input.path + ": has no frame " + std::to_string(request.frame);
+      file->viewer.loadError = "has no frame " + std::to_string(request.frame);
+      file->viewer.pictureShown = kFalse;
+      failure = refusal(file->viewer);
     }
     const bool hasLine = request.json || failure.empty();
     if (hasLine && !printLine(stdout, request.json ? infoJson(file->viewer) : infoText(file->viewer))) return false;
@@ -60,14 +63,14 @@ bool readerIsGone() {
 }
 
 // Pictures from standard input and to standard output, and the same line ends everywhere; and no file that is opened
-// later takes the place of a standard stream that whoever started the program has closed.
+// later takes the place of a standard stream that whoever started the program has closed: writing to one fails.
 void prepareStandardStreams() {
 #ifdef _WIN32
   _setmode(_fileno(stdin), _O_BINARY);
   _setmode(_fileno(stdout), _O_BINARY);
 #else
   int descriptor = 0;
-  while (descriptor >= 0 && descriptor <= STDERR_FILENO) descriptor = open("/dev/null", O_RDWR);
+  while (descriptor >= 0 && descriptor <= STDERR_FILENO) descriptor = open("/dev/null", O_RDONLY);
   if (descriptor > STDERR_FILENO) close(descriptor);
 #endif
 }
@@ -106,7 +109,9 @@ int run(const std::vector<std::string> &arguments) {
   } else {
     const std::vector<CliInput> inputs = findInputs(request);
     if (const std::string wrong = tooManyFiles(request, inputs.size()); !wrong.empty()) return endWrongUsage(wrong);
-    allShown = runCommand(request, inputs);
+    const std::string noPalette = request.palette.empty() ? "" : readFailure(request.palette);
+    if (!noPalette.empty()) printError(request.palette + ": " + noPalette);
+    allShown = noPalette.empty() && runCommand(request, inputs);
   }
   const bool written = std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
   // The other commands have said so themselves.

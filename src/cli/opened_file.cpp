@@ -34,6 +34,11 @@ std::string openWithPalette(OpenedFile &file, const CliInput &input, const std::
   return input.standardInput ? "" : readFailure(input.path);
 }
 
+std::string whyNotShown(const ViewerState &viewer) {
+  if (!viewer.loadError.empty()) return viewer.loadError;
+  return findFileKind(viewer.fileExtension) == nullptr ? "not a kind of file that Korilan opens" : "holds no picture";
+}
+
 } // namespace
 
 void openInput(OpenedFile &file, const CliInput &input, const std::string &palette) {
@@ -47,9 +52,11 @@ void openInput(OpenedFile &file, const CliInput &input, const std::string &palet
   startViewer(viewer, "");
   viewer.filePath = input.path;
   const std::string failure = openWithPalette(file, input, palette);
-  if (failure.empty()) return;
-  viewer.loadError = failure;
-  viewer.pictureShown = kFalse;
+  if (!failure.empty()) {
+    viewer.loadError = failure;
+    viewer.pictureShown = kFalse;
+  }
+  if (viewer.pictureShown != kTrue) viewer.loadError = whyNotShown(viewer);
 }
 
 int32_t framesOf(const ViewerState &viewer) { return viewer.player != nullptr ? viewer.player->frames(viewer) : 1; }
@@ -62,7 +69,5 @@ bool showFrame(OpenedFile &file, int32_t frame) {
 
 std::string refusal(const ViewerState &viewer) {
   if (viewer.pictureShown == kTrue) return "";
-  if (!viewer.loadError.empty()) return viewer.filePath + ": " + viewer.loadError;
-  if (findFileKind(viewer.fileExtension) == nullptr) return viewer.filePath + ": not a kind of file that Korilan opens";
-  return viewer.filePath + ": holds no picture";
+  return viewer.filePath + ": " + whyNotShown(viewer);
 }
