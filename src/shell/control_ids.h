@@ -26,7 +26,7 @@
 #define kUncheckAllId 205
 #define kDefaultId 206
 #define kGeneralPreferenceId 210 // plus the row of kGeneralPreferences
-#define kAssociationId 220       // plus the row of kAssociatedExtensions
+#define kAssociationId 220       // plus the row of kAssociations
 
 #define kTextDialog 300
 #define kTextId 301

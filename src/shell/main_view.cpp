@@ -238,8 +238,6 @@ bool createMainView(MainView &view, const ViewerState &viewer, HWND parent, HINS
 SIZE viewRoom(const MainView &view) {
   const UINT dotsPerInch = scaleFunctions().dpiForWindow(view.window);
   const SIZE outer = windowSizeOf(view.window);
-  const bool bordered = (GetWindowLongW(view.window, GWL_EXSTYLE) & WS_EX_CLIENTEDGE) != 0;
-  if (!bordered) return outer;
   return {outer.cx - 2 * scaleFunctions().systemMetric(SM_CXEDGE, dotsPerInch),
           outer.cy - 2 * scaleFunctions().systemMetric(SM_CYEDGE, dotsPerInch)};
 }

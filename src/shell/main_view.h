@@ -48,7 +48,7 @@ inline constexpr UINT kMouseLeftView = WM_APP + 1;
 inline constexpr UINT kViewNotDrawn = WM_APP + 2;
 
 // Sent to the parent when the wheel turns with Ctrl; wParam is the number of steps, negative for smaller.
-inline constexpr UINT kScaleTurned = WM_APP + 16;
+inline constexpr UINT kScaleTurned = WM_APP + 3;
 
 // Creates the control; both records must outlive it. Returns false if the system refuses.
 bool createMainView(MainView &view, const ViewerState &viewer, HWND parent, HINSTANCE instance);

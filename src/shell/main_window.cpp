@@ -31,7 +31,7 @@ namespace {
 constexpr wchar_t kWindowClass[] = L"KorilanMainWindow";
 
 // Posted to the main window after its first paint. The numbers before are messages of MainView.
-constexpr UINT kMakeControls = WM_APP + 3;
+constexpr UINT kMakeControls = WM_APP + 4;
 
 // Returns the path of the first dropped file and ends the drop.
 std::string takeDroppedPath(HDROP drop) {

@@ -9,5 +9,5 @@
 // fits, else it is scrolled.
 POINT pictureOrigin(const MainView &view);
 
-// Paints every pixel of the update region.
+// Paints every pixel of the update region; none while the picture is being replaced, which the one before outlives.
 void paintView(const MainView &view, HDC screen);
