@@ -48,7 +48,7 @@ bool writePictures() {
   std::vector<uint8_t> screen{0xFE, 0, 0, 0xFF, 0xD3, 0, 0};
   screen.resize(7 + size_t{kWidth} * kHeight);
   bool written = true;
-  for (int page = 0; page <= kPages; ++page) {
+  for (int page = 0; page <= 2 * kPages; ++page) {
     std::fill(screen.begin() + 7, screen.end(), kBytes[page % 2]);
     written = written && writeFile(pageName(page), screen);
   }
@@ -140,10 +140,15 @@ int main(int argumentCount, char **arguments) {
   Shown shown;
   start(shown, arguments[1], "KorilanMainWindow", pageName(0));
   std::vector<double> pages;
+  std::vector<double> fullScreenPages;
   for (int page = 1; page <= kPages; ++page) pages.push_back(pageDown(shown, page));
+  PostMessageA(shown.window, WM_KEYDOWN, VK_F11, 1);
+  Sleep(1000); // until the screen is covered
+  shown.inside = {GetSystemMetrics(SM_CXSCREEN) / 2, GetSystemMetrics(SM_CYSCREEN) / 2};
+  for (int page = kPages + 1; page <= 2 * kPages; ++page) fullScreenPages.push_back(pageDown(shown, page));
   end(shown);
   std::printf("start to picture: %.1f ms, minimal window %.1f ms, more %.1f ms\n", median(viewer), median(minimal),
               median(viewer) - median(minimal));
-  std::printf("PageDown to picture: %.1f ms\n", median(pages));
+  std::printf("PageDown to picture: %.1f ms, in full screen %.1f ms\n", median(pages), median(fullScreenPages));
   return 0;
 }
