@@ -34,7 +34,7 @@ struct CliRequest {
 // error message, empty if valid.
 std::string parseArguments(std::span<const std::string> arguments, CliRequest &request);
 
-// An error message if so many files are too many for the request, or an empty text.
+// Why the request does not take that many files; empty if it does.
 std::string tooManyFiles(const CliRequest &request, size_t files);
 
 // The letters of a format's extension.

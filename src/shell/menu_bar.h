@@ -13,7 +13,7 @@ HMENU buildMenuBar();
 // Brings the menus from the state of `shown` to that of `model`. Submenus are filled here, too.
 void syncMenuBar(HWND window, HMENU menuBar, const WindowModel &model, const WindowModel &shown);
 
-// The item of a submenu that a command number stands for.
+// The row and the item of a submenu with that command number.
 struct MenuChoice {
   size_t row;
   size_t choice;

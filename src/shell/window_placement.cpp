@@ -103,7 +103,7 @@ std::vector<POINT> otherCorners(HWND window) {
   return corners;
 }
 
-// Moves a window that would open exactly where another of the program's stands.
+// Moves a window that would open exactly over another one of the program.
 void evadeOthers(MainWindow &main) {
   const SIZE size = sizedByHand(main) ? windowSizeOf(main.window) : fullSize(main, main.metrics);
   const RECT wanted = placeOnWorkArea(main.window, size, false);
