@@ -13,5 +13,6 @@ function(korilan_analyse)
     list(APPEND command --extra-arg=--target=x86_64-w64-mingw32 --extra-arg=-isystem${headers}/c++
       --extra-arg=-isystem${headers}/c++/x86_64-w64-mingw32)
   endif()
-  set_target_properties(${ARGV} PROPERTIES CXX_CLANG_TIDY "${command}")
+  set_target_properties(${ARGV} PROPERTIES CXX_CLANG_TIDY "${command}"
+    UNITY_BUILD_CODE_BEFORE_INCLUDE "// NOLINTNEXTLINE(bugprone-suspicious-include): sources compiled together")
 endfunction()

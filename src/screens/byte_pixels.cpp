@@ -31,7 +31,7 @@ template <typename Draw> void drawGroups(ViewerState &viewer, const Draw &draw) 
   viewer.vramPos += static_cast<int32_t>(groups * kGroupPixels);
 }
 
-void drawEntries(ViewerState &viewer) {
+void drawPaletteBytes(ViewerState &viewer) {
   const uint8_t *source = viewer.vram.data() + viewer.vramPos;
   const size_t count = pixelCountOf(viewer);
   for (size_t n = 0; n < count; ++n) viewer.frameBits[n] = viewer.palette[source[n]];
@@ -52,7 +52,7 @@ void RenderBytePixels(ViewerState &viewer) {
   };
   if (!holdsPicture(viewer)) return blacken(viewer);
   switch (viewer.colourMode) {
-  case ColourModePalette: return drawEntries(viewer);
+  case ColourModePalette: return drawPaletteBytes(viewer);
   case ColourModeGrb332: return drawGrb332(viewer);
   case ColourModeYjk: return drawGroups(viewer, pixelKernels().yjk);
   case ColourModeYuv: return drawGroups(viewer, pixelKernels().yuv);
