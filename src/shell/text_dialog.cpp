@@ -13,7 +13,7 @@ namespace {
 
 // In dialog units.
 constexpr UINT kTabStop = 72;
-constexpr LONG kMargin = 7;
+constexpr LONG kDialogMargin = 7;
 constexpr LONG kButtonWidth = 50;
 constexpr LONG kButtonHeight = 14;
 constexpr LONG kBarWidth = 24;   // scroll bar and borders of the text
@@ -34,7 +34,7 @@ SIZE fromUnits(HWND dialog, LONG width, LONG height) {
 // The text above the buttons, which are in the lower right corner.
 void placeDialogControls(HWND dialog) {
   const SIZE client = clientSizeOf(dialog);
-  const SIZE margin = fromUnits(dialog, kMargin, kMargin);
+  const SIZE margin = fromUnits(dialog, kDialogMargin, kDialogMargin);
   const SIZE button = fromUnits(dialog, kButtonWidth, kButtonHeight);
   const LONG buttonTop = client.cy - margin.cy - button.cy;
   const LONG closeLeft = client.cx - margin.cx - button.cx;
@@ -65,7 +65,7 @@ void sizeDialog(HWND dialog, const std::wstring &text) {
   ReleaseDC(edit, screen);
 
   const RECT work = workAreaOf(dialog);
-  const SIZE around = fromUnits(dialog, 2 * kMargin + kBarWidth, 3 * kMargin + kButtonHeight + kTextBorder);
+  const SIZE around = fromUnits(dialog, 2 * kDialogMargin + kBarWidth, 3 * kDialogMargin + kButtonHeight + kTextBorder);
   const SIZE outer = windowSizeOf(dialog);
   const SIZE client = clientSizeOf(dialog);
   const SIZE workSize = sizeOf(work);

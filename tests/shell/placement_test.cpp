@@ -85,9 +85,10 @@ TEST(FullScreen, AnUnmovedPointerIsHidden) {
   ShellWindow window("WHEEL.GL5");
   const bool &hidden = window.main.fullScreen.pointerHidden;
   window.press(VK_F11);
-  for (const int x : {300, 310}) {
-    SetCursorPos(x, 300);
-    EXPECT_TRUE(waitUntil([&] { return window.run([] {}), !hidden; }));                       // shown at the move
+  int x = 300;
+  for (int rest = 0; rest < 2; ++rest) {
+    // Shown at the move; a single one may be lost between the display and the window.
+    EXPECT_TRUE(waitUntil([&] { return SetCursorPos(++x, 300), window.run([] {}), !hidden; }));
     for (int i = 0; i < 2; ++i) SendMessageA(window.main.window, WM_TIMER, kPointerTimer, 0); // one may see the move
     EXPECT_TRUE(hidden);
   }
