@@ -1,5 +1,6 @@
 #include "cli/inputs.h"
 
+#include "base/disk_files.h"
 #include "base/file_ops.h"
 #include "base/folders.h"
 #include "base/paths.h"
@@ -25,6 +26,15 @@ bool isOpened(const std::string &name) {
   return findFileKind(upperCased(lastCharacters(name, kExtensionLength))) != nullptr;
 }
 
+// A disk image that holds no picture is an input itself, and refused.
+void addFile(const std::string &path, const std::string &folder, std::vector<CliInput> &inputs) {
+  std::vector<std::string> onDisk;
+  if (isDiskImageName(path)) onDisk = listDiskImage(path).value_or(onDisk);
+  std::erase_if(onDisk, [](const std::string &name) { return !isOpened(name); });
+  for (const std::string &name : onDisk) inputs.push_back({.path = asFolder(path) + name, .folder = folder});
+  if (onDisk.empty()) inputs.push_back({.path = path, .folder = folder});
+}
+
 // The entries of a folder by name, the last one first.
 std::string listBackwards(const std::string &folder, std::vector<FolderEntry> &entries) {
   std::string failure = listEntries(folder, entries);
@@ -43,7 +53,7 @@ std::vector<CliInput> inputsOfFolder(const std::string &folder) {
     const std::string path = folder + below;
     if (!below.empty() && !below.ends_with(kSeparator)) {
       const size_t folderEnd = below.rfind(kSeparator) + 1;
-      inputs.push_back({.path = path, .folder = below.substr(0, folderEnd)});
+      addFile(path, below.substr(0, folderEnd), inputs);
       continue;
     }
     if (std::string failure = listBackwards(path, entries); !failure.empty()) {
@@ -51,7 +61,8 @@ std::vector<CliInput> inputsOfFolder(const std::string &folder) {
     }
     for (const FolderEntry &entry : entries) {
       if (entry.isFolder) pending.push_back(below + entry.name + kSeparator);
-      if (!entry.isFolder && isOpened(entry.name)) pending.push_back(below + entry.name);
+      if (!entry.isFolder && (isOpened(entry.name) || isDiskImageName(entry.name)))
+        pending.push_back(below + entry.name);
     }
   }
   return inputs;
@@ -65,7 +76,7 @@ void addFolder(const std::string &path, std::vector<CliInput> &inputs) {
 
 void addPath(const std::string &path, bool recursive, std::vector<CliInput> &inputs) {
   if (!isFolder(path)) {
-    inputs.push_back({.path = path});
+    addFile(path, "", inputs);
   } else if (recursive) {
     addFolder(path, inputs);
   } else {
@@ -107,7 +118,8 @@ std::vector<CliInput> findInputs(const CliRequest &request) {
 }
 
 std::string identityOf(const CliInput &input) {
-  return fileIdentity(input.standardInput ? "/dev/stdin" : input.path); // a name that Windows does not have
+  return fileIdentity(input.standardInput ? "/dev/stdin"
+                                          : systemFileOf(input.path)); // a name that Windows does not have
 }
 
 bool fitsPattern(std::string_view name, std::string_view pattern) {

@@ -1,5 +1,5 @@
 // korilan-cli: the viewer without a window.
-#include "base/folders.h"
+#include "base/disk_files.h"
 #include "cli/arguments.h"
 #include "cli/convert.h"
 #include "cli/help.h"
@@ -109,7 +109,7 @@ int run(const std::vector<std::string> &arguments) {
   } else {
     const std::vector<CliInput> inputs = findInputs(request);
     if (const std::string wrong = tooManyFiles(request, inputs.size()); !wrong.empty()) return endWrongUsage(wrong);
-    const std::string noPalette = request.palette.empty() ? "" : readFailure(request.palette);
+    const std::string noPalette = request.palette.empty() ? "" : openFailure(request.palette);
     if (!noPalette.empty()) printError(request.palette + ": " + noPalette);
     allShown = noPalette.empty() && runCommand(request, inputs);
   }

@@ -1,6 +1,6 @@
 #include "cli/opened_file.h"
 
-#include "base/folders.h"
+#include "base/disk_files.h"
 #include "cli/standard_input.h"
 #include "core/commands.h"
 #include "core/file_kinds.h"
@@ -16,7 +16,7 @@ namespace {
 // Returns what went wrong, or an empty text.
 std::string loadPalette(OpenedFile &file, const std::string &path) {
   if (!hasShortPalette(file.viewer)) return "";
-  if (std::string failure = readFailure(path); !failure.empty()) return path + ": " + failure;
+  if (std::string failure = openFailure(path); !failure.empty()) return path + ": " + failure;
   const uint32_t drawn = file.viewer.window.pictureSerial;
   file.platform.chosenFiles = {path};
   menuLoadPal_Click(file.viewer);
@@ -29,9 +29,9 @@ std::string openWithPalette(OpenedFile &file, const CliInput &input, const std::
   ViewerState &viewer = file.viewer;
   if (input.standardInput) viewer.platform.files = &standardInputFiles();
   openPath(viewer, input.path);
-  viewer.platform.files = &systemFiles();
+  viewer.platform.files = &filesWithDisks();
   if (viewer.pictureShown == kTrue) return palette.empty() ? "" : loadPalette(file, palette);
-  return input.standardInput ? "" : readFailure(input.path);
+  return input.standardInput ? "" : openFailure(input.path);
 }
 
 std::string whyNotShown(const ViewerState &viewer) {

@@ -1,5 +1,6 @@
 #include "cli/target_names.h"
 
+#include "base/disk_files.h"
 #include "base/file_ops.h"
 #include "base/folders.h"
 #include "base/paths.h"
@@ -45,17 +46,18 @@ std::string keyOf(NameKeys &keys, const Place &place) {
 Place placeOf(const CliRequest &request, const CliInput &input) {
   const FileKind *kind = findFileKind(upperCased(lastCharacters(input.path, kExtensionLength)));
   if (kind == nullptr) return {};
-  const size_t folderEnd = folderLength(input.path);
-  const size_t nameEnd = input.path.size() - kExtensionLength;
+  const std::string path = savingPath(input.path);
+  const size_t folderEnd = folderLength(path);
+  const size_t nameEnd = path.size() - kExtensionLength;
   Place place;
   if (request.outDirectory.empty()) {
-    place.root = input.path.substr(0, folderEnd);
+    place.root = path.substr(0, folderEnd);
   } else {
     place.root = asFolder(request.outDirectory);
     place.folder = input.folder;
   }
-  place.name = input.path.substr(folderEnd, nameEnd - std::min(nameEnd, folderEnd));
-  place.extension = input.path.substr(nameEnd);
+  place.name = path.substr(folderEnd, nameEnd - std::min(nameEnd, folderEnd));
+  place.extension = path.substr(nameEnd);
   if (kind->traits.player != nullptr) place.frame = frameEnding(request.frame);
   return place;
 }
@@ -107,7 +109,7 @@ std::vector<std::string> nameTargets(const CliRequest &request, std::span<const 
 void keepInputs(Targets &targets, const CliRequest &request, std::span<const CliInput> inputs) {
   for (const CliInput &input : inputs) targets.holders.emplace(identityOf(input), Targets::Holder{input.path, false});
   if (request.palette.empty()) return;
-  targets.holders.emplace(fileIdentity(request.palette), Targets::Holder{request.palette, false});
+  targets.holders.emplace(fileIdentity(systemFileOf(request.palette)), Targets::Holder{request.palette, false});
 }
 
 std::string takeTarget(Targets &targets, const std::string &target, const std::string &input) {

@@ -1,5 +1,6 @@
 #include "core/bitmap_export.h"
 
+#include "base/disk_files.h"
 #include "base/paths.h"
 #include "core/colour_numbers.h"
 #include "core/png_export.h"
@@ -42,7 +43,7 @@ ClipboardForm clipboardPng(ViewerState &viewer) {
 PixelView shownPicture(const ViewerState &viewer) { return {viewer.frameBits, viewer.frameWidth, viewer.frameHeight}; }
 
 std::string bitmapPath(const ViewerState &viewer) {
-  const std::string &path = viewer.picturePath;
+  const std::string path = savingPath(viewer.picturePath);
   if (viewer.player == nullptr) return withLastLetters(path, "bmp");
   return path.substr(0, path.size() - std::min(path.size(), kExtensionLength)) +
          frameEnding(viewer.window.HScroll1.value) + ".bmp";

@@ -10,8 +10,8 @@
 // The shown picture at its own size.
 PixelView shownPicture(const ViewerState &viewer);
 
-// The path for Save as Bitmap: the picture's file with its last three characters replaced by "bmp". A video's frame
-// adds its four-digit number.
+// The path for Save as Bitmap: where what is made of the picture's file is saved, with the last three characters
+// replaced by "bmp". A video's frame adds its four-digit number.
 std::string bitmapPath(const ViewerState &viewer);
 
 // What the number of a video's frame adds to a file's name: " - 0012".

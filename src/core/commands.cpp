@@ -1,5 +1,6 @@
 #include "core/commands.h"
 
+#include "base/disk_files.h"
 #include "base/text.h"
 #include "core/display_geometry.h"
 #include "core/display_settings.h"
@@ -80,7 +81,7 @@ void menuClose_Click(ViewerState &viewer) {
 }
 
 void menuShowInFolder_Click(ViewerState &viewer) {
-  const std::string path = viewer.platform.files->fullPath(openedPath(viewer).c_str());
+  const std::string path = viewer.platform.files->fullPath(systemFileOf(openedPath(viewer)).c_str());
   if (viewer.platform.showInFolder(viewer.platform.context, path)) return;
   showMessage(viewer, "Korilan", "Could not show " + path, MessageIcon::kWarning);
 }

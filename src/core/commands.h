@@ -22,7 +22,7 @@ void openPath(ViewerState &viewer, const std::string &path);
 // Opens the current file again.
 void menuReload_Click(ViewerState &viewer);
 
-// Shows the current file in the desktop's file manager. A failure shows a message.
+// Shows the current file, or its disk image, in the desktop's file manager. A failure shows a message.
 void menuShowInFolder_Click(ViewerState &viewer);
 
 void menuClose_Click(ViewerState &viewer);

@@ -1,28 +1,16 @@
 #include "core/folder_navigation.h"
 
+#include "base/disk_files.h"
 #include "base/paths.h"
 #include "base/text.h"
 #include "core/commands.h"
 #include "core/opening.h"
+#include "core/picture_list.h"
 
 #include <algorithm>
-#include <limits>
 #include <string_view>
 
 namespace {
-
-// A file is listed if its last four characters occur anywhere in this text, so "5 .G" is listed too: intended, one
-// search covers the whole list.
-constexpr std::string_view kSupportedExtensions =
-    ".GE5 .GE8 .DAT .CMP .PCT .STP .PIC .SC2 .SR2 .SC4 .SR4 .SC5 .SR5 .SC6 .SR6 .SC7 .SR7 .SC8 .SR8 .SCA .SRA .S10 "
-    ".SCB .SRB .S11 .SCC .SRC .S12 .GL5 .GL6 .GL7 .GL8 .GLA .GLB .GLC .HAM .G9B .SCR .TGS .SGX .VID .EVA .EV8";
-
-// folderFileCount has 16 bits.
-constexpr size_t kMaxFiles = std::numeric_limits<int16_t>::max();
-
-bool supported(const std::string &name) {
-  return kSupportedExtensions.find(upperCased(lastCharacters(name, kExtensionLength))) != std::string_view::npos;
-}
 
 // Whether `path` without `name` at its end is a folder. After a file of an unknown kind, the caption, and so the length
 // of `name`, may be another file's.
@@ -34,13 +22,36 @@ bool isFileName(std::string_view path, std::string_view name) {
 
 using Step = int (*)(int index, int count);
 
+int stepForward(int index, int count) { return index < count ? index + 1 : 1; }
+int stepBack(int index, int count) { return index > 1 ? index - 1 : count; }
+
+bool mayStep(const ViewerState &viewer) {
+  return !viewer.filePath.empty() && !videoPlaying(viewer) && viewer.activity != Activity::kLoading;
+}
+
 void openStep(ViewerState &viewer, Step step) {
-  if (viewer.filePath.empty() || videoPlaying(viewer) || viewer.activity == Activity::kLoading) return;
+  if (!mayStep(viewer)) return;
   rebuildFolderList(viewer);
   viewer.vidPlayer.headerReady = kFalse;
   if (viewer.folderFileCount == 0) return;
   viewer.folderIndex = static_cast<int16_t>(step(viewer.folderIndex, viewer.folderFileCount));
   openPath(viewer, viewer.folderPrefix + viewer.folderFiles[static_cast<size_t>(viewer.folderIndex) - 1]);
+}
+
+// The 1-based position of a name; 1 if it is not listed.
+int positionOf(const std::vector<std::string> &names, std::string_view name) {
+  const auto found = std::find(names.begin(), names.end(), name);
+  return found != names.end() ? static_cast<int>(found - names.begin()) + 1 : 1;
+}
+
+void openDiskStep(ViewerState &viewer, Step step) {
+  const std::string image = systemFileOf(openedPath(viewer));
+  if (!mayStep(viewer) || !isDiskImageName(image)) return;
+  const std::string folder = image.substr(0, folderLength(image));
+  const std::vector<std::string> images = listDiskImages(viewer, folder);
+  if (images.empty()) return;
+  const int position = step(positionOf(images, fileNameOf(image)), static_cast<int>(images.size()));
+  openPath(viewer, folder + images[static_cast<size_t>(position) - 1]);
 }
 
 } // namespace
@@ -58,23 +69,19 @@ void rebuildFolderList(ViewerState &viewer) {
     name = sameFolder ? fileNameOf(viewer.filePath) : viewer.fileName;
   }
 
-  viewer.folderFiles = viewer.platform.files->listFolder(viewer.folderPrefix.c_str());
-  std::erase_if(viewer.folderFiles, [](const std::string &file) { return !supported(file); });
-  if (viewer.display.orderByNumber) std::sort(viewer.folderFiles.begin(), viewer.folderFiles.end(), numberedBefore);
-  if (viewer.folderFiles.size() > kMaxFiles) viewer.folderFiles.resize(kMaxFiles);
+  // On a disk, paging goes through all of its folders.
+  const std::string path = viewer.folderPrefix + std::string(name);
+  if (const size_t diskEnd = diskLength(path); diskEnd != 0) {
+    viewer.folderPrefix = path.substr(0, diskEnd);
+    name = std::string_view(path).substr(diskEnd);
+  }
+  viewer.folderFiles = listPictures(viewer, viewer.folderPrefix);
   viewer.folderFileCount = static_cast<int16_t>(viewer.folderFiles.size());
-  const auto current = std::find(viewer.folderFiles.begin(), viewer.folderFiles.end(), name);
-  const bool found = current != viewer.folderFiles.end();
-  viewer.folderIndex = found ? static_cast<int16_t>(current - viewer.folderFiles.begin() + 1) : int16_t{1};
+  viewer.folderIndex = static_cast<int16_t>(positionOf(viewer.folderFiles, name));
 }
 
-void openNextFile(ViewerState &viewer) {
-  openStep(viewer, [](int index, int count) { return index < count ? index + 1 : 1; });
-}
-
-void openPreviousFile(ViewerState &viewer) {
-  openStep(viewer, [](int index, int count) { return index > 1 ? index - 1 : count; });
-}
+void openNextFile(ViewerState &viewer) { openStep(viewer, stepForward); }
+void openPreviousFile(ViewerState &viewer) { openStep(viewer, stepBack); }
 
 void openFirstFile(ViewerState &viewer) {
   openStep(viewer, [](int, int) { return 1; });
@@ -83,3 +90,6 @@ void openFirstFile(ViewerState &viewer) {
 void openLastFile(ViewerState &viewer) {
   openStep(viewer, [](int, int count) { return count; });
 }
+
+void openNextDisk(ViewerState &viewer) { openDiskStep(viewer, stepForward); }
+void openPreviousDisk(ViewerState &viewer) { openDiskStep(viewer, stepBack); }

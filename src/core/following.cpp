@@ -1,6 +1,8 @@
 #include "core/following.h"
 
 #include "base/buffers.h"
+#include "base/disk_files.h"
+#include "base/paths.h"
 #include "core/display_geometry.h"
 #include "core/opening.h"
 #include "core/palette_commands.h"
@@ -109,6 +111,7 @@ bool loadAgain(ViewerState &viewer) {
 
 void startFollowing(ViewerState &viewer) {
   viewer.following = {};
+  viewer.following.file = systemFileOf(openedPath(viewer));
   InputFile companion;
   openCompanion(viewer, companion);
   viewer.following.loaded = {stampOf(viewer.inputFile), stampOf(companion)};
@@ -116,10 +119,16 @@ void startFollowing(ViewerState &viewer) {
   noteFileChange(viewer);
 }
 
+std::string followedFolder(const ViewerState &viewer) {
+  const std::string &file = viewer.following.file;
+  return file.substr(0, folderLength(file));
+}
+
 std::vector<std::string> followedNames(const ViewerState &viewer) {
   if (!viewer.display.followChanges || viewer.fileLoaded != kTrue) return {};
-  std::vector<std::string> names{viewer.fileName};
-  if (std::string name = companionName(viewer); !name.empty()) names.push_back(std::move(name));
+  const std::string &file = viewer.following.file;
+  std::vector<std::string> names{std::string(fileNameOf(file))};
+  if (std::string name = companionName(viewer); !name.empty() && file == openedPath(viewer)) names.push_back(name);
   return names;
 }
 

@@ -12,7 +12,10 @@
 // The open file is about to be loaded: its first look is due soon, since it may change before it is watched.
 void startFollowing(ViewerState &viewer);
 
-// Names, in `folderPath`, of the files whose changes are to be reported; none if no file is followed.
+// The folder of the system that holds the open file or its disk image; it ends in a separator or is empty.
+std::string followedFolder(const ViewerState &viewer);
+
+// Names in it of the files whose changes are to be reported; none if no file is followed.
 std::vector<std::string> followedNames(const ViewerState &viewer);
 
 // One of these files may have changed. It is looked at after a time without further changes.

@@ -19,6 +19,8 @@ constexpr auto kFurtherKeys = std::to_array<HelpLine>({
     {"Page Up", "Previous picture of the folder"},
     {"Home", "First picture of the folder"},
     {"End", "Last picture of the folder"},
+    {"Ctrl+Page Down", "Next disk image of the folder"},
+    {"Ctrl+Page Up", "Previous disk image of the folder"},
     {"Esc", "Leave full screen; then Exit, if Preferences allow it"},
     {"Alt+Enter", "Full screen; so does a double click on the picture"},
     {"Space", "Play or stop a video"},
@@ -31,6 +33,7 @@ constexpr auto kFurtherKeys = std::to_array<HelpLine>({
 
 constexpr auto kTips = std::to_array<const char *>({
     "Drop a file onto the window to open it, a palette file to load its colors.",
+    "A disk image (.DSK, .DI1, .DI2, .720, .360) opens like a folder: Page Down shows the pictures of the whole disk.",
     "Save as Bitmap writes a .bmp file of the same name beside the file, at the size of the MSX picture.",
     "Save as PNG keeps the color numbers and the whole palette of the picture.",
     "A picture that another program saves is shown anew at once; Follow Changes turns that off.",

@@ -23,6 +23,12 @@ constexpr std::array<CommandKey, 4> kPagingKeys{{
     {key_code::kEnd, openLastFile},
 }};
 
+constexpr std::array<CommandKey, 2> kDiskKeys{{
+    // with Ctrl
+    {key_code::kPageUp, openPreviousDisk},
+    {key_code::kPageDown, openNextDisk},
+}};
+
 constexpr std::array<CommandKey, 3> kVideoKeys{{
     {key_code::kSpace, togglePlayback},
     {key_code::kComma, showFrameBefore},
@@ -85,6 +91,7 @@ bool isShortcut(const ViewerState &viewer, const MenuRow &row, KeyPress key) {
 bool pressKey(ViewerState &viewer, KeyPress key) {
   const bool alone = !key.ctrl && !key.alt && !key.shift;
   if (alone && runKey(viewer, kPagingKeys, key.code)) return true;
+  if (key.ctrl && !key.alt && !key.shift && runKey(viewer, kDiskKeys, key.code)) return true;
   if (alone && key.code == key_code::kEscape && pressEscape(viewer)) return true;
   if (isFullScreenKey(key)) {                        // also during a load
     if (!key.repeated) menuFullScreen_Click(viewer); // a key held down acts once

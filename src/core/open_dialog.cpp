@@ -1,6 +1,7 @@
 #include "core/open_dialog.h"
 
 #include "core/commands.h"
+#include "core/following.h"
 
 #include <span>
 
@@ -37,6 +38,7 @@ constexpr std::array<FileFilter, kPictureFilterCount> kPictureFilters{{
     {"SymbOS graphic files (*.SGX)",              "*.SGX"},
     {"SymbOS Video files (*.VID)",                "*.VID"},
     {"EVA/EV8 Video files (*.EVA;*.EV8)",         "*.EVA;*.EV8"},
+    {"Disk images (*.DSK;*.DI1;*.DI2;*.720;*.360)", "*.DSK;*.DI1;*.DI2;*.720;*.360"},
 }};
 // clang-format on
 
@@ -60,7 +62,7 @@ std::string filterList(std::span<const FileFilter> filters) {
 
 // Returns the path of the chosen file; empty if cancelled.
 std::string askFileName(const ViewerState &viewer, std::span<const FileFilter> filters) {
-  return viewer.platform.askOpenFileName(viewer.platform.context, filterList(filters), viewer.folderPath);
+  return viewer.platform.askOpenFileName(viewer.platform.context, filterList(filters), followedFolder(viewer));
 }
 
 } // namespace

@@ -11,9 +11,9 @@ struct FileFilter {
   const char *pattern;
 };
 
-inline constexpr size_t kPictureFilterCount = 28;
+inline constexpr size_t kPictureFilterCount = 29;
 
-// Pictures and videos; the kinds are also listed in the help.
+// Pictures, videos and disk images; the kinds are also listed in the help.
 extern const std::array<FileFilter, kPictureFilterCount> kPictureFilters;
 
 // Ask for a picture or video, or for a palette file. Return its path; empty if cancelled.

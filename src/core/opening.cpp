@@ -1,11 +1,14 @@
 #include "core/opening.h"
 
+#include "base/disk_files.h"
+#include "base/folders.h"
 #include "base/paths.h"
 #include "base/text.h"
 #include "core/display_geometry.h"
 #include "core/file_kinds.h"
 #include "core/file_palettes.h"
 #include "core/following.h"
+#include "core/picture_list.h"
 #include "core/rendering.h"
 #include "state/labels.h"
 #include "state/video_memory.h"
@@ -37,6 +40,22 @@ bool openFileForReading(ViewerState &viewer) {
   return opened || reportNotValid(viewer);
 }
 
+// Of a disk image: goes on with its first picture, as if that were the path. Returns false, with the error shown, if
+// there is none.
+bool enterDisk(ViewerState &viewer) {
+  const std::string folder = asFolder(viewer.filePath);
+  if (const std::vector<std::string> pictures = listPictures(viewer, folder); !pictures.empty()) {
+    viewer.filePath = folder + pictures.front();
+    viewer.fileExtension = upperCased(lastCharacters(viewer.filePath, kExtensionLength));
+    return true;
+  }
+  takeKind(viewer, kNoKind);
+  if (!openFileForReading(viewer)) return false;
+  closeInputFile(viewer.inputFile);
+  return listDiskImage(viewer.filePath) ? reportError(viewer, "*** Error: No pictures on this disk.")
+                                        : reportNotValid(viewer);
+}
+
 // Last step: shows the loaded picture or video.
 void showLoaded(ViewerState &viewer) {
   viewer.player = viewer.kind->traits.player;
@@ -54,6 +73,7 @@ void openCurrentPath(ViewerState &viewer) {
   if (characterCount(viewer.filePath) < kMinPathLength) return;
   viewer.window.menuDoubleHeight.checked = false;
   viewer.fileExtension = upperCased(lastCharacters(viewer.filePath, kExtensionLength));
+  if (isDiskImageName(viewer.filePath) && !isFolder(viewer.filePath) && !enterDisk(viewer)) return;
   const FileKind *kind = findFileKind(viewer.fileExtension);
   if (kind == nullptr) return;
   takeKind(viewer, *kind);

@@ -15,8 +15,8 @@ inline constexpr std::string_view kEmptyText = "Ctrl+O opens a picture, or drop 
 // Minimum characters of a path; a shorter one has no name before its extension and is ignored.
 inline constexpr size_t kMinPathLength = 5;
 
-// Opens `filePath`: first step (names, caption, file), load, last step (shows picture or video).
-// An unknown extension only sets `fileExtension`.
+// Opens `filePath`: first step (names, caption, file), load, last step (shows picture or video). The path of a disk
+// image becomes that of its first picture. An unknown extension only sets `fileExtension`.
 void openCurrentPath(ViewerState &viewer);
 
 // Resets to the empty window, at start-up and by the Close command.

@@ -1,5 +1,7 @@
 #include "headless/headless_platform.h"
 
+#include "base/disk_files.h"
+
 #include <string_view>
 #include <utility>
 
@@ -142,7 +144,7 @@ void exitProgram(void *context) { log(context, "exitProgram"); }
 void attachHeadless(ViewerState &viewer, HeadlessPlatform &headless) {
   headless.viewer = &viewer;
   viewer.platform = {.context = &headless,
-                     .files = &systemFiles(),
+                     .files = &filesWithDisks(),
                      .runPendingEvents = runPendingEvents,
                      .tickCount = tickCount,
                      .waitForEvents = waitForEvents,

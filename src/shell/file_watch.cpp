@@ -78,7 +78,8 @@ void takeChanges(FileWatch &watch, ViewerState &viewer) {
 } // namespace
 
 bool waitForMessages(FileWatch &watch, ViewerState &viewer) {
-  const std::string wanted = followedNames(viewer).empty() ? "" : viewer.folderPath.empty() ? ".\\" : viewer.folderPath;
+  const std::string folder = followedFolder(viewer);
+  const std::string wanted = followedNames(viewer).empty() ? "" : folder.empty() ? ".\\" : folder;
   if (wanted != watch.folderPath) startWatching(watch, wanted);
   const DWORD handles = watching(watch) ? 1 : 0;
   const DWORD delay = watch.remote ? INFINITE : followDelay(viewer).value_or(INFINITE);

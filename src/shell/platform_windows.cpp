@@ -1,5 +1,6 @@
 #include "shell/platform_windows.h"
 
+#include "base/disk_files.h"
 #include "base/windows_text.h"
 #include "shell/open_file_dialog.h"
 #include "shell/preferences_dialog.h"
@@ -188,7 +189,7 @@ void exitProgram(void *context) {
 PlatformOps windowsPlatform(MainWindow &main) {
   return {
       .context = &main,
-      .files = &systemFiles(),
+      .files = &filesWithDisks(),
       .runPendingEvents = runPendingEvents,
       .tickCount = tickCount,
       .waitForEvents = waitForEvents,

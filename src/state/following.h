@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstdint>
+#include <string>
 #include <vector>
 
 // A file at one moment; its length is -1 if it could not be read.
@@ -17,6 +18,7 @@ struct FileSnapshot {
 inline constexpr size_t kFollowedFiles = 2;
 
 struct Following {
+  std::string file;                                 // of the system: the open file, or the disk image that it is on
   std::array<FileStamp, kFollowedFiles> loaded{};   // when the load began
   std::array<FileSnapshot, kFollowedFiles> known{}; // what is shown; filled by the first look after a load
   bool knows = false;                               // `known` is filled

@@ -61,7 +61,7 @@ TEST(Keys, WhatEachDoes) {
   for (const auto &[code, works, effect] :
        {Row{'I', "cp", "showText Image Info"}, Row{'C', "cp", "copyToClipboard 162856"}, // 40 + 256 * 212 * 3
         Row{'E', "c", "showPreferences"}, Row{'Q', "c", "exitProgram"}, Row{112, "ap", "showText Korilan Help"},
-        Row{116, "ap", "presentPicture 256x212"}, Row{33, "ap", "presentPicture 256x212"}, Row{27, "p", "exitProgram"},
+        Row{116, "ap", "presentPicture 256x212"}, Row{36, "ap", "presentPicture 256x212"}, Row{27, "p", "exitProgram"},
         Row{'B', "", ""}, Row{32, "", ""}}) { // without a video
     for (const std::string press : {"a", "p", "c", "pm", "cm", "ps", "cs"}) {
       SCOPED_TRACE(std::to_string(code) + " " + press);

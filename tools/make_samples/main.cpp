@@ -1,4 +1,4 @@
-// make_samples DIR: writes all sample pictures below DIR, the unusual ones in DIR/odd.
+// make_samples DIR: writes all sample pictures and disk images below DIR, the unusual ones in DIR/odd.
 
 #include <cstdio>
 #include <filesystem>
@@ -49,6 +49,9 @@ int main(int argumentCount, char **arguments) {
     for (const samples::CompanionFile &companion : picture.companions) {
       if (!write(companion.name, companion.bytes)) return 1;
     }
+  }
+  for (const samples::SampleDisk &disk : samples::allSampleDisks()) {
+    if (!write(disk.name, disk.bytes)) return 1;
   }
   return 0;
 }
