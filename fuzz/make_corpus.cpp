@@ -1,6 +1,7 @@
 // Writes the seeds of each fuzz target, made from the samples, into folders of their own. Usage: make_corpus FOLDER
 #include "core/file_kinds.h"
 #include "base/text.h"
+#include "disk_image_maker.h"
 #include "sample_pictures.h"
 
 #include <algorithm>
@@ -68,6 +69,13 @@ int main(int argumentCount, char **arguments) {
     for (const Bytes &entries : {Bytes(32), Bytes(32, 0x07), Bytes(32, 0x80), Bytes(31)}) {
       corpus.add("palette_file", colours, entries);
     }
+  }
+  const std::vector<samples::FileOnDisk> files{
+      {"A.SC5", Bytes(3000, 1)}, {"F/B.SC7", Bytes(2000, 2)}, {"F/C.SC8", Bytes(9)}};
+  for (const samples::DiskForm &form : {samples::DiskForm{.sectors = 32, .sectorsOfFat = 1},
+                                        {.media = 0xFA, .sectors = 32, .sectorsOfFat = 1, .hasBootSector = false},
+                                        {.sectors = 48, .sectorsOfFat = 2, .step = 5}}) {
+    corpus.add("disk_image", {}, samples::makeDiskImage(form, files));
   }
   for (const std::string line : {"C:\\pics\\a.SC5", "\"C:\\my pics\\a.SC5\"", "\"a.SC5\" \"b.SC5\"", "a.SC5 C:\\b.SC5",
                                  "convert\n--frame\n3\n-d\nout\na.EVA", "info\n--json\na.SC5", "video\na.EVA\n-o\n-"}) {

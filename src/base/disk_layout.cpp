@@ -72,7 +72,7 @@ std::optional<DiskLayout> fromBootSector(std::span<const uint8_t> boot, int64_t 
 // Of an image that was cut, at least the start of the root folder is there.
 std::optional<DiskLayout> fromMedia(uint8_t media, int64_t imageBytes) {
   if (media >= kFirstMedia) {
-    const DiskLayout layout = layoutOf(kGeometries[size_t{media} - kFirstMedia]);
+    const DiskLayout layout = layoutOf(kGeometries[static_cast<size_t>(media - kFirstMedia)]);
     return imageBytes > layout.rootStart ? std::optional(layout) : std::nullopt;
   }
   for (const Geometry &geometry : {kGeometries[1], kGeometries[0]}) {

@@ -26,13 +26,21 @@ bool isOpened(const std::string &name) {
   return findFileKind(upperCased(lastCharacters(name, kExtensionLength))) != nullptr;
 }
 
-// A disk image that holds no picture is an input itself, and refused.
+// The paths of the pictures on a disk image; none for another file.
+std::vector<std::string> picturesOn(const std::string &path) {
+  std::vector<std::string> paths;
+  if (!isDiskImageName(path)) return paths;
+  for (const std::string &name : listDiskImage(path).value_or(std::vector<std::string>())) {
+    if (isOpened(name)) paths.push_back(asFolder(path) + name);
+  }
+  return paths;
+}
+
+// A disk image without pictures is an input itself, and refused.
 void addFile(const std::string &path, const std::string &folder, std::vector<CliInput> &inputs) {
-  std::vector<std::string> onDisk;
-  if (isDiskImageName(path)) onDisk = listDiskImage(path).value_or(onDisk);
-  std::erase_if(onDisk, [](const std::string &name) { return !isOpened(name); });
-  for (const std::string &name : onDisk) inputs.push_back({.path = asFolder(path) + name, .folder = folder});
-  if (onDisk.empty()) inputs.push_back({.path = path, .folder = folder});
+  const std::vector<std::string> onDisk = picturesOn(path);
+  if (onDisk.empty()) inputs.emplace_back(CliInput{.path = path, .folder = folder});
+  for (const std::string &picture : onDisk) inputs.emplace_back(CliInput{.path = picture, .folder = folder});
 }
 
 // The entries of a folder by name, the last one first.

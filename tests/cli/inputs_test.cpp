@@ -2,6 +2,7 @@
 
 #include "base/paths.h"
 #include "cli/target_names.h"
+#include "disk_image_maker.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -16,6 +17,8 @@ TEST(CliInputs, AreFoundInFoldersByName) {
   for (const char *name : {"b", "b/c", "a.SC5", "empty"}) std::filesystem::create_directories(folder.path + name);
   for (const char8_t *name : {u8"b.SC5", u8"b/z.sc8", u8"b/c/y.EVA", u8"b/x.TXT", u8".SC5", u8"a.SC5/a.SC6"})
     folder.write(name, {});
+  folder.write(u8"b/d.DSK", samples::makeDiskImage({}, {{"F/2.SC5", {}}, {"1.SC5", {}}, {"X.TXT", {}}}));
+  folder.write(u8"b/e.360", {});
   std::error_code error; // a system may not allow links
   std::filesystem::create_directory_symlink(folder.path, folder.path + "again", error);
   std::string found;
@@ -25,7 +28,8 @@ TEST(CliInputs, AreFoundInFoldersByName) {
     found += input.path.substr(folder.path.size()) + "(" + input.folder + input.failure + ") ";
   }
   std::replace(found.begin(), found.end(), separator, '/');
-  EXPECT_EQ(found, "missing.SC5() a.SC5/a.SC6(a.SC5/) b/c/y.EVA(b/c/) b/z.sc8(b/) b.SC5() "
+  EXPECT_EQ(found, "missing.SC5() a.SC5/a.SC6(a.SC5/) b/c/y.EVA(b/c/) b/d.DSK/1.SC5(b/) b/d.DSK/F/2.SC5(b/) "
+                   "b/e.360(b/) b/z.sc8(b/) b.SC5() "
                    "empty(holds no file that Korilan opens) ");
 }
 
@@ -68,7 +72,9 @@ TEST(CliTargetNames, AreUniqueAndDependOnTheInputsAlone) {
         Row{beside, {"A.SC4.SC5", "A.SC4", "A.SC4", "A.SC5"}, "A.SC4, A.SC4 (2), A.SC4 (3), A.SC5, "},
         Row{beside, {"A.SC4", "y/A.SC4"}, "A, y/A, "},
         Row{toX, {"A.SC4", "y/A.SC4", "y/z/A.SC4", "y/A.bmp"}, "A.SC4, A.SC4 (2), A.SC4 (3), , "},
-        Row{toX, {"A.SC4", "A.bmp"}, "A.SC4, , "}}) {
+        Row{toX, {"A.SC4", "A.bmp"}, "A.SC4, , "},
+        Row{beside, {"G.DSK/A.SC5", "G.DSK/F/A.SC5", "G F A.SC7"}, "G A, G F A.SC5, G F A.SC7, "},
+        Row{toX, {"G.DSK/A.SC5", "y/G.DSK/A.SC5"}, "G A.SC5, G A.SC5 (2), "}}) {
     EXPECT_EQ(namesOf(request, files), systemPath(names));
   }
 #ifdef _WIN32
