@@ -65,8 +65,8 @@ void makeDistinct(std::vector<Entry> &entries) {
     const auto [first, isNew] = names.emplace(entry.name, 1);
     if (isNew) continue;
     const size_t dot = std::min(entry.name.rfind('.'), entry.name.size());
-    const std::string start = entry.name.substr(0, dot) + "~", end = entry.name.substr(dot);
-    do entry.name = start + std::to_string(++first->second) + end;
+    const std::string name = entry.name;
+    do entry.name = std::string(name).insert(dot, "~" + std::to_string(++first->second));
     while (!names.emplace(entry.name, 1).second);
   }
 }
@@ -177,21 +177,25 @@ bool findFile(const DiskImage &disk, std::string_view path, DiskFile &file) {
 }
 
 size_t readFile(const DiskImage &disk, const DiskFile &file, int64_t offset, uint8_t *into, size_t count) {
-  const int64_t left = std::max(int64_t{0}, file.length - offset);
-  const auto given = static_cast<size_t>(std::min(static_cast<uint64_t>(left), static_cast<uint64_t>(count)));
-  for (std::span<uint8_t> rest(into, given); !rest.empty();) {
-    const auto index = static_cast<size_t>(offset / disk.layout.clusterBytes);
-    const int64_t inCluster = offset % disk.layout.clusterBytes;
-    const size_t bytes = std::min(rest.size(), static_cast<size_t>(disk.layout.clusterBytes - inCluster));
-    if (index < file.clusters.size()) {
-      readImage(disk, startOf(disk, file.clusters[index]) + inCluster, rest.first(bytes));
-    } else {
-      std::fill(rest.begin(), rest.end(), uint8_t{0});
-      break;
+  const int64_t clusterBytes = disk.layout.clusterBytes;
+  const auto left = static_cast<uint64_t>(std::max(int64_t{0}, file.length - offset));
+  const auto given = static_cast<size_t>(std::min(left, static_cast<uint64_t>(count)));
+  std::span<uint8_t> rest(into, given);
+  while (!rest.empty()) {
+    auto index = static_cast<size_t>(offset / clusterBytes);
+    if (index >= file.clusters.size()) break;
+    const int64_t start = startOf(disk, file.clusters[index]) + offset % clusterBytes;
+    int64_t bytes = clusterBytes - offset % clusterBytes;
+    // Clusters side by side are read at once.
+    for (; index + 1 < file.clusters.size() && file.clusters[index + 1] == file.clusters[index] + 1; ++index) {
+      bytes += clusterBytes;
     }
-    rest = rest.subspan(bytes);
-    offset += static_cast<int64_t>(bytes);
+    bytes = std::min(bytes, std::ssize(rest));
+    readImage(disk, start, rest.first(static_cast<size_t>(bytes)));
+    rest = rest.subspan(static_cast<size_t>(bytes));
+    offset += bytes;
   }
+  std::fill(rest.begin(), rest.end(), uint8_t{0});
   return given;
 }
 
