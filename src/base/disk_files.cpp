@@ -24,11 +24,13 @@ std::string imageOf(std::string_view path, size_t diskEnd) { return std::string(
 
 FileHandle openForReading(const char *path) {
   auto file = std::make_unique<OpenFile>();
-  file->system = systemFiles().openForReading(path);
-  if (file->system != nullptr) return file.release();
   const std::string_view text = path;
   const size_t diskEnd = diskLength(text);
-  if (diskEnd == 0 || !openDisk(file->disk, systemFiles(), imageOf(text, diskEnd))) return nullptr;
+  if (diskEnd == 0) {
+    file->system = systemFiles().openForReading(path);
+    return file->system != nullptr ? file.release() : nullptr;
+  }
+  if (!openDisk(file->disk, systemFiles(), imageOf(text, diskEnd))) return nullptr;
   if (findFile(file->disk, text.substr(diskEnd), file->file)) return file.release();
   closeDisk(file->disk);
   return nullptr;
@@ -66,6 +68,14 @@ std::vector<std::string> listFilesOf(const char *folder) {
   return names;
 }
 
+std::string fullPathOf(const char *path) {
+  const std::string_view text = path;
+  const size_t diskEnd = diskLength(text);
+  if (diskEnd == 0) return systemFiles().fullPath(path);
+  const std::string image = systemFiles().fullPath(imageOf(text, diskEnd).c_str());
+  return asFolder(image) + std::string(text.substr(diskEnd)); // the system may take names on the disk for devices
+}
+
 } // namespace
 
 const FileOps &filesWithDisks() {
@@ -77,6 +87,7 @@ const FileOps &filesWithDisks() {
     layered.readAt = readAt;
     layered.close = closeFile;
     layered.listFolder = listFilesOf;
+    layered.fullPath = fullPathOf;
     return layered;
   }();
   return files;
@@ -88,11 +99,16 @@ bool isDiskImageName(std::string_view path) {
   return std::find(kExtensions.begin(), kExtensions.end(), extension) != kExtensions.end();
 }
 
+bool isDiskImage(const std::string &path) { return isDiskImageName(path) && !isFolder(path); }
+
+// "A.DSK\..\B.SC5" is a file of Windows, and "A.DSK\B.SC5" may be a name elsewhere: what the system knows is its own.
 size_t diskLength(std::string_view path) {
   size_t end = path.find_first_of(kFolderSeparators);
   for (; end != std::string_view::npos; end = path.find_first_of(kFolderSeparators, end + 1)) {
-    const std::string_view start = path.substr(0, end);
-    if (isDiskImageName(start) && !isFolder(std::string(start))) return end + 1;
+    const std::string start(path.substr(0, end));
+    if (!isDiskImage(start) || !systemFiles().exists(start.c_str())) continue;
+    const bool isPlace = end + 1 == path.size();
+    return isPlace || !systemFiles().exists(std::string(path).c_str()) ? end + 1 : 0;
   }
   return 0;
 }
@@ -126,7 +142,6 @@ std::string savingPath(const std::string &path) {
   std::string inner = path.substr(diskEnd);
   for (char &letter : inner) {
     if (kFolderSeparators.find(letter) != std::string_view::npos) letter = ' ';
-    if (std::string_view("<>:\"|?*").find(letter) != std::string_view::npos) letter = '_'; // in no name of Windows
   }
   return path.substr(0, diskEnd - 1 - kExtensionLength) + " " + inner;
 }

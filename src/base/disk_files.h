@@ -14,7 +14,10 @@ const FileOps &filesWithDisks();
 // Whether a file of that name is opened as a disk image.
 bool isDiskImageName(std::string_view path);
 
-// How much of a path is that of a disk image, with the separator behind it; 0 if it leads to no file on one.
+// The same, and it is no folder.
+bool isDiskImage(const std::string &path);
+
+// How much of a path is that of a disk image, with the separator behind it; 0 if it leads to no place on one.
 size_t diskLength(std::string_view path);
 
 // The system's file that holds a file: its disk image, or itself.

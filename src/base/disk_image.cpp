@@ -73,7 +73,7 @@ void makeDistinct(std::vector<Entry> &entries) {
 
 // Adds the entries that `bytes` hold. Returns false after the last one of the folder.
 bool addEntries(std::span<const uint8_t> bytes, std::vector<Entry> &entries) {
-  constexpr size_t kMaxEntries = 65'536; // no folder has more
+  constexpr size_t kMaxEntries = 4096; // no folder of a floppy has more
   constexpr uint8_t kEnd = 0x00, kDeleted = 0xE5;
   constexpr uint8_t kHidden = 0x02, kVolumeLabel = 0x08, kFolder = 0x10;
   for (; bytes.size() >= kEntryBytes; bytes = bytes.subspan(kEntryBytes)) {
@@ -104,10 +104,10 @@ std::vector<Entry> readRoot(const DiskImage &disk) {
 }
 
 // `met`: the clusters of all folders read so far, since folders may be chained to each other.
-std::vector<Entry> readSubFolder(const DiskImage &disk, const Entry &folder, ClusterSet &met) {
+std::vector<Entry> readSubFolder(const DiskImage &disk, int64_t firstCluster, ClusterSet &met) {
   std::vector<uint8_t> bytes(static_cast<size_t>(disk.layout.clusterBytes));
   std::vector<Entry> entries;
-  for (const uint16_t cluster : takeChain(disk, folder.firstCluster, met)) {
+  for (const uint16_t cluster : takeChain(disk, firstCluster, met)) {
     readImage(disk, startOf(disk, cluster), bytes);
     if (!addEntries(bytes, entries)) break;
   }
@@ -131,10 +131,12 @@ std::vector<Entry> readFolder(const DiskImage &disk, std::string_view folder) {
   ClusterSet met = noClusters(disk);
   while (!folder.empty()) {
     const size_t nameEnd = std::min(folder.find_first_of(kFolderSeparators), folder.size() - 1);
-    const Entry *entry = findEntry(entries, folder.substr(0, nameEnd), true);
-    if (entry == nullptr) return {};
-    entries = readSubFolder(disk, Entry(*entry), met);
+    const std::string_view name = folder.substr(0, nameEnd);
     folder.remove_prefix(nameEnd + 1);
+    if (name.empty() || name == ".") continue;
+    const Entry *entry = findEntry(entries, name, true);
+    if (entry == nullptr) return {};
+    entries = readSubFolder(disk, entry->firstCluster, met);
   }
   return entries;
 }
@@ -208,29 +210,33 @@ std::vector<std::string> listFolder(const DiskImage &disk, std::string_view fold
 }
 
 std::vector<std::string> listAllFiles(const DiskImage &disk) {
-  constexpr size_t kMaxFiles = 32'767;
-  constexpr size_t kMaxDepth = 32; // the machine's system knows 31: its paths have 63 characters
+  constexpr size_t kMaxFiles = 32'767; // more than a floppy holds
+  constexpr size_t kMaxDepth = 32;     // the machine's system knows 31: its paths have 63 characters
   struct Folder {
     std::string path;
-    size_t depth;
-    Entry entry;
+    size_t depth = 0;
+    int64_t firstCluster = 0;
   };
   std::vector<std::string> paths;
-  ClusterSet met = noClusters(disk);
+  ClusterSet met = noClusters(disk), begun = met;
   std::vector<Folder> pending; // the next one last
   std::vector<Entry> entries = readRoot(disk);
-  Folder current{};
-  for (;;) {
+  for (Folder current;;) {
     for (const Entry &entry : entries) {
       if (!entry.isFolder && paths.size() < kMaxFiles) paths.push_back(current.path + entry.name);
     }
     for (auto entry = entries.rbegin(); entry != entries.rend() && current.depth < kMaxDepth; ++entry) {
-      if (!entry->isFolder) continue;
-      pending.push_back({current.path + entry->name + kFolderSeparators.back(), current.depth + 1, *entry});
+      if (!entry->isFolder || !isCluster(disk, entry->firstCluster)) continue;
+      // Of two folders that begin with one cluster, only one can be read.
+      auto isBegun = begun[static_cast<size_t>(entry->firstCluster)];
+      if (isBegun) continue;
+      isBegun = true;
+      pending.push_back(
+          {current.path + entry->name + kFolderSeparators.back(), current.depth + 1, entry->firstCluster});
     }
     if (pending.empty()) return paths;
     current = std::move(pending.back());
     pending.pop_back();
-    entries = readSubFolder(disk, current.entry, met);
+    entries = readSubFolder(disk, current.firstCluster, met);
   }
 }

@@ -12,12 +12,11 @@ static_assert(kUpperHalf.size() == 128);
 constexpr char16_t kControlPictures = u'\u2400'; // of 0x00 to 0x1F
 
 char16_t characterOf(uint8_t byte) {
-  switch (byte) {
-  case '.': return u'\u2024';
-  case '/': return u'\u2215';
-  case '\\': return u'\u2216';
-  case 0x7F: return u'\u2421';
-  default: break;
+  constexpr std::string_view kReserved = ".\"*/:<>?\\|\x7F";
+  constexpr std::u16string_view kLikeReserved = u"\u2024\u2033\u2217\u2215\u2236\u2039\u203A\uFF1F\u2216\u2223\u2421";
+  static_assert(kReserved.size() == kLikeReserved.size());
+  if (const size_t index = kReserved.find(static_cast<char>(byte)); index != std::string_view::npos) {
+    return kLikeReserved[index];
   }
   if (byte < ' ') return static_cast<char16_t>(kControlPictures + byte);
   return byte < 0x80 ? byte : kUpperHalf[byte - size_t{0x80}];

@@ -1,5 +1,6 @@
 #include "cli/convert.h"
 
+#include "base/disk_files.h"
 #include "base/folders.h"
 #include "base/paths.h"
 #include "base/threads.h"
@@ -30,7 +31,7 @@ std::string targetOf(const ViewerState &viewer, const Conversion &conversion, si
   const CliRequest &request = conversion.request;
   if (!request.outPath.empty()) return request.outPath;
   if (conversion.inputs[input].standardInput && request.outDirectory.empty()) return kStandardStream;
-  const std::string ending = bitmapPath(viewer).substr(viewer.picturePath.size() - kExtensionLength);
+  const std::string ending = bitmapPath(viewer).substr(savingPath(viewer.picturePath).size() - kExtensionLength);
   return conversion.names[input] + withLastLetters(ending, lettersOf(request.format));
 }
 

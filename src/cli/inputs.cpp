@@ -22,16 +22,15 @@ constexpr bool kExpandsPatterns = false;
 
 constexpr char kSeparator = kFolderSeparators.back();
 
-bool isOpened(const std::string &name) {
-  return findFileKind(upperCased(lastCharacters(name, kExtensionLength))) != nullptr;
-}
-
-// The paths of the pictures on a disk image; none for another file.
+// The paths of the pictures on a disk image or in a folder on it; none for another file.
 std::vector<std::string> picturesOn(const std::string &path) {
   std::vector<std::string> paths;
-  if (!isDiskImageName(path)) return paths;
-  for (const std::string &name : listDiskImage(path).value_or(std::vector<std::string>())) {
-    if (isOpened(name)) paths.push_back(asFolder(path) + name);
+  const std::string folder = asFolder(path);
+  const size_t diskEnd = isOpened(path) ? 0 : diskLength(folder);
+  if (diskEnd == 0) return paths;
+  for (const std::string &name : listDiskImage(systemFileOf(folder)).value_or(std::vector<std::string>())) {
+    const std::string picture = folder.substr(0, diskEnd) + name;
+    if (picture.starts_with(folder) && isOpened(name)) paths.push_back(picture);
   }
   return paths;
 }

@@ -1,5 +1,7 @@
 #include "core/file_kinds.h"
 
+#include "base/paths.h"
+#include "base/text.h"
 #include "formats/dd_graph.h"
 #include "formats/publisher_page.h"
 #include "formats/symbos_graphic.h"
@@ -90,6 +92,10 @@ const FileKind *findFileKind(std::string_view extension) {
   const auto row = std::find_if(kFileKinds.begin(), kFileKinds.end(),
                                 [extension](const FileKind &kind) { return extension == kind.extension; });
   return row != kFileKinds.end() ? &*row : nullptr;
+}
+
+bool isOpened(std::string_view path) {
+  return findFileKind(upperCased(lastCharacters(path, kExtensionLength))) != nullptr;
 }
 
 void takeKind(ViewerState &viewer, const FileKind &kind) {

@@ -1,7 +1,6 @@
 #include "core/opening.h"
 
 #include "base/disk_files.h"
-#include "base/folders.h"
 #include "base/paths.h"
 #include "base/text.h"
 #include "core/display_geometry.h"
@@ -73,7 +72,7 @@ void openCurrentPath(ViewerState &viewer) {
   if (characterCount(viewer.filePath) < kMinPathLength) return;
   viewer.window.menuDoubleHeight.checked = false;
   viewer.fileExtension = upperCased(lastCharacters(viewer.filePath, kExtensionLength));
-  if (isDiskImageName(viewer.filePath) && !isFolder(viewer.filePath) && !enterDisk(viewer)) return;
+  if (isDiskImage(viewer.filePath) && !enterDisk(viewer)) return;
   const FileKind *kind = findFileKind(viewer.fileExtension);
   if (kind == nullptr) return;
   takeKind(viewer, *kind);

@@ -3,6 +3,7 @@
 #include "base/disk_files.h"
 #include "base/paths.h"
 #include "base/text.h"
+#include "core/file_kinds.h"
 
 #include <algorithm>
 #include <limits>
@@ -34,13 +35,6 @@ void orderByNumber(std::vector<std::string> &paths) {
   }
 }
 
-std::vector<std::string> filesIn(const ViewerState &viewer, const std::string &folder) {
-  if (diskLength(folder) == folder.size() && !folder.empty()) {
-    return listDiskImage(systemFileOf(folder)).value_or(std::vector<std::string>());
-  }
-  return viewer.platform.files->listFolder(folder.c_str());
-}
-
 std::vector<std::string> listed(const ViewerState &viewer, std::vector<std::string> paths, auto wanted) {
   std::erase_if(paths, [wanted](const std::string &path) { return !wanted(path); });
   if (viewer.display.orderByNumber) orderByNumber(paths);
@@ -51,7 +45,9 @@ std::vector<std::string> listed(const ViewerState &viewer, std::vector<std::stri
 } // namespace
 
 std::vector<std::string> listPictures(const ViewerState &viewer, const std::string &folder) {
-  return listed(viewer, filesIn(viewer, folder), supported);
+  const bool isDisk = !folder.empty() && diskLength(folder) == folder.size();
+  if (!isDisk) return listed(viewer, viewer.platform.files->listFolder(folder.c_str()), supported);
+  return listed(viewer, listDiskImage(systemFileOf(folder)).value_or(std::vector<std::string>()), isOpened);
 }
 
 std::vector<std::string> listDiskImages(const ViewerState &viewer, const std::string &folder) {

@@ -19,7 +19,8 @@ struct DiskViewer : TestViewer {
   DiskViewer() {
     viewer.platform.files = &filesWithDisks();
     folder.write(u8"PLAIN.SC5", kScreen);
-    folder.write(u8"B.DSK", samples::makeDiskImage({}, {{"P10.SC5", kScreen},
+    folder.write(u8"B.DSK", samples::makeDiskImage({}, {{"SC", {1}},
+                                                        {"P10.SC5", kScreen},
                                                         {"README.TXT", {1}},
                                                         {"P2.SC7", kScreen},
                                                         {"ART/C:D.SC5", kScreen},
@@ -52,7 +53,7 @@ TEST(Disks, OpenLikeFolders) {
   EXPECT_NE(imageInfo(window.viewer).find("Folder:\t" + folder + "B.DSK" + window.separator + "\n"), std::string::npos);
   EXPECT_EQ(followedFolder(window.viewer) + followedNames(window.viewer)[0], folder + "B.DSK");
   EXPECT_EQ(window.viewer.recentFiles.size(), 1U);
-  for (const char *next : {"B.DSK/P2.SC7 shown", "B.DSK/ART/C:D.SC5 shown",
+  for (const char *next : {"B.DSK/P2.SC7 shown", "B.DSK/ART/C\u2236D.SC5 shown",
                            "B.DSK/BAD/E.G9B *** Error: Not a valid .G9B file.", "B.DSK/P10.SC5 shown"}) {
     EXPECT_EQ(window.press(kPageDown), next);
   }
@@ -60,17 +61,19 @@ TEST(Disks, OpenLikeFolders) {
   openPath(window.viewer, folder + "B.DSK");
   EXPECT_EQ(window.now(), "B.DSK/P2.SC7 shown");
   EXPECT_EQ(window.press(kPageDown), "B.DSK/P10.SC5 shown");
-  EXPECT_EQ(window.press(kPageDown), "B.DSK/ART/C:D.SC5 shown");
-  EXPECT_EQ(bitmapPath(window.viewer), folder + "B ART C_D.bmp");
+  EXPECT_EQ(window.press(kPageDown), "B.DSK/ART/C\u2236D.SC5 shown");
+  EXPECT_EQ(bitmapPath(window.viewer), folder + "B ART C\u2236D.bmp");
 
   EXPECT_EQ(window.press(kPageDown, true), "C.di1 *** Error: No pictures on this disk.");
   EXPECT_EQ(window.viewer.window.caption, "Korilan - C.di1");
-  EXPECT_EQ(window.viewer.picturePath, folder + "B.DSK" + window.separator + "ART" + window.separator + "C:D.SC5");
+  EXPECT_EQ(window.viewer.picturePath, folder + "B.DSK" + window.separator + "ART" + window.separator + "C\u2236D.SC5");
   EXPECT_EQ(window.press(kPageDown, true), "D.720 *** Error: Not a valid .720 file.");
   EXPECT_EQ(window.press(kPageDown, true), "B.DSK/P2.SC7 shown");
   EXPECT_EQ(window.press(kPageUp, true), "D.720 *** Error: Not a valid .720 file.");
   openPath(window.viewer, folder + "E.DSK"); // a folder is ignored
   EXPECT_EQ(window.viewer.window.caption, "Korilan - D.720");
+  openPath(window.viewer, folder + "E.DSK" + window.separator + ".." + window.separator + "PLAIN.SC5");
+  EXPECT_EQ(savingPath(window.viewer.filePath), window.viewer.filePath);
   openPath(window.viewer, folder + "PLAIN.SC5");
   EXPECT_EQ(window.press(kPageDown, true), "PLAIN.SC5 shown");
   EXPECT_EQ(bitmapPath(window.viewer), folder + "PLAIN.bmp");
@@ -90,7 +93,7 @@ TEST(Disks, AChangedImageIsFollowedByTheShownFile) {
   Bytes other = kScreen;
   other[7] = 0xFF;
   follow(samples::makeDiskImage({}, {{"P10.SC5", kScreen}})); // the first look may come before the clock shows a change
-  EXPECT_FALSE(follow(samples::makeDiskImage({}, {{"P10.SC5", kScreen}, {"NEW.SC5", other}})));
+  EXPECT_FALSE(follow(samples::makeDiskImage({}, {{"SC", {1}}, {"P10.SC5", kScreen}, {"NEW.SC5", other}})));
   EXPECT_TRUE(follow(samples::makeDiskImage({}, {{"NEW.SC5", other}, {"P10.SC5", other}})));
   EXPECT_EQ(window.now(), "B.DSK/P10.SC5 shown");
   EXPECT_FALSE(follow({}));
