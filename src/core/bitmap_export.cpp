@@ -45,8 +45,8 @@ PixelView shownPicture(const ViewerState &viewer) { return {viewer.frameBits, vi
 std::string bitmapPath(const ViewerState &viewer) {
   const std::string path = savingPath(viewer.picturePath);
   if (viewer.player == nullptr) return withLastLetters(path, "bmp");
-  return path.substr(0, path.size() - std::min(path.size(), kExtensionLength)) +
-         frameEnding(viewer.window.HScroll1.value) + ".bmp";
+  return path.substr(0, path.size() - std::min(path.size(), kExtensionLength)) + frameEnding(viewer.run.shownFrame) +
+         ".bmp";
 }
 
 std::string frameEnding(int32_t frame) {

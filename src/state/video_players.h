@@ -28,6 +28,7 @@ struct VideoPlayer {
 // The current frame and its run.
 struct VideoRun {
   int32_t currentFrame = 0;
+  int32_t shownFrame = 0; // the picture's; during a run scroll bar and status line follow later
   int32_t startFrame = 0;
   uint32_t startTicks = 0; // tick count at the start of the run
   uint32_t heldTicks = 0;  // tick count at which the run was paused

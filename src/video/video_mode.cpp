@@ -74,6 +74,7 @@ void drawVideoFrame(ViewerState &viewer, const PixelView &frame) {
     const size_t count = std::min(columns, frame.words.size() - y * rowPixels);
     std::copy_n(frame.words.data() + y * rowPixels, count, viewer.frameBits.data() + y * width);
   }
+  viewer.run.shownFrame = viewer.run.currentFrame;
   ++viewer.window.pictureSerial;
   // The old one is of the last frame. A command's text stays during a run.
   if (!videoPlaying(viewer) || !viewer.window.readout.ofCommand) viewer.window.readout = {};

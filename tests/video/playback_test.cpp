@@ -1,5 +1,6 @@
 #include "video/playback.h"
 
+#include "core/bitmap_export.h"
 #include "core/keys.h"
 #include "video/video_files.h"
 
@@ -68,6 +69,8 @@ void noEvent(ViewerState &viewer, const std::string &) {
   EXPECT_EQ(viewer.window.HScroll1.value, frame);
   EXPECT_EQ(viewer.window.Label4, "Frame: " + std::to_string(frame));
   EXPECT_EQ(itemsDuringNoRun(viewer.window), 0);
+  const uint32_t picture = viewer.frameBits[0] / kYjk[0] - 1; // one ahead while it waits to be due
+  EXPECT_EQ(bitmapPath(viewer), "x - 000" + std::to_string(picture) + ".bmp");
 }
 
 void open(ViewerState &viewer, const std::string &path) { openPath(viewer, path); }
@@ -87,6 +90,7 @@ TEST(Playback, AnyCommandAtAnyEvent) {
         Row{open, "other.VID", true, "Korilan - other.VID"}, Row{open, ".VID", false, same},
         Row{[](ViewerState &viewer, auto) { Image1_Click(viewer); }, "Play", false, same},
         Row{[](ViewerState &viewer, auto) { HScroll1_Change(viewer, 3); }, "scroll", false, same},
+        Row{[](ViewerState &viewer, auto) { menuSaveBMP_Click(viewer); }, "Save", false, same},
         Row{pressKeys, "!\"#$\xBC\xBE", false, same}}) { // paging, comma, period
     TestViewer test;
     memoryDisk() = {{"picture.SC8", kScreen8File}, {"bad.VID", {1, 2, 3}}, {"x.EVA", evaFile(5)}};
