@@ -25,13 +25,30 @@ void closeFolder(FileWatch &watch) {
 }
 
 void requestChanges(FileWatch &watch) {
-  constexpr DWORD kFilter = FILE_NOTIFY_CHANGE_FILE_NAME | FILE_NOTIFY_CHANGE_LAST_WRITE | FILE_NOTIFY_CHANGE_SIZE;
+  constexpr DWORD kFilter = FILE_NOTIFY_CHANGE_FILE_NAME | FILE_NOTIFY_CHANGE_DIR_NAME | FILE_NOTIFY_CHANGE_LAST_WRITE |
+                            FILE_NOTIFY_CHANGE_SIZE;
   const bool requested = ReadDirectoryChangesW(watch.folder, watch.changes.data(), sizeof watch.changes, FALSE, kFilter,
                                                nullptr, &watch.request, nullptr);
   if (!requested) closeFolder(watch);
 }
 
 // Other programs can still rename and delete the folder.
+HANDLE openFolder(const std::wstring &path) {
+  return CreateFileW(path.c_str(), FILE_LIST_DIRECTORY, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                     OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OVERLAPPED, nullptr);
+}
+
+void openNearestFolder(FileWatch &watch, std::wstring path) {
+  for (;;) {
+    watch.folder = openFolder(path);
+    const size_t end = path.find_last_not_of(L'\\');
+    const size_t separator = end == std::wstring::npos ? end : path.rfind(L'\\', end);
+    if (watching(watch) || separator == std::wstring::npos) return;
+    watch.missing = toUtf8(std::wstring_view(path).substr(separator + 1, end - separator));
+    path.resize(separator + 1);
+  }
+}
+
 void startWatching(FileWatch &watch, const std::string &folderPath) {
   stopWatching(watch);
   watch.folderPath = folderPath;
@@ -40,9 +57,7 @@ void startWatching(FileWatch &watch, const std::string &folderPath) {
   if (folderPath.empty() || watch.remote) return;
   watch.request.hEvent = CreateEventW(nullptr, TRUE, FALSE, nullptr);
   if (watch.request.hEvent == nullptr) return;
-  watch.folder =
-      CreateFileW(folder.c_str(), FILE_LIST_DIRECTORY, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                  OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OVERLAPPED, nullptr);
+  openNearestFolder(watch, fullPathOf(folder));
   if (watching(watch)) requestChanges(watch);
 }
 
@@ -71,7 +86,8 @@ void takeChanges(FileWatch &watch, ViewerState &viewer) {
   DWORD bytes = 0;
   const bool exists = GetOverlappedResult(watch.folder, &watch.request, &bytes, FALSE) ||
                       GetLastError() == ERROR_NOTIFY_ENUM_DIR; // too many changes
-  if (reports(watch, bytes, followedNames(viewer))) noteFileChange(viewer);
+  const auto names = watch.missing.empty() ? followedNames(viewer) : std::vector<std::string>{watch.missing};
+  if (reports(watch, bytes, names)) noteFileChange(viewer);
   exists ? requestChanges(watch) : closeFolder(watch);
 }
 

@@ -1,4 +1,5 @@
-// Watches the folder of the open file. The system signals changes: nothing is polled, and nothing happens without one.
+// Watches the folder of the open file, or where it is to be made again if it was deleted. The system signals changes:
+// nothing is polled, and nothing happens without one.
 #pragma once
 
 #include "state/viewer_state.h"
@@ -9,11 +10,12 @@
 #include <string>
 
 struct FileWatch {
-  std::string folderPath; // of the followed file; empty: none
-  bool remote = false;    // on a network drive: nothing is watched
-  HANDLE folder = INVALID_HANDLE_VALUE;
-  OVERLAPPED request{};              // the system fills `changes` and sets its event
-  std::array<DWORD, 4096> changes{}; // FILE_NOTIFY_INFORMATION, one after another
+  std::string folderPath;               // of the followed file; empty: none
+  bool remote = false;                  // on a network drive: nothing is watched
+  HANDLE folder = INVALID_HANDLE_VALUE; // that folder, or the nearest one above it that exists
+  std::string missing;                  // its first part that `folder` lacks; empty: none
+  OVERLAPPED request{};                 // the system fills `changes` and sets its event
+  std::array<DWORD, 4096> changes{};    // FILE_NOTIFY_INFORMATION, one after another
 };
 
 // Waits until a message is pending or a change is reported, and looks at the followed file if that is due. Returns

@@ -102,9 +102,15 @@ TEST(Desktop, AFileThatChangesIsShownAnew) {
   const std::string path = window.viewer.filePath;
   std::vector<uint8_t> bytes = window.folder.read(u8"COAST.SC5");
   OpenedFile wanted;
-  for (const std::string way : {"written", "renamed over", "deleted and made anew"}) {
+  const FileWatch &watch = window.main.fileWatch;
+  for (const std::string way : {"written", "renamed over", "deleted and made anew", "with its folder"}) {
     std::ranges::reverse(bytes.begin() + 1000, bytes.begin() + 20000);
     if (way == "deleted and made anew") DeleteFileA(path.c_str());
+    if (way == "with its folder") {
+      std::filesystem::remove_all(window.folder.path);
+      EXPECT_TRUE(window.settles([&] { return !watch.missing.empty() && !window.viewer.following.waits; }));
+      std::filesystem::create_directories(window.folder.path);
+    }
     const uint32_t serial = window.viewer.window.pictureSerial;
     const std::string written = window.folder.write(way == "renamed over" ? u8"new" : u8"COAST.SC5", bytes);
     EXPECT_TRUE(written == path || MoveFileExA(written.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING));
