@@ -24,19 +24,25 @@ int descriptorOf(FileHandle file) { return static_cast<int>(reinterpret_cast<int
 
 std::string systemWords(int error) { return std::strerror(error); }
 
+// All zero if the system refuses.
+struct stat statusOf(int descriptor) {
+  struct stat status {};
+  fstat(descriptor, &status);
+  return status;
+}
+
 // Opens a regular file. Returns -1, with the message in `failure`, if that fails.
 int openRegularFile(const char *path, std::string &failure) {
   // Without O_NONBLOCK the opening of a pipe would wait for a writer.
   const int descriptor = open(path, O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-  struct stat status {};
-  if (descriptor < 0 || fstat(descriptor, &status) != 0) {
+  if (descriptor < 0) {
     failure = systemWords(errno);
-  } else if (S_ISREG(status.st_mode)) {
-    return descriptor;
-  } else {
-    failure = S_ISDIR(status.st_mode) ? systemWords(EISDIR) : "Not a regular file";
+    return -1;
   }
-  if (descriptor >= 0) close(descriptor);
+  const mode_t mode = statusOf(descriptor).st_mode;
+  if (S_ISREG(mode)) return descriptor;
+  failure = S_ISDIR(mode) ? systemWords(EISDIR) : "Not a regular file";
+  close(descriptor);
   return -1;
 }
 
@@ -46,24 +52,20 @@ FileHandle openForReading(const char *path) {
   return descriptor >= 0 ? handleOf(descriptor) : nullptr;
 }
 
-int64_t lengthOf(FileHandle file) {
-  struct stat status {};
-  return fstat(descriptorOf(file), &status) == 0 ? status.st_size : 0;
-}
+int64_t lengthOf(FileHandle file) { return statusOf(descriptorOf(file)).st_size; }
 
 int64_t writeTime(FileHandle file) {
   constexpr int64_t kNanoseconds = 1'000'000'000;
-  struct stat status {};
-  if (fstat(descriptorOf(file), &status) != 0) return 0;
-  return status.st_mtim.tv_sec * kNanoseconds + status.st_mtim.tv_nsec;
+  const timespec time = statusOf(descriptorOf(file)).st_mtim;
+  return time.tv_sec * kNanoseconds + time.tv_nsec;
 }
 
+// No signal interrupts a read or a write: a handler ends the program.
 size_t readAt(FileHandle file, int64_t offset, uint8_t *into, size_t count) {
   size_t given = 0;
   while (given < count) {
     const ssize_t got =
         pread(descriptorOf(file), into + given, count - given, static_cast<off_t>(offset) + static_cast<off_t>(given));
-    if (got < 0 && errno == EINTR) continue;
     if (got <= 0) break;
     given += static_cast<size_t>(got);
   }
@@ -139,8 +141,8 @@ std::string writeOutput(OutputHandle handle, std::span<const uint8_t> bytes) {
   const Output &output = *static_cast<Output *>(handle);
   while (!bytes.empty()) {
     const ssize_t put = write(output.descriptor, bytes.data(), bytes.size());
-    if (put < 0 && errno != EINTR) return systemWords(errno);
-    if (put > 0) bytes = bytes.subspan(static_cast<size_t>(put));
+    if (put < 0) return systemWords(errno);
+    bytes = bytes.subspan(static_cast<size_t>(put));
   }
   return {};
 }
@@ -201,11 +203,11 @@ std::string listEntries(const std::string &folder, std::vector<FolderEntry> &ent
   if (listing == nullptr) return systemWords(errno);
   while (const dirent *entry = readdir(listing)) {
     if (entry->d_name[0] == '.') continue;
-    struct stat status {};
-    bool known = fstatat(dirfd(listing), entry->d_name, &status, AT_SYMLINK_NOFOLLOW) == 0;
-    if (known && S_ISDIR(status.st_mode)) entries.push_back({entry->d_name, true});
-    if (known && S_ISLNK(status.st_mode)) known = fstatat(dirfd(listing), entry->d_name, &status, 0) == 0;
-    if (known && S_ISREG(status.st_mode)) entries.push_back({entry->d_name, false});
+    struct stat status {}; // stays as it is if the system refuses
+    fstatat(dirfd(listing), entry->d_name, &status, AT_SYMLINK_NOFOLLOW);
+    if (S_ISDIR(status.st_mode)) entries.push_back({entry->d_name, true});
+    if (S_ISLNK(status.st_mode)) fstatat(dirfd(listing), entry->d_name, &status, 0);
+    if (S_ISREG(status.st_mode)) entries.push_back({entry->d_name, false});
   }
   closedir(listing);
   return {};

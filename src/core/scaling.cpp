@@ -71,7 +71,7 @@ void applyScale(ViewerState &viewer, int32_t roomWidth, int32_t roomHeight) {
   WindowModel &window = viewer.window;
   const DisplaySettings &display = viewer.display;
   const bool fit = display.fit || window.fullScreen;
-  if (!pictured(window) || (fit && (roomWidth <= 0 || roomHeight <= 0))) {
+  if (!pictured(window) || (fit && roomWidth <= 0)) {
     window.scale = display.startScale;
   } else {
     window.scale = fit ? fittedScale(window.stretch, roomWidth, roomHeight) : chosenScale(display);

@@ -145,7 +145,7 @@ void putLengths(Deflater &deflater, std::span<const uint8_t> lengths) {
   std::array<HuffmanCode, 19> codes;
   makeHuffmanCode(counts, kMaxLengthOfLengths, codes);
   size_t used = kOrder.size();
-  while (used > 4 && codes[kOrder[used - 1]].length == 0) --used;
+  while (codes[kOrder[used - 1]].length == 0) --used; // stays above 4: some length is not 0
   putBits(deflater, used - 4, 4);
   for (size_t i = 0; i < used; ++i) putBits(deflater, codes[kOrder[i]].length, 3);
   for (const auto &[code, repeats] : items) {
@@ -240,9 +240,8 @@ void compressUpTo(Deflater &deflater, size_t end) {
   }
 }
 
-// Keeps the window and what is not yet compressed.
+// Keeps the window and what is not yet compressed. More than the window is compressed.
 void dropOldInput(Deflater &deflater) {
-  if (deflater.position <= Deflater::kWindowBytes) return;
   const size_t dropped = deflater.position - Deflater::kWindowBytes;
   deflater.input.erase(deflater.input.begin(), deflater.input.begin() + static_cast<std::ptrdiff_t>(dropped));
   deflater.position -= dropped;

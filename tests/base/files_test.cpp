@@ -49,6 +49,7 @@ TEST(SystemFiles, AreReadUnderNamesOfAnyScriptAndLength) {
 #endif
   for (const std::string &other : others) EXPECT_EQ(readFrom(other, 0), "closed") << other;
   EXPECT_TRUE(files.listFolder(others[0].c_str()).empty());
+  EXPECT_FALSE(files.listFolder("").empty()); // the current folder
 }
 
 TEST(SystemFiles, AreReplacedAsAWholeOrNotAtAll) {
@@ -61,8 +62,11 @@ TEST(SystemFiles, AreReplacedAsAWholeOrNotAtAll) {
   EXPECT_NE(replaced(folder.path + "taken.bmp", {1}), "");
   EXPECT_NE(replaced(folder.path + "missing/a.bmp", {1}), "");
   EXPECT_EQ(replaceFile(files, path, [](const PutBytes &put) { return put(Bytes{7}) + "stopped"; }), "stopped");
+  const std::string late = folder.path + "late.bmp"; // taken while it is being written
+  EXPECT_NE(replaceFile(files, late, [&](auto &put) { return std::filesystem::create_directory(late), put(Bytes{7}); }),
+            "");
   EXPECT_EQ(folder.read(u8"new.bmp"), (Bytes{1, 2}));
-  EXPECT_EQ(folder.fileCount(), 3U);
+  EXPECT_EQ(folder.fileCount(), 4U);
   for (const std::string name : {"new.bmp", "missing"}) { // a name to be has an identity, too
     EXPECT_EQ(fileIdentity(folder.path + name), fileIdentity(folder.path + "taken.bmp/../" + name));
     EXPECT_NE(fileIdentity(folder.path + name), fileIdentity(folder.path + longName));
@@ -85,11 +89,14 @@ TEST(SystemFiles, LinksRightsAndDevicesStay) {
   EXPECT_EQ(replaced(link, {2}) + replaced("/dev/null", {2}), "");
   EXPECT_TRUE(std::filesystem::is_symlink(link) && !std::filesystem::is_regular_file("/dev/null"));
   EXPECT_EQ(folder.read(u8"a.bmp"), Bytes{2});
-  std::filesystem::create_symlink("new.bmp", folder.path + "dangling.bmp");
+  std::filesystem::create_symlink(folder.path + "new.bmp", folder.path + "dangling.bmp");
   EXPECT_EQ(fileIdentity(folder.path + "dangling.bmp"), fileIdentity(folder.path + "new.bmp"));
   EXPECT_EQ(replaced(folder.path + "dangling.bmp", {3}), "");
   EXPECT_EQ(folder.read(u8"new.bmp"), Bytes{3});
   EXPECT_EQ(std::filesystem::status(path).permissions(), std::filesystem::perms(0640));
+  std::filesystem::create_symlink("loop.bmp", folder.path + "loop.bmp");
+  EXPECT_EQ(files.listFolder(folder.path.c_str()).size(), 4U); // a.bmp, new.bmp and the links to them
+  EXPECT_EQ(replaced(folder.path + "loop.bmp", {4}), "");
 }
 
 TEST(SystemFiles, OnAFullDiskTheOldFileStays) {

@@ -1,4 +1,6 @@
 // Commands, their keys, and Preferences.
+#include "core/colour_readout.h"
+#include "core/display_settings.h"
 #include "core/preferences.h"
 #include "support/bytes.h"
 #include "support/test_viewer.h"
@@ -18,6 +20,8 @@ TEST(Commands, EventsDuringALoad) {
             [](auto &viewer, auto &) {
               for (const char letter : std::string_view("OSCTRPZAIWELN")) pressKey(viewer, {letter, true});
               for (const int code : {33, 34, 35, 36, 116}) pressKey(viewer, {code}); // paging and F5
+              for (size_t row = 0; row <= kMenuRowCount; ++row) runMenuChoice(viewer, row, 0);
+              moveMouse(viewer, 0, 0);
             }},
         Row{"exit", [](auto &viewer, auto &) {
               pressKey(viewer, {'Q', true});
@@ -52,6 +56,32 @@ TEST(Commands, OpenReloadAndView) {
     window.pressCtrl('Z');
     EXPECT_EQ(window.viewer.window.menuZoom.checked, height == 424);
     EXPECT_EQ(window.viewer.window.stretch.targetHeight, height);
+  }
+}
+
+TEST(Commands, OnlyMenuItemsThatAreThereAndEnabledRun) {
+  TestViewer window;
+  for (size_t row = 0; row <= kMenuRowCount; ++row) {
+    const bool runs = row < kMenuRowCount && menuRowEnabled(window.viewer.window, kMenuRows[row]);
+    if (!runs || kMenuRows[row].choices != nullptr) runMenuRow(window.viewer, row);
+    runMenuChoice(window.viewer, row, 99);
+  }
+  EXPECT_TRUE(window.platform.log.empty() && window.platform.values.empty());
+}
+
+TEST(Commands, SwitchesAreKeptFromOneStartToTheNext) {
+  using Row = std::pair<const char *, bool DisplaySettings::*>;
+  for (const auto &[name, setting] :
+       {Row{"Grid", &DisplaySettings::grid}, Row{"FollowChanges", &DisplaySettings::followChanges},
+        Row{"PaletteOfSameName", &DisplaySettings::paletteOfSameName},
+        Row{"OrderByNumber", &DisplaySettings::orderByNumber}}) {
+    for (const char *stored : {"0", "1", "yes"}) {
+      TestViewer window;
+      window.platform.values[name] = stored;
+      startViewer(window.viewer, "");
+      const bool expected = *stored == 'y' ? DisplaySettings{}.*setting : *stored == '1';
+      EXPECT_EQ(window.viewer.display.*setting, expected) << name << stored;
+    }
   }
 }
 

@@ -2,6 +2,7 @@
 #include "core/display_settings.h"
 #include "core/following.h"
 #include "core/palette_commands.h"
+#include "support/scarce_memory.h"
 #include "video/video_files.h"
 
 namespace {
@@ -49,6 +50,23 @@ TEST(Following, ARefusedFileChangesNothingAndIsTriedOnceMore) {
       window.wait(1000);
       EXPECT_EQ(window.shown() != before, comesBack);
       EXPECT_EQ(followDelay(window.viewer).has_value(), comesBack);
+    }
+  }
+}
+
+TEST(Following, AFailedLookChangesNothing) {
+  for (const bool ofMemory : {false, true}) { // otherwise of the disk
+    for (const int place : {1, 2, 3}) {
+      FollowingViewer window("d\\a.SC5", picture(0x11));
+      const std::string before = window.shown();
+      ofMemory ? void(scarceMemory() = {.beyond = 100'000, .refusedBlock = place})
+               : void(diskFaults() = {.failingRead = place});
+      EXPECT_FALSE(window.reloadsFor("d\\a.SC5", picture(0x22)));
+      scarceMemory() = {};
+      diskFaults() = {};
+      EXPECT_EQ(window.shown(), before);
+      window.wait(1000);
+      EXPECT_EQ(window.viewer.vram[0], 0x22);
     }
   }
 }
@@ -107,6 +125,15 @@ TEST(Following, TheViewStays) {
   EXPECT_TRUE(model.menuDoubleHeight.checked && model.stretch.targetHeight == 848 && model.menuViewPal.checked);
   EXPECT_TRUE(window.viewer.palette[0] != byHand && model.Label5[0].background == window.viewer.palette[0]);
   EXPECT_EQ(model.fittings, fittings);
+
+  const auto stamp = [](int height) { return joined({word(200), word(height), Bytes(100 * 200)}); };
+  window.open("b.GL5", stamp(9));
+  window.pressCtrl('A');
+  const uint32_t fittingsOfB = model.fittings;
+  EXPECT_TRUE(window.reloadsFor("b.GL5", stamp(200)) && model.menuDoubleHeight.checked);
+  EXPECT_NE(model.fittings, fittingsOfB);
+  window.open("c.GL5", {1}); // b is still shown: its view is not that of c
+  EXPECT_TRUE(window.reloadsFor("c.GL5", stamp(9)) && !model.menuDoubleHeight.checked);
 
   window.open("a.EVA", evaFile(5));
   HScroll1_Change(window.viewer, 4);

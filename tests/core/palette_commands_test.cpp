@@ -91,6 +91,12 @@ TEST(PaletteCommands, OfTheSameName) {
     EXPECT_EQ(window.viewer.palette[1], red > 8 ? red << 16 : before[1]);
     menuSamePalette_Click(window.viewer);
     EXPECT_EQ(window.viewer.palette, before);
+    for (const char *path : {"", "bad.SC5"}) { // nothing of the palette's name is shown then
+      *path == '\0' ? menuClose_Click(window.viewer) : window.open(path, {1});
+      window.platform.log.clear();
+      menuSamePalette_Click(window.viewer);
+      EXPECT_TRUE(window.platform.log.empty());
+    }
   }
 }
 

@@ -168,13 +168,20 @@ TEST(Png, AnySizeAndPixels) {
   }
 }
 
-TEST(Png, AWriteThatFailsEndsIt) {
-  const Words words(20'000, 7);
-  int writes = 0, failing = 1;
-  const auto put = [&](auto) { return ++writes == failing ? "disk is full" : std::string(); };
-  for (; putPng({words, 200, 100}, {}, true, put) != ""; ++failing, writes = 0) EXPECT_EQ(writes, failing);
-  EXPECT_EQ(writes, failing - 1);
-  EXPECT_GE(writes, 10); // signature, and three pieces a chunk
+TEST(Png, AWriteThatFailsEndsItAndABitmap) {
+  const Bytes pixels = noise(60'000, 1);
+  const Words words(pixels.begin(), pixels.end());
+  const PixelView picture{words, 200, 300};
+  for (const bool png : {true, false}) {
+    int writes = 0, failing = 1;
+    const PutBytes put = [&](auto) { return ++writes == failing ? "disk is full" : std::string(); };
+    const auto write = [&] {
+      return png ? putPng(picture, {}, true, put) : putBitmap(picture, BitmapHeader::kFile, put);
+    };
+    for (; write() != ""; ++failing, writes = 0) EXPECT_EQ(writes, failing);
+    EXPECT_EQ(writes, failing - 1);
+    EXPECT_GE(writes, png ? 16 : 7); // signature, and three pieces a chunk; header, and 180,000 bytes in chunks
+  }
 }
 
 TEST(Thumbnail, WholeFactorsUpMeansDown) {

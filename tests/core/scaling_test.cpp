@@ -72,10 +72,14 @@ TEST(Scaling, IsKeptForAllPicturesAndStarts) {
   EXPECT_EQ(window.scale(), 1); // the empty view
   EXPECT_EQ(window.viewer.window.scaleChoices.checked, 8);
   EXPECT_EQ(window.enabled(), "s");
+  stepScale(window.viewer, -1); // by the wheel, which knows no menu
+  EXPECT_EQ(window.platform.values["Scale"], "10");
   window.open("C:\\b.SC8", {0xFE, 0x00, 0x00, 0xFF, 0xD3, 0x00, 0x00});
   EXPECT_EQ(window.scale(), 10);
   EXPECT_EQ(window.press('0'), 1);
   EXPECT_EQ(window.enabled(), "s+w");
+  stepScale(window.viewer, -1);
+  EXPECT_EQ(window.platform.values["Scale"], "0");
 }
 
 TEST(Scaling, FullScreenFitsAndKeepsTheChoice) {
@@ -102,10 +106,13 @@ TEST(Scaling, TheGridNeedsFourScreenPixelsEachWay) {
   using Row = std::tuple<Stretch, int32_t, int32_t, int32_t>; // scale; width and height of a pixel
   for (const auto &[stretch, scale, width, height] :
        {Row{{256, 212, 512, 424}, 2, 4, 4}, Row{{512, 212, 512, 424}, 3, 0, 0}, Row{{512, 212, 512, 424}, 4, 4, 8},
-        Row{{512, 704, 233, 320}, 16, 0, 0}, Row{{}, 16, 0, 0}}) {
+        Row{{512, 704, 233, 320}, 16, 0, 0}, Row{{}, 16, 0, 0}, Row{{5, 0, 5, 0}, 16, 0, 0},
+        Row{{256, 212, 512, 300}, 16, 0, 0}, Row{{256, 424, 512, 424}, 2, 0, 0}}) {
     WindowModel window;
     std::tie(window.stretch, window.scale, window.menuGrid.checked) = std::tuple(stretch, scale, true);
     EXPECT_TRUE(gridStep(window).width == width && gridStep(window).height == height) << scale;
+    window.menuGrid.checked = false;
+    EXPECT_EQ(gridStep(window).width, 0);
   }
 }
 

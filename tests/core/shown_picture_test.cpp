@@ -89,6 +89,8 @@ TEST(ShownPicture, ColourUnderTheMouseWithoutAnEntry) {
   window.viewer.palette[2] = 0; // Load Palette leaves a palette that is not drawn
   moveMouse(window.viewer, 4, 0);
   EXPECT_EQ(window.viewer.window.readout.text, "2, 0   #496D24   R2 G3 B1");
+  leaveMouse(window.viewer);
+  EXPECT_EQ(window.viewer.window.readout.text, "");
 }
 
 // What the commands on the picture leave.

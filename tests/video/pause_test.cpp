@@ -38,10 +38,12 @@ TEST(Pause, SoundAndFramesGoOnWhereTheyWere) {
   const auto holdSpace = [](ViewerState &viewer, const std::string &) {
     EXPECT_TRUE(pressKey(viewer, {.code = 32, .repeated = true}));
   };
+  const auto comeLate = [](ViewerState &viewer, const std::string &) { pass(viewer, 1000); }; // then none waits
   const std::vector<std::string> plain{"startSound 15788", "stopSound 88"};
   for (const Row &row : {Row{"nested", resumeLate, 5250, {plain[0], "holdSound", "resumeSound", plain[1]}},
                          Row{"stopped", stopPaused, 0, {plain[0], "holdSound", plain[1]}},
-                         Row{"without a pause", resumeOnly, 250, plain}, Row{"Space held", holdSpace, 250, plain}}) {
+                         Row{"without a pause", resumeOnly, 250, plain}, Row{"Space held", holdSpace, 250, plain},
+                         Row{"late", comeLate, 1000, plain}}) {
     SCOPED_TRACE(row.name);
     TestViewer test;
     test.open("a.EVA", evaFile(4));
