@@ -14,44 +14,33 @@ std::filesystem::path pathOfUtf8(const std::string &text) {
   return std::filesystem::path(std::u8string(text.begin(), text.end()));
 }
 
-bool writeWholeFile(const std::filesystem::path &path, const std::vector<std::uint8_t> &bytes) {
-  std::ofstream file(path, std::ios::binary | std::ios::trunc);
-  file.write(reinterpret_cast<const char *>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-  file.close();
-  return file.good();
-}
-
-void printError(const std::string &line) {
+// Returns the exit status.
+int end(const std::string &line, int status) {
   (void)std::fputs((line + "\n").c_str(), stderr); // its own failure cannot be reported
+  return status;
 }
 
 } // namespace
 
 int main(int argumentCount, char **arguments) {
-  if (argumentCount != 2 || arguments[1][0] == '\0' || arguments[1][0] == '-') {
-    printError("usage: make_samples DIR");
-    return 2;
-  }
+  const bool usable = argumentCount == 2 && arguments[1][0] != '\0' && arguments[1][0] != '-';
+  if (!usable) return end("usage: make_samples DIR", 2);
   const std::filesystem::path folder = pathOfUtf8(arguments[1]);
   std::error_code failure;
   std::filesystem::create_directories(folder / "odd", failure);
-  if (failure) {
-    printError(std::string("make_samples: cannot create ") + arguments[1] + "/odd: " + failure.message());
-    return 1;
-  }
-  const auto write = [&](const std::string &name, const std::vector<std::uint8_t> &bytes) {
-    const bool written = writeWholeFile(folder / pathOfUtf8(name), bytes);
-    if (!written) printError(std::string("make_samples: cannot write ") + arguments[1] + "/" + name);
-    return written;
+  if (failure) return end(std::string("make_samples: cannot create ") + arguments[1] + "/odd: " + failure.message(), 1);
+  std::string failed;
+  const auto write = [&](const std::string &name, const samples::Bytes &bytes) {
+    std::ofstream file(folder / pathOfUtf8(name), std::ios::binary | std::ios::trunc);
+    file.write(reinterpret_cast<const char *>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+    file.close();
+    if (!file.good() && failed.empty()) failed = name;
   };
-  for (const samples::SamplePicture &picture : samples::allSamplePictures()) {
-    if (!write(picture.name, picture.bytes)) return 1;
-    for (const samples::CompanionFile &companion : picture.companions) {
-      if (!write(companion.name, companion.bytes)) return 1;
+  for (const auto &files : {samples::allSamplePictures(), samples::allSampleDisks()}) {
+    for (const auto &[name, bytes, companions] : files) {
+      write(name, bytes);
+      for (const samples::CompanionFile &companion : companions) write(companion.name, companion.bytes);
     }
   }
-  for (const samples::SampleDisk &disk : samples::allSampleDisks()) {
-    if (!write(disk.name, disk.bytes)) return 1;
-  }
-  return 0;
+  return failed.empty() ? 0 : end(std::string("make_samples: cannot write ") + arguments[1] + "/" + failed, 1);
 }

@@ -1,9 +1,7 @@
 #include "sample_pictures.h"
 
 #include <algorithm>
-#include <iterator>
 #include <string_view>
-#include <utility>
 
 #include "disk_image_maker.h"
 #include "sample_groups.h"
@@ -16,38 +14,28 @@ std::vector<SamplePicture> allSamplePictures() {
                          addSymbosSamples, addVscreenSamples, addVideoSamples, addOddVariants}) {
     add(all);
   }
-  Samples ordered;
-  for (const bool odd : {false, true}) {
-    std::copy_if(all.begin(), all.end(), std::back_inserter(ordered),
-                 [odd](const SamplePicture &sample) { return sample.name.starts_with("odd/") == odd; });
-  }
-  return ordered;
+  std::stable_partition(all.begin(), all.end(),
+                        [](const SamplePicture &sample) { return !sample.name.starts_with("odd/"); });
+  return all;
 }
 
-std::vector<SampleDisk> allSampleDisks() {
+std::vector<SamplePicture> allSampleDisks() {
   const std::vector<SamplePicture> pictures = allSamplePictures();
-  // Those whose extension occurs in the text, in a folder or, if that is empty, in the root.
-  const auto filesOf = [&pictures](const std::string &folder, std::string_view extensions) {
+  const auto filesOf = [&pictures](std::string_view extensions, bool inFolders = false) {
     std::vector<FileOnDisk> files;
-    for (const SamplePicture &picture : pictures) {
-      const std::string extension = picture.name.substr(picture.name.rfind('.'));
-      if (picture.name.starts_with("odd/") || extensions.find(extension) == std::string_view::npos) continue;
-      files.push_back({folder + picture.name, picture.bytes});
-      for (const CompanionFile &companion : picture.companions) {
-        files.push_back({folder + companion.name, companion.bytes});
-      }
+    for (const auto &[name, bytes, companions] : pictures) {
+      const std::string extension = name.substr(name.rfind('.'));
+      if (name.starts_with("odd/") || extensions.find(extension) == std::string_view::npos) continue;
+      const std::string folder = inFolders && extension != ".SC5" ? extension.substr(1) + "/" : "";
+      files.push_back({folder + name, bytes});
+      for (const CompanionFile &file : companions) files.push_back({folder + file.name, file.bytes});
     }
     return files;
   };
-  std::vector<FileOnDisk> folders = filesOf("", ".SC5");
-  for (const auto &[folder, extensions] :
-       {std::pair{"PAINT/", ".CMP .STP .PCT"}, {"SPRITES/", ".TGS .SC4"}, {"SYMBOS/", ".SGX"}}) {
-    for (FileOnDisk &file : filesOf(folder, extensions)) folders.push_back(std::move(file));
-  }
-  return {{"SCREENS.DSK", makeDiskImage({}, filesOf("", ".SC2 .SC5 .SC6 .SC7 .SC8 .SCA .SCB .SCC"))},
+  return {{"SCREENS.DSK", makeDiskImage({}, filesOf(".SC2 .SC5 .SC6 .SC7 .SC8 .SCA .SCB .SCC"))},
           {"COPIES.DSK", makeDiskImage({.media = 0xF8, .sectors = 720, .sectorsOfFat = 2, .hasBootSector = false},
-                                       filesOf("", ".GL5 .GL6 .GL7 .GL8 .GLA .GLB .GLC"))},
-          {"FOLDERS.DSK", makeDiskImage({.step = 7}, folders)}};
+                                       filesOf(".GL5 .GL6 .GL7 .GL8 .GLA .GLB .GLC"))},
+          {"FOLDERS.DSK", makeDiskImage({.step = 7}, filesOf(".SC5 .CMP .STP .PCT .TGS .SC4", true))}};
 }
 
 } // namespace samples

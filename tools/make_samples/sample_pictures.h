@@ -26,12 +26,7 @@ struct SamplePicture {
 // broken headers, bodies, palettes and names. The bytes are the same with every compiler and on every machine.
 std::vector<SamplePicture> allSamplePictures();
 
-struct SampleDisk {
-  std::string name;
-  Bytes bytes;
-};
-
 // Disk images that hold some of the pictures: of 720 KB; of 360 KB without a boot sector; with folders and fragmented.
-std::vector<SampleDisk> allSampleDisks();
+std::vector<SamplePicture> allSampleDisks();
 
 } // namespace samples
