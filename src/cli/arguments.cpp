@@ -265,6 +265,10 @@ std::string parseArguments(std::span<const std::string> arguments, CliRequest &r
     request.command = CliCommand::kVersion;
     return "";
   }
+  if (holds(arguments, "--kinds", "--kinds")) {
+    request.command = CliCommand::kKinds;
+    return "";
+  }
   const auto row =
       std::find_if(kCommands.begin(), kCommands.end(), [&](const Command &one) { return command == one.name; });
   if (row == kCommands.end()) return "unknown command '" + command + "'; korilan-cli --help lists them";

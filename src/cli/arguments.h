@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-enum class CliCommand { kHelp, kVersion, kInfo, kConvert, kThumb, kVideo, kSound };
+enum class CliCommand { kHelp, kVersion, kInfo, kConvert, kThumb, kVideo, kSound, kKinds };
 enum class ImageFormat { kBmp, kPng, kPpm };
 
 inline constexpr const char *kStandardStream = "-"; // as a path

@@ -9,6 +9,7 @@
 #include "cli/opened_file.h"
 #include "cli/output.h"
 #include "cli/single_file.h"
+#include "core/file_kinds.h"
 #include "core/version.h"
 
 #include <algorithm>
@@ -49,6 +50,13 @@ bool printInfo(const CliRequest &request, const std::vector<CliInput> &inputs) {
     printError(failure);
   }
   return allShown;
+}
+
+void printKinds() {
+  for (const FileKind &kind : kFileKinds) {
+    std::printf("%s\t%s\t%s\n", kind.extension, kind.traits.player != nullptr ? "video" : "picture",
+                kind.typeDescription);
+  }
 }
 
 // A reader that has seen enough, as a pager that was left, is no failure to speak of.
@@ -106,6 +114,8 @@ int run(const std::vector<std::string> &arguments) {
     std::printf("%s", kCliHelp);
   } else if (request.command == CliCommand::kVersion) {
     std::printf("korilan-cli %s\n", KORILAN_VERSION);
+  } else if (request.command == CliCommand::kKinds) {
+    printKinds();
   } else {
     const std::vector<CliInput> inputs = findInputs(request);
     if (const std::string wrong = tooManyFiles(request, inputs.size()); !wrong.empty()) return endWrongUsage(wrong);

@@ -57,6 +57,7 @@ TEST(CliArguments, ReachTheRequestOrAreNamedInOneLine) {
       {{"convert", "--type=.EVA", "--all-frames", "-"}, "--all-frames of - needs -d"},
       {{"convert", "--type=.EVA", "-o-", "-"}, "3 bmp frame 0 jobs 0 ->-: - is .EVA"},
       {{"convert", "--version"}, "1 bmp frame 0 jobs 0 ->:"},
+      {{"info", "--kinds", "a"}, "7 bmp frame 0 jobs 0 ->:"},
       {{"convert", "--nothing", "-h"}, "0 bmp frame 0 jobs 0 ->:"},
   };
   for (const auto &[arguments, text] : rows) EXPECT_EQ(textOf(arguments), text);
