@@ -3,6 +3,7 @@
 #include "base/paths.h"
 #include "base/text.h"
 #include "core/file_kinds.h"
+#include "pixels/thumbnail.h"
 
 #include <algorithm>
 #include <array>
@@ -14,7 +15,6 @@
 namespace {
 
 constexpr unsigned kMaxJobs = 256;
-constexpr int32_t kMaxSize = 4096;
 
 struct Format {
   std::string_view letters;
@@ -77,8 +77,8 @@ std::string takeType(const std::string &value, CliRequest &request) {
 }
 
 std::string takeSize(const std::string &value, CliRequest &request) {
-  if (takeNumber(value, 1, kMaxSize, request.size)) return "";
-  return "--size takes a number from 1 to " + std::to_string(kMaxSize) + ", not '" + value + "'";
+  if (takeNumber(value, 1, kMaxThumbnailSide, request.size)) return "";
+  return "--size takes a number from 1 to " + std::to_string(kMaxThumbnailSide) + ", not '" + value + "'";
 }
 
 std::string takeJobs(const std::string &value, CliRequest &request) {

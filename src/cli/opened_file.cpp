@@ -1,15 +1,12 @@
 #include "cli/opened_file.h"
 
 #include "base/disk_files.h"
-#include "cli/standard_input.h"
+#include "base/memory_files.h"
 #include "core/commands.h"
 #include "core/file_kinds.h"
 #include "core/palette_commands.h"
 #include "core/video_commands.h"
 #include "state/palette.h"
-#include "state/video_memory.h"
-
-#include <utility>
 
 namespace {
 
@@ -27,7 +24,7 @@ std::string loadPalette(OpenedFile &file, const std::string &path) {
 std::string openWithPalette(OpenedFile &file, const CliInput &input, const std::string &palette) {
   if (!input.failure.empty()) return input.failure;
   ViewerState &viewer = file.viewer;
-  if (input.standardInput) viewer.platform.files = &standardInputFiles();
+  if (input.standardInput) viewer.platform.files = &memoryFileOps();
   openPath(viewer, input.path);
   viewer.platform.files = &filesWithDisks();
   if (viewer.pictureShown == kTrue) return palette.empty() ? "" : loadPalette(file, palette);
@@ -43,13 +40,7 @@ std::string whyNotShown(const ViewerState &viewer) {
 
 void openInput(OpenedFile &file, const CliInput &input, const std::string &palette) {
   ViewerState &viewer = file.viewer;
-  closeInputFile(viewer.inputFile);
-  clearMemory(viewer);
-  viewer = ViewerState(std::move(viewer.vram), std::move(viewer.packedData), std::move(viewer.frameBits));
-  file.platform = {};
-  attachHeadless(viewer, file.platform);
-  file.platform.keepsLog = false;
-  startViewer(viewer, "");
+  emptyWindow(file);
   viewer.filePath = input.path;
   const std::string failure = openWithPalette(file, input, palette);
   if (!failure.empty()) {

@@ -1,24 +1,12 @@
-// A file opened as in a new window.
+// A file that a command line names, opened as in a new window.
 #pragma once
 
 #include "cli/inputs.h"
-#include "headless/headless_platform.h"
-#include "state/viewer_state.h"
+#include "headless/opened_file.h"
 
 #include <string>
 
-struct OpenedFile {
-  ViewerState viewer;
-  HeadlessPlatform platform;
-
-  OpenedFile() = default;
-  ~OpenedFile() { closeInputFile(viewer.inputFile); } // releases the file handle
-  OpenedFile(const OpenedFile &) = delete;
-  OpenedFile &operator=(const OpenedFile &) = delete;
-};
-
-// Resets `file` to an empty window, reusing its memory, opens the input in it, and loads the palette file if there is
-// one and the picture allows it. A palette that is not taken counts as if the picture were not shown.
+// Opens the input in an empty window, and loads the palette file if there is one and the picture allows it. A palette that is not taken counts as if the picture were not shown.
 void openInput(OpenedFile &file, const CliInput &input, const std::string &palette = "");
 
 // Frames of a video; 1 for a picture.

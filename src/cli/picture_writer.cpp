@@ -3,9 +3,9 @@
 #include "core/bitmap_export.h"
 #include "core/colour_numbers.h"
 #include "core/png_export.h"
+#include "headless/opened_file.h"
 #include "pixels/png.h"
 #include "pixels/stretching.h"
-#include "pixels/thumbnail.h"
 
 #include <algorithm>
 #include <vector>
@@ -63,8 +63,7 @@ std::string putPicture(ViewerState &viewer, const CliRequest &request, const Put
 
 std::string putThumbnail(const ViewerState &viewer, const CliRequest &request, const PutBytes &put) {
   Thumbnail thumbnail;
-  const PixelView picture = shownPicture(viewer);
-  const bool made = makeThumbnail(picture, hasTallPixels(viewer), request.size, thumbnail);
-  if (!made && !picture.words.empty()) return kNoMemory;
+  const bool made = thumbnailOf(viewer, request.size, thumbnail);
+  if (!made && !shownPicture(viewer).words.empty()) return kNoMemory;
   return putPng({thumbnail.words, thumbnail.width, thumbnail.height}, {}, false, put);
 }

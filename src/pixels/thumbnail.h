@@ -6,6 +6,9 @@
 #include <cstdint>
 #include <vector>
 
+// The largest side that programs ask for.
+inline constexpr int32_t kMaxThumbnailSide = 4096;
+
 struct Thumbnail {
   std::vector<uint32_t> words; // 0x00RRGGBB, top row first
   int32_t width = 0;
