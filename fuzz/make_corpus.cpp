@@ -60,7 +60,9 @@ int main(int argumentCount, char **arguments) {
     if (kind == nullptr) continue;
     const Bytes bytes(sample.bytes.begin(),
                       sample.bytes.begin() + static_cast<std::ptrdiff_t>(std::min(sample.bytes.size(), kLargestSeed)));
-    corpus.add("open_any_file", {static_cast<uint8_t>(kind - kFileKinds.data())}, bytes);
+    const auto kindByte = static_cast<uint8_t>(kind - kFileKinds.data());
+    corpus.add("open_any_file", {kindByte}, bytes);
+    corpus.add("thumbnail", {kindByte, 95}, bytes);
     for (const SeedRow &row : kRows) {
       if (row.extensions.find(extension) != std::string_view::npos) corpus.add(row.target, row.start, bytes, row.from);
     }

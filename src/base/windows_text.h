@@ -30,6 +30,19 @@ inline std::wstring fullPathOf(const std::wstring &path) {
   return full.empty() ? path : full;
 }
 
+// The path of the file that a program or library was loaded from; nullptr is the program.
+inline std::wstring modulePath(HMODULE module) {
+  std::wstring path(MAX_PATH, L'\0');
+  for (;;) {
+    const DWORD length = GetModuleFileNameW(module, path.data(), static_cast<DWORD>(path.size()));
+    if (length < path.size()) {
+      path.resize(length);
+      return path;
+    }
+    path.resize(path.size() * 2);
+  }
+}
+
 // The path for a W function. From MAX_PATH characters on it is accepted only in full and behind \\?\ unless the
 // system is set up for longer ones.
 inline std::wstring longPath(const std::string &path) {

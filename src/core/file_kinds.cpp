@@ -40,7 +40,7 @@ bool loadScreen4File(ViewerState &viewer) { return holdsTileSet(viewer) ? loadAs
 constexpr std::array<FileKind, kFileKindCount> kFileKinds{{
     // extension, type description,  loader,                traits
     {".GE5", "DD-Graph BLOAD file",     loadDdGraphScreen,     {}},
-    {".DAT", "DD-Graph COPY file",      loadDdGraphRectangle,  {}},
+    {".DAT", "DD-Graph COPY file",      loadDdGraphRectangle,  {.sharedExtension = true}},
     {".CMP", "DD-Graph .CMP file",      loadDdGraphCompressed, {}},
     {".PCT", "Dynamic Publisher file",  loadPublisherPage,     {.reducedView = true}},
     {".STP", "Dynamic Publisher file",  loadStamp,             {.runOnBits = 2}},
@@ -52,7 +52,7 @@ constexpr std::array<FileKind, kFileKindCount> kFileKinds{{
     {".SC5", "Screen 5 BLOAD file",     loadScreen5,           {}},
     {".SR5", "Screen 5 BLOAD file",     loadPackedScreen5,     {}},
     {".GL5", "Screen 5 COPY file ",     loadScreen5Copy,       {.runOnBits = 4}},
-    {".SCR", "VSCREEN Border file",     loadBorder,            {.ownPalette = "PL4"}},
+    {".SCR", "VSCREEN Border file",     loadBorder,            {.sharedExtension = true, .ownPalette = "PL4"}},
     {".TGS", "VSCREEN Sprite file",     loadSpriteSet,         {.companion = "tcs", .ownPalette = "PL4"}},
     {".SC6", "Screen 6 BLOAD file",     loadScreen6,           kScreen6},
     {".SR6", "Screen 6 BLOAD file",     loadScreen6,           kScreen6},

@@ -159,17 +159,7 @@ void writeValue(void *, const std::string &name, const std::string &value) { wri
 
 void notifyAssociations(void *) { notifyAssociationsChanged(); }
 
-std::string programPath(void *) {
-  std::wstring path(MAX_PATH, L'\0');
-  for (;;) {
-    const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
-    if (length < path.size()) {
-      path.resize(length);
-      return toUtf8(path);
-    }
-    path.resize(path.size() * 2);
-  }
-}
+std::string programPath(void *) { return toUtf8(modulePath(nullptr)); }
 
 void startSound(void *context, std::span<const uint8_t> image) { startLoop(mainWindowOf(context).sound, image); }
 

@@ -15,6 +15,7 @@ struct KindTraits {
   bool reducedView = false;            // shown at a reduced size
   bool countsBorder = false;           // its view counts the border colour too
   bool patternCells = false;           // at most 16 colours at any depth
+  bool sharedExtension = false;        // other programs use the extension, too: no thumbnails in file managers
   const char *companion = nullptr;     // extension letters of a second file that the picture needs
   const VideoPlayer *player = nullptr; // nullptr: a picture
   const char *ownPalette = nullptr;    // letters of the screen's palette files, "PL7"

@@ -1,0 +1,27 @@
+// The file behind a thumbnail: a copy in memory of what a file manager gives as a stream without a name.
+#pragma once
+
+#include "base/memory_files.h"
+#include "pixels/thumbnail.h"
+#include "state/file_kind.h"
+
+#include <cstdint>
+#include <string>
+
+// Whether file managers are offered thumbnails of this kind: neither of an extension that other programs use, too, nor
+// of a picture in two files.
+bool hasThumbnails(const FileKind &kind);
+
+// Bytes of a picture file; a longer one has no thumbnail. Of a video the first 64 KB are read, which hold its header
+// and first frame.
+inline constexpr size_t kMaxPictureBytes = size_t{64} << 20;
+inline constexpr size_t kVideoStartBytes = size_t{64} << 10;
+
+enum class TakeResult { kTaken, kTooLong, kNoMemory };
+
+// Copies what `read` gives into a memory file of that kind and sets `path`; on failure there is none.
+TakeResult takeStream(const FileKind &kind, const ReadBytes &read, std::string &path);
+
+// The thumbnail of a memory file, with the pixels that `korilan-cli thumb` writes. Returns false if its file is
+// refused, or there is not enough memory.
+bool makeThumbnail(const std::string &path, int32_t side, Thumbnail &thumbnail);
