@@ -6,7 +6,8 @@
 
 #include <string>
 
-// Opens the input in an empty window, and loads the palette file if there is one and the picture allows it. A palette that is not taken counts as if the picture were not shown.
+// Opens the input in an empty window, and loads the palette file if there is one and the picture allows it. A palette
+// that is not taken counts as if the picture were not shown.
 void openInput(OpenedFile &file, const CliInput &input, const std::string &palette = "");
 
 // Frames of a video; 1 for a picture.

@@ -9,7 +9,6 @@
 #include <thumbcache.h>
 
 #include <algorithm>
-#include <limits>
 #include <new>
 
 namespace {

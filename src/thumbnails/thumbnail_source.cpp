@@ -3,7 +3,6 @@
 #include "core/commands.h"
 #include "headless/opened_file.h"
 
-#include <algorithm>
 #include <atomic>
 #include <memory>
 #include <utility>
@@ -27,5 +26,5 @@ bool makeThumbnail(const std::string &path, int32_t side, Thumbnail &thumbnail) 
   file->viewer.platform.files = &memoryFileOps();
   openPath(file->viewer, path);
   if (file->viewer.pictureShown != kTrue) return false;
-  return thumbnailOf(file->viewer, std::min(side, kMaxThumbnailSide), thumbnail);
+  return thumbnailOf(file->viewer, side, thumbnail);
 }

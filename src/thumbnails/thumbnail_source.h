@@ -12,8 +12,8 @@
 // of a picture in two files.
 bool hasThumbnails(const FileKind &kind);
 
-// Bytes of a picture file; a longer one has no thumbnail. Of a video the first 64 KB are read, which hold its header
-// and first frame.
+// Bytes of a picture file; a longer one has no thumbnail. Of a video only its start is read, which holds the header and
+// the first frame: at most 33,279 bytes.
 inline constexpr size_t kMaxPictureBytes = size_t{64} << 20;
 inline constexpr size_t kVideoStartBytes = size_t{64} << 10;
 
@@ -22,6 +22,6 @@ enum class TakeResult { kTaken, kTooLong, kNoMemory };
 // Copies what `read` gives into a memory file of that kind and sets `path`; on failure there is none.
 TakeResult takeStream(const FileKind &kind, const ReadBytes &read, std::string &path);
 
-// The thumbnail of a memory file, with the pixels that `korilan-cli thumb` writes. Returns false if its file is
-// refused, or there is not enough memory.
+// The thumbnail of a memory file, with the pixels that `korilan-cli thumb` writes; `side` is at most
+// kMaxThumbnailSide. Returns false if the file is refused, or there is not enough memory.
 bool makeThumbnail(const std::string &path, int32_t side, Thumbnail &thumbnail);
