@@ -14,7 +14,15 @@ function(korilan_analyse)
     list(APPEND command --extra-arg=--target=x86_64-w64-mingw32 --extra-arg=-isystem${headers}/c++
       --extra-arg=-isystem${headers}/c++/x86_64-w64-mingw32)
   endif()
-  # Several sources at a time, since most of the time goes into headers. Without analysis each is compiled alone.
-  set_target_properties(${ARGV} PROPERTIES CXX_CLANG_TIDY "${command}" UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 12
+  # The sources of a folder at a time, since most of the time goes into headers. Without analysis each is compiled alone.
+  set_target_properties(${ARGV} PROPERTIES CXX_CLANG_TIDY "${command}" UNITY_BUILD ON UNITY_BUILD_MODE GROUP
     UNITY_BUILD_CODE_BEFORE_INCLUDE "// NOLINTNEXTLINE(bugprone-suspicious-include)")
+  foreach(target ${ARGV})
+    get_target_property(sources ${target} SOURCES)
+    foreach(source ${sources})
+      get_filename_component(folder ${source} DIRECTORY)
+      string(MAKE_C_IDENTIFIER "of_${folder}" group)
+      set_source_files_properties(${source} PROPERTIES UNITY_GROUP ${group})
+    endforeach()
+  endforeach()
 endfunction()
