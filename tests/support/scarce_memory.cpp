@@ -18,10 +18,15 @@ extern "C" void *__wrap_calloc(size_t count, size_t size) {
 }
 // NOLINTEND(bugprone-reserved-identifier, cert-dcl37-c, cert-dcl51-cpp)
 
-void *operator new(size_t size) {
+void *operator new(size_t size, const std::nothrow_t &) noexcept {
   void *block = refuses(size) ? nullptr : std::malloc(size > 0 ? size : 1);
+  if (block != nullptr && theMemory.fill) std::memset(block, *theMemory.fill, size);
+  return block;
+}
+
+void *operator new(size_t size) {
+  void *block = operator new(size, std::nothrow);
   if (block == nullptr) throw std::bad_alloc();
-  if (theMemory.fill) std::memset(block, *theMemory.fill, size);
   return block;
 }
 
