@@ -4,10 +4,11 @@
 #include <cstring>
 #include <new>
 
-// Built with exceptions: bad_alloc is caught here and becomes false.
+// Built with exceptions where there are any: bad_alloc is caught here and becomes false.
 
 namespace {
 
+#ifdef __cpp_exceptions
 template <typename Item> bool reserved(std::vector<Item> &buffer, size_t count) {
   if (count <= buffer.capacity()) return true;
   const std::new_handler handler = std::set_new_handler(nullptr); // the program's own one ends it
@@ -20,13 +21,24 @@ template <typename Item> bool reserved(std::vector<Item> &buffer, size_t count) 
   std::set_new_handler(handler);
   return given;
 }
+#else
+// There is one thread only, so memory that was given once is given again.
+template <typename Item> bool reserved(std::vector<Item> &buffer, size_t count) {
+  if (count <= buffer.capacity()) return true;
+  if (count > buffer.max_size()) return false;
+  void *block = std::malloc(count * sizeof(Item));
+  std::free(block);
+  if (block != nullptr) buffer.reserve(count);
+  return block != nullptr;
+}
+#endif
 
 } // namespace
 
 VideoMemory::VideoMemory(size_t size) {
   if (resize(size)) return;
   if (const std::new_handler handler = std::get_new_handler(); handler != nullptr) handler();
-  throw std::bad_alloc();
+  std::abort();
 }
 
 VideoMemory::VideoMemory(const VideoMemory &other) {

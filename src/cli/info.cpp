@@ -1,5 +1,6 @@
 #include "cli/info.h"
 
+#include "base/json.h"
 #include "core/colour_count.h"
 #include "video/playback.h"
 
@@ -9,55 +10,7 @@
 
 namespace {
 
-// Length of the UTF-8 character at the start of `text`; 0 if it is invalid.
-size_t characterLength(std::string_view text) {
-  const auto byteAt = [text](size_t i) { return static_cast<unsigned char>(text[i]); };
-  const unsigned char lead = byteAt(0);
-  if (lead < 0x80) return 1;
-  const size_t length = lead >= 0xF0 && lead <= 0xF4 ? 4 : lead >= 0xE0 ? 3 : 2;
-  if (lead < 0xC2 || lead > 0xF4 || text.size() < length) return 0;
-  for (size_t i = 1; i < length; ++i) {
-    if ((byteAt(i) & 0xC0) != 0x80) return 0;
-  }
-  const unsigned char second = byteAt(1);
-  const bool overlong = (lead == 0xE0 && second < 0xA0) || (lead == 0xF0 && second < 0x90);
-  const bool noCharacter = (lead == 0xED && second > 0x9F) || (lead == 0xF4 && second > 0x8F);
-  return overlong || noCharacter ? 0 : length;
-}
-
-std::string quoted(std::string_view text) {
-  std::string json = "\"";
-  while (!text.empty()) {
-    const size_t length = characterLength(text);
-    const char first = text[0];
-    if (length == 0) {
-      json += "\\ufffd";
-    } else if (first == '"' || first == '\\') {
-      json += '\\';
-      json += first;
-    } else if (static_cast<unsigned char>(first) < 0x20) {
-      json += first < 0x10 ? "\\u000" : "\\u001";
-      json += "0123456789abcdef"[first & 15];
-    } else {
-      json += text.substr(0, length);
-    }
-    text.remove_prefix(length == 0 ? 1 : length);
-  }
-  return json + '"';
-}
-
-// A JSON object, built member by member.
-struct JsonLine {
-  std::string text = "{";
-
-  void member(const char *key, const std::string &value) {
-    if (text.size() > 1) text += ',';
-    text += quoted(key) + ":" + value;
-  }
-};
-
 std::string number(int64_t value) { return std::to_string(value); }
-std::string truth(bool value) { return value ? "true" : "false"; }
 std::string size(int32_t width, int32_t height) { return "[" + number(width) + "," + number(height) + "]"; }
 
 std::string paletteWords(const ViewerState &viewer) {
@@ -91,13 +44,13 @@ std::string pixelHash(const ViewerState &viewer) {
   return digits;
 }
 
-void addVideoMembers(JsonLine &line, const ViewerState &viewer) {
+void addVideoMembers(JsonObject &line, const ViewerState &viewer) {
   const VideoPlayer &player = *viewer.player;
   line.member("frameCount", number(player.frames(viewer)));
   line.member("framesPerSecond", number(player.rate(viewer)));
-  line.member("isRgb", truth(player.hasSound && viewer.evaPlayer.isRgb == kTrue));
+  line.member("isRgb", jsonTruth(player.hasSound && viewer.evaPlayer.isRgb == kTrue));
   line.member("currentFrame", number(viewer.run.currentFrame));
-  line.member("statusLine", quoted(viewer.window.Label4));
+  line.member("statusLine", jsonText(viewer.window.Label4));
 }
 
 } // namespace
@@ -105,34 +58,34 @@ void addVideoMembers(JsonLine &line, const ViewerState &viewer) {
 std::string infoJson(const ViewerState &viewer) {
   const WindowModel &window = viewer.window;
   const bool shown = viewer.pictureShown == kTrue;
-  JsonLine line;
-  line.member("path", quoted(viewer.filePath));
-  line.member("fileExtension", quoted(viewer.fileExtension));
-  line.member("typeDescription", quoted(viewer.typeDescription));
-  line.member("fileLoaded", truth(viewer.fileLoaded == kTrue));
+  JsonObject line;
+  line.member("path", jsonText(viewer.filePath));
+  line.member("fileExtension", jsonText(viewer.fileExtension));
+  line.member("typeDescription", jsonText(viewer.typeDescription));
+  line.member("fileLoaded", jsonTruth(viewer.fileLoaded == kTrue));
   line.member("bitsPerPixel", number(viewer.bitsPerPixel));
   line.member("colourMode", number(viewer.colourMode));
   line.member("colourCount", number(viewer.colourCount));
-  line.member("hasPalette", truth(viewer.hasPalette == kTrue));
-  line.member("isPacked", truth(viewer.isPacked == kTrue));
-  line.member("spriteMode", truth(viewer.spriteMode == kTrue));
+  line.member("hasPalette", jsonTruth(viewer.hasPalette == kTrue));
+  line.member("isPacked", jsonTruth(viewer.isPacked == kTrue));
+  line.member("spriteMode", jsonTruth(viewer.spriteMode == kTrue));
   line.member("imageWidth", number(viewer.imageWidth));
   line.member("imageHeight", number(viewer.imageHeight));
-  line.member("caption", quoted(window.caption));
-  line.member("label1", quoted(window.Label1));
-  line.member("label2", quoted(window.Label2));
-  line.member("label3", quoted(window.Label3));
-  line.member("label4", quoted(window.Label4));
-  line.member("doubleHeight", truth(window.menuDoubleHeight.checked));
+  line.member("caption", jsonText(window.caption));
+  line.member("label1", jsonText(window.Label1));
+  line.member("label2", jsonText(window.Label2));
+  line.member("label3", jsonText(window.Label3));
+  line.member("label4", jsonText(window.Label4));
+  line.member("doubleHeight", jsonTruth(window.menuDoubleHeight.checked));
   line.member("palette", paletteWords(viewer));
   line.member("mainView", size(window.mainViewWidth, window.mainViewHeight));
   line.member("target", size(window.stretch.targetWidth, window.stretch.targetHeight));
   line.member("colourCountShown", number(shown ? shownColourCount(viewer) : 0));
-  line.member("pixels", shown ? quoted(pixelHash(viewer)) : "null");
-  line.member("error", viewer.loadError.empty() ? "null" : quoted(viewer.loadError));
-  line.member("shown", truth(shown));
+  line.member("pixels", shown ? jsonText(pixelHash(viewer)) : "null");
+  line.member("error", viewer.loadError.empty() ? "null" : jsonText(viewer.loadError));
+  line.member("shown", jsonTruth(shown));
   if (viewer.player != nullptr) addVideoMembers(line, viewer);
-  return line.text + "}";
+  return line.end();
 }
 
 std::string infoText(const ViewerState &viewer) {

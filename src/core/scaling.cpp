@@ -44,7 +44,7 @@ void showScale(ViewerState &viewer) {
     for (const int32_t step : kScaleSteps) choices.captions.push_back(std::to_string(step) + "x");
     choices.captions.insert(choices.captions.end(), {"", "Fit"});
   }
-  const auto *const step = std::ranges::find(kScaleSteps, chosenScale(viewer.display));
+  const auto *const step = std::find(kScaleSteps.begin(), kScaleSteps.end(), chosenScale(viewer.display));
   choices.checked = static_cast<int32_t>(viewer.display.fit ? kFitChoice : size_t(step - kScaleSteps.begin()));
   const bool scalable = pictured(window) && !window.fullScreen;
   window.menuScale.enabled = window.menuNormalScale.enabled = !window.fullScreen;
@@ -83,8 +83,8 @@ void stepScale(ViewerState &viewer, int32_t steps) {
   const WindowModel &window = viewer.window;
   if (viewer.activity == Activity::kLoading || !pictured(window) || window.fullScreen) return;
   // Between two steps, as Fit may be, one step up is the next one above.
-  const auto *const above = steps > 0 ? std::ranges::upper_bound(kScaleSteps, window.scale)
-                                      : std::ranges::lower_bound(kScaleSteps, window.scale);
+  const auto *const above = steps > 0 ? std::upper_bound(kScaleSteps.begin(), kScaleSteps.end(), window.scale)
+                                      : std::lower_bound(kScaleSteps.begin(), kScaleSteps.end(), window.scale);
   const auto from = static_cast<int32_t>(above - kScaleSteps.begin()) - (steps > 0 ? 1 : 0);
   const int32_t to = std::clamp(from + steps, 0, static_cast<int32_t>(kScaleSteps.size()) - 1);
   const int32_t scale = kScaleSteps[static_cast<size_t>(to)];

@@ -5,12 +5,28 @@
 
 #include <algorithm>
 
+namespace {
+
+// Frame 0 is shown again.
+void leaveRun(ViewerState &viewer) {
+  endRun(viewer);
+  setUpVideo(viewer);
+  endActivity(viewer);
+}
+
+} // namespace
+
 void Image1_Click(ViewerState &viewer) {
   if (viewer.player == nullptr || viewer.activity != Activity::kIdle || viewer.player->frames(viewer) <= 0) return;
   viewer.activity = Activity::kPlaying;
-  playVideo(viewer);
-  setUpVideo(viewer);
-  endActivity(viewer);
+  beginRun(viewer);
+  if (viewer.platform.stepsVideos) return;
+  waitForRun(viewer);
+  leaveRun(viewer);
+}
+
+void stepVideo(ViewerState &viewer) {
+  if (viewer.activity == Activity::kPlaying && !stepRun(viewer)) leaveRun(viewer);
 }
 
 void Image2_Click(ViewerState &viewer) {

@@ -7,6 +7,9 @@
 // plays, or if it has no frames.
 void Image1_Click(ViewerState &viewer);
 
+// One step of a run on a platform that steps videos: plays a frame if it is due, or ends the run.
+void stepVideo(ViewerState &viewer);
+
 // The Stop button: ends the run and shows frame 0.
 void Image2_Click(ViewerState &viewer);
 

@@ -37,6 +37,9 @@ struct PlatformOps {
   // Sleeps until an event is pending, at most `milliseconds`.
   void (*waitForEvents)(void *context, uint32_t milliseconds) = nullptr;
 
+  // Play returns at once, and the platform calls stepVideo() until the run has ended: one that must not wait.
+  bool stepsVideos = false;
+
   // The rendered picture is complete: `width` x `height` words 0x00RRGGBB, top row first.
   void (*presentPicture)(void *context, std::span<const uint32_t> frameBits, int32_t width, int32_t height) = nullptr;
 

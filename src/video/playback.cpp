@@ -23,22 +23,28 @@ void enableDuringRun(WindowModel &window, bool enabled) {
   window.HScroll1.enabled = enabled;
 }
 
+// Milliseconds of the run, and those at which its current frame is due. The tick count wraps after 49.7 days; the
+// difference does not. An event pass may move the start.
+uint32_t elapsed(const ViewerState &viewer) { return tickCount(viewer) - viewer.run.startTicks; }
+
+double due(const ViewerState &viewer) {
+  const VideoRun &run = viewer.run;
+  return (run.currentFrame - run.startFrame) * 1000.0 / playbackRate(viewer);
+}
+
 // Waits until the current frame is due, with event passes. Returns false at once if the end of the run is requested.
 bool waitForFrame(const ViewerState &viewer) {
-  const VideoRun &run = viewer.run;
-  const double due = (run.currentFrame - run.startFrame) * 1000.0 / playbackRate(viewer);
-  // The tick count wraps after 49.7 days; the difference does not. An event pass may move the start.
-  const auto elapsed = [&] { return tickCount(viewer) - run.startTicks; };
-  if (elapsed() > due) { // a late frame does not wait, but Stop is handled
+  const double end = due(viewer);
+  if (elapsed(viewer) > end) { // a late frame does not wait, but Stop is handled
     runPendingEvents(viewer);
     return videoPlaying(viewer);
   }
-  while (elapsed() < due) {
+  while (elapsed(viewer) < end) {
     runPendingEvents(viewer);
     if (!videoPlaying(viewer)) return false;
-    const uint32_t now = elapsed();
-    if (now >= due) break;
-    waitForEvents(viewer, static_cast<uint32_t>(std::ceil(due - now)));
+    const uint32_t now = elapsed(viewer);
+    if (now >= end) break;
+    waitForEvents(viewer, static_cast<uint32_t>(std::ceil(end - now)));
   }
   return true;
 }
@@ -48,6 +54,15 @@ void showFrameNumber(WindowModel &window, int32_t frame) {
   constexpr int32_t kBarBits = 0xFFFF; // low 16 bits: intended, the control holds no more
   window.HScroll1.value = frame & kBarBits;
   window.Label4 = frameText(frame);
+}
+
+// The current frame was due: shows its number and plays the next one. Returns false if it was the last.
+bool playNextFrame(ViewerState &viewer) {
+  VideoRun &run = viewer.run;
+  showFrameNumber(viewer.window, run.currentFrame);
+  if (++run.currentFrame >= viewer.player->frames(viewer)) return false;
+  viewer.player->play(viewer);
+  return true;
 }
 
 } // namespace
@@ -62,21 +77,29 @@ void setUpVideo(ViewerState &viewer) {
   leaveVideoMode(viewer);
 }
 
-void playVideo(ViewerState &viewer) {
+void beginRun(ViewerState &viewer) {
   const VideoPlayer &player = *viewer.player;
   VideoRun &run = viewer.run;
-  const int32_t frames = player.frames(viewer);
-  run.startFrame = firstFrame(viewer.window.HScroll1, frames);
+  run.startFrame = run.currentFrame = firstFrame(viewer.window.HScroll1, player.frames(viewer));
   enableDuringRun(viewer.window, false);
   viewer.evaPlayer.soundPending = toFlag(player.hasSound);
   run.startTicks = tickCount(viewer);
   run.pauses = 0;
-  for (run.currentFrame = run.startFrame; run.currentFrame < frames; ++run.currentFrame) {
-    player.play(viewer);
-    if (!waitForFrame(viewer)) break;
-    showFrameNumber(viewer.window, run.currentFrame);
+  player.play(viewer);
+}
+
+void waitForRun(ViewerState &viewer) {
+  while (waitForFrame(viewer) && playNextFrame(viewer)) {
   }
-  if (player.hasSound) stopSound(viewer);
+}
+
+bool stepRun(ViewerState &viewer) {
+  if (!videoPlaying(viewer)) return false;
+  return viewer.run.pauses > 0 || elapsed(viewer) < due(viewer) || playNextFrame(viewer);
+}
+
+void endRun(ViewerState &viewer) {
+  if (viewer.player->hasSound) stopSound(viewer);
   if (videoPlaying(viewer)) requestAfterwards(viewer, {Request::kStop});
   enableDuringRun(viewer.window, true);
 }

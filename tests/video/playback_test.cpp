@@ -40,21 +40,26 @@ TEST(Playback, FramesOfARun) {
         Row{"x.EVA", evaFile(3), 1, {kSound, kYjk[2], kYjk[0]}, 84}, Row{"x.EVA", evaFile(3), 2, yjk, 167},
         Row{"x.EVA", evaFile(1), 0, {kYjk[0]}, 0}, Row{"x.VID", vid(0, 3), 0, allVid, 2000},
         Row{"x.VID", vid(10, 3), 1, {kVid[1], kVid[2], kVid[0]}, 100}, Row{"x.VID", vid(255, 3), 0, allVid, 8}}) {
-    SCOPED_TRACE(testing::Message() << path << " from " << from << " to " << milliseconds);
-    TestViewer test;
-    test.open(path, file);
-    const std::string status = test.viewer.window.Label4;
-    HScroll1_Change(test.viewer, from);
-    EXPECT_EQ(test.viewer.window.Label4, from == 0 ? status : "Frame: " + std::to_string(from));
-    shown.clear();
-    test.platform.ticks = 0xFFFFFFFF; // the clock wraps
-    test.viewer.platform.presentPicture = [](void *, auto bits, int32_t, int32_t) { shown.push_back(bits[0]); };
-    test.viewer.platform.startSound = hearSound;
-    Image1_Click(test.viewer);
-    EXPECT_EQ(shown, expected);
-    EXPECT_EQ(test.platform.ticks, milliseconds - 1);
-    EXPECT_EQ(test.viewer.window.HScroll1.value, 0);
-    EXPECT_EQ(test.viewer.window.Label4, status);
+    for (const bool steps : {false, true}) {
+      SCOPED_TRACE(testing::Message() << path << " from " << from << " to " << milliseconds
+                                      << (steps ? ", stepped" : ""));
+      TestViewer test;
+      test.viewer.platform.stepsVideos = steps;
+      test.open(path, file);
+      const std::string status = test.viewer.window.Label4;
+      HScroll1_Change(test.viewer, from);
+      EXPECT_EQ(test.viewer.window.Label4, from == 0 ? status : "Frame: " + std::to_string(from));
+      shown.clear();
+      test.platform.ticks = 0xFFFFFFFF; // the clock wraps
+      test.viewer.platform.presentPicture = [](void *, auto bits, int32_t, int32_t) { shown.push_back(bits[0]); };
+      test.viewer.platform.startSound = hearSound;
+      Image1_Click(test.viewer);
+      while (steps && (stepVideo(test.viewer), test.viewer.activity == Activity::kPlaying)) ++test.platform.ticks;
+      EXPECT_EQ(shown, expected);
+      EXPECT_EQ(test.platform.ticks, milliseconds - 1);
+      EXPECT_EQ(test.viewer.window.HScroll1.value, 0);
+      EXPECT_EQ(test.viewer.window.Label4, status);
+    }
   }
 }
 

@@ -1,0 +1,98 @@
+// What the page calls. A path is in the room for texts.
+#include "base/paths.h"
+#include "base/text.h"
+#include "core/colour_readout.h"
+#include "core/commands.h"
+#include "core/file_kinds.h"
+#include "core/file_palettes.h"
+#include "core/keys.h"
+#include "core/menus.h"
+#include "core/palette_commands.h"
+#include "core/video_commands.h"
+#include "video/playback.h"
+#include "web/model.h"
+#include "web/page_files.h"
+#include "web/page_viewer.h"
+
+#define EXPORTED(name) __attribute__((export_name(#name)))
+
+namespace {
+
+// A kind of file, as kindOfFile() gives it.
+enum PageKind { kUnknown, kPicture, kFilm, kPalette };
+
+ViewerState &viewer() { return pageViewer().viewer; }
+
+// A command during a run is carried out behind it.
+void afterCommand() {
+  if (viewer().request.kind != Request::kNone) stepPageViewer();
+}
+
+} // namespace
+
+extern "C" {
+
+EXPORTED(start) void start() { startPageViewer(); }
+
+EXPORTED(room) char *room(size_t bytes) { return textRoom(bytes); }
+
+EXPORTED(kindOfFile) int32_t kindOfFile() {
+  if (isPaletteFile(roomText())) return kPalette;
+  const FileKind *kind = findFileKind(upperCased(lastCharacters(roomText(), kExtensionLength)));
+  if (kind == nullptr) return kUnknown;
+  return kind->traits.player != nullptr ? kFilm : kPicture;
+}
+
+EXPORTED(open) void open() {
+  openPath(viewer(), std::string(roomText()));
+  afterCommand();
+}
+
+// The user has dropped or chosen a file.
+EXPORTED(drop) void drop() {
+  dropFile(viewer(), std::string(roomText()));
+  afterCommand();
+}
+
+// Returns whether the key is one of the viewer's.
+EXPORTED(press) bool press(int32_t code, bool ctrl, bool shift, bool repeated) {
+  const bool taken = pressKey(viewer(), {.code = code, .ctrl = ctrl, .shift = shift, .repeated = repeated});
+  afterCommand();
+  return taken;
+}
+
+// Runs the command of that place in the model's list.
+EXPORTED(run) void run(size_t row) {
+  runMenuRow(viewer(), row);
+  afterCommand();
+}
+
+EXPORTED(play) void play() {
+  togglePlayback(viewer());
+  afterCommand();
+}
+
+EXPORTED(scroll) void scroll(int32_t frame) { HScroll1_Change(viewer(), frame); }
+
+EXPORTED(step) void step() { stepPageViewer(); }
+
+EXPORTED(pause) void pause() { pausePlayback(viewer()); }
+
+EXPORTED(resume) void resume() { resumePlayback(viewer()); }
+
+// The pointer is at that pixel of the stretched picture; below 0, on none.
+EXPORTED(point) void point(int32_t x, int32_t y) {
+  if (x < 0 || y < 0) return leaveMouse(viewer());
+  moveMouse(viewer(), x, y);
+}
+
+// Words 0x00RRGGBB, top row first.
+EXPORTED(frame) const uint32_t *frame() { return viewer().frameBits.data(); }
+
+// Valid until the next call.
+EXPORTED(model) const char *model() {
+  static std::string json;
+  json = modelJson(viewer());
+  return json.c_str();
+}
+}

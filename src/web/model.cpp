@@ -1,0 +1,90 @@
+#include "web/model.h"
+
+#include "base/json.h"
+#include "core/levels.h"
+#include "core/menus.h"
+#include "core/png_export.h"
+
+namespace {
+
+std::string number(int64_t value) { return std::to_string(value); }
+
+std::string size(int32_t width, int32_t height) { return "[" + number(width) + "," + number(height) + "]"; }
+
+// The elements of `items` for which `json` gives a text.
+template <typename Items, typename Json> std::string listOf(const Items &items, Json json) {
+  std::string list;
+  for (const auto &item : items) {
+    const std::string element = json(item);
+    if (!element.empty()) list += (list.empty() ? "" : ",") + element;
+  }
+  return "[" + list + "]";
+}
+
+std::string readoutJson(const ColourReadout &readout) {
+  JsonObject object;
+  object.member("text", jsonText(readout.text));
+  object.member("colour", showsColour(readout) ? number(readout.colour) : "null");
+  return object.end();
+}
+
+std::string swatchJson(const Swatch &swatch) {
+  if (!swatch.visible) return "";
+  JsonObject object;
+  object.member("colour", number(swatch.background));
+  object.member("text", number(swatch.text));
+  object.member("tip", jsonText(colourAndLevels(swatch.background)));
+  return object.end();
+}
+
+// The key without Ctrl, most of which a browser keeps for itself.
+std::string keyText(const MenuRow &row) {
+  const auto [use, code] = row.shortcut;
+  if (use == ShortcutUse::kWithCtrlOrAlone) return {static_cast<char>(code)};
+  return use == ShortcutUse::kKeyAlone ? shortcutText(row) : "";
+}
+
+std::string commandsJson(const WindowModel &window) {
+  return listOf(kMenuRows, [&window](const MenuRow &row) -> std::string {
+    JsonObject object;
+    if (row.item == nullptr) return object.end(); // the place of a separator, so that a row's index is the place
+    object.member("caption", jsonText(plainCaption(row.caption)));
+    object.member("key", jsonText(keyText(row)));
+    object.member("enabled", jsonTruth(menuRowEnabled(window, row)));
+    object.member("checked", jsonTruth((window.*row.item).checked));
+    return object.end();
+  });
+}
+
+std::string filmJson(const ViewerState &viewer) {
+  const ScrollBar &bar = viewer.window.HScroll1;
+  if (!bar.visible) return "null";
+  JsonObject object;
+  object.member("maximum", number(bar.maximum));
+  object.member("value", number(bar.value));
+  object.member("playing", jsonTruth(videoPlaying(viewer)));
+  return object.end();
+}
+
+} // namespace
+
+std::string modelJson(const ViewerState &viewer) {
+  const WindowModel &window = viewer.window;
+  JsonObject object;
+  object.member("path", jsonText(viewer.filePath));
+  object.member("caption", jsonText(window.caption));
+  object.member("labels", listOf(std::to_array({window.Label1, window.Label2, window.Label3}), jsonText));
+  object.member("status", jsonText(window.Label4));
+  object.member("readout", readoutJson(window.readout));
+  object.member("swatches", listOf(window.Label5, swatchJson));
+  object.member("commands", commandsJson(window));
+  object.member("film", filmJson(viewer));
+  object.member("shown", jsonTruth(viewer.pictureShown == kTrue));
+  object.member("serial", number(window.pictureSerial));
+  object.member("frame", size(viewer.frameWidth, viewer.frameHeight));
+  object.member("target", size(window.stretch.targetWidth, window.stretch.targetHeight));
+  object.member("tall", jsonTruth(hasTallPixels(viewer)));
+  object.member("zoomed", jsonTruth(viewer.zoomMode == 1));
+  object.member("fullScreen", jsonTruth(window.fullScreen));
+  return object.end();
+}
