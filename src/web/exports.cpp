@@ -23,8 +23,10 @@ enum PageKind { kUnknown, kPicture, kFilm, kPalette };
 
 ViewerState &viewer() { return pageViewer().viewer; }
 
-// A command during a run is carried out behind it.
-void afterCommand() {
+// Runs a command; one during a run is carried out behind it.
+template <typename Command> void perform(Command command) {
+  pageViewer().statusBefore = viewer().window.Label4;
+  command();
   if (viewer().request.kind != Request::kNone) stepPageViewer();
 }
 
@@ -44,32 +46,34 @@ EXPORTED(kindOfFile) int32_t kindOfFile() {
 }
 
 EXPORTED(open) void open() {
-  openPath(viewer(), std::string(roomText()));
-  afterCommand();
+  perform([] { openPath(viewer(), std::string(roomText())); });
+}
+
+// The page has the bytes that it lacked when the core opened the file: opens it as if that had not been tried.
+EXPORTED(openAgain) void openAgain() {
+  viewer().window.Label4 = pageViewer().statusBefore;
+  openPath(viewer(), viewer().filePath);
 }
 
 // The user has dropped or chosen a file.
 EXPORTED(drop) void drop() {
-  dropFile(viewer(), std::string(roomText()));
-  afterCommand();
+  perform([] { dropFile(viewer(), std::string(roomText())); });
 }
 
 // Returns whether the key is one of the viewer's.
 EXPORTED(press) bool press(int32_t code, bool ctrl, bool shift, bool repeated) {
-  const bool taken = pressKey(viewer(), {.code = code, .ctrl = ctrl, .shift = shift, .repeated = repeated});
-  afterCommand();
+  bool taken = false;
+  perform([&] { taken = pressKey(viewer(), {.code = code, .ctrl = ctrl, .shift = shift, .repeated = repeated}); });
   return taken;
 }
 
 // Runs the command of that place in the model's list.
 EXPORTED(run) void run(size_t row) {
-  runMenuRow(viewer(), row);
-  afterCommand();
+  perform([row] { runMenuRow(viewer(), row); });
 }
 
 EXPORTED(play) void play() {
-  togglePlayback(viewer());
-  afterCommand();
+  perform([] { togglePlayback(viewer()); });
 }
 
 EXPORTED(scroll) void scroll(int32_t frame) { HScroll1_Change(viewer(), frame); }

@@ -7,8 +7,9 @@
 struct PageViewer {
   ViewerState viewer;
   HeadlessPlatform headless;
-  bool sounds = false;    // the run has started its sound
-  int32_t soundFrame = 0; // first frame whose samples the page does not have yet
+  std::string statusBefore; // the status line before the last command
+  bool sounds = false;      // the run has started its sound
+  int32_t soundFrame = 0;   // first frame whose samples the page does not have yet
 };
 
 // The only one: a page that wants a second one takes a second module.

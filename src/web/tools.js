@@ -1,0 +1,74 @@
+// The buttons of the page. Those of commands are named by their captions in the model, which enables and checks them.
+
+const kPageUp = 33, kPageDown = 34; // virtual-key codes
+
+// Icon and caption of a command; the paging buttons press keys.
+const kTools = [
+  ['open', 'Open'],
+  ['previous', 'Previous picture', kPageUp],
+  ['next', 'Next picture', kPageDown],
+  ['zoom', 'Zoom'],
+  ['aspect', '1:2 Aspect  Ratio'],
+  ['palette', 'View Palette'],
+  ['info', 'Image Info'],
+  ['save', 'Save as PNG'],
+  ['full', 'Full Screen'],
+];
+const kMenu = ['Reload', 'Close', 'Save as Bitmap', 'Copy to Clipboard', 'Count Colors', 'Load Palette',
+  'Store Palette', 'Restore Palette', 'Palette of the Same Name', 'Order by Number', 'Help', 'About'];
+
+function icon(name) {
+  const svg = document.createElementNS('http://www.w3.org/2000/svg', 'svg');
+  svg.append(document.createElementNS(svg.namespaceURI, 'use'));
+  svg.firstChild.setAttribute('href', `#i-${name}`);
+  return svg;
+}
+
+function makeButton(content, act) {
+  const button = document.createElement('button');
+  button.append(content);
+  button.addEventListener('click', act);
+  return button;
+}
+
+// Fills `place`. `run` gets the row of a command, `press` a key. Returns what shows the model's rows.
+function makeTools(place, commands, run, press) {
+  const shown = []; // buttons and rows
+  const rowOf = (caption) => commands.findIndex((command) => command.caption === caption);
+  for (const [name, caption, key] of kTools) {
+    const row = rowOf(caption);
+    const button = makeButton(icon(name), key ? () => press(key) : () => run(row));
+    const letter = key ? (key === kPageUp ? 'Page Up' : 'Page Down') : commands[row].key;
+    button.title = caption.replace('  ', ' ') + (letter ? ` (${letter})` : '');
+    button.setAttribute('aria-label', caption);
+    if (row >= 0) shown.push([button, row]);
+    place.append(button);
+  }
+
+  const more = document.createElement('div'), menu = document.createElement('div');
+  more.id = 'more';
+  menu.id = 'menu';
+  menu.hidden = true;
+  const toggle = makeButton(icon('more'), () => { menu.hidden = !menu.hidden; });
+  toggle.setAttribute('aria-label', 'More commands');
+  for (const caption of kMenu) {
+    const row = rowOf(caption);
+    const button = makeButton(caption, () => run(row));
+    const key = document.createElement('kbd');
+    key.textContent = commands[row].key;
+    button.append(key);
+    shown.push([button, row]);
+    menu.append(button);
+  }
+  document.addEventListener('click', (event) => { if (!toggle.contains(event.target)) menu.hidden = true; });
+  document.addEventListener('keydown', (event) => { if (event.key === 'Escape') menu.hidden = true; });
+  more.append(toggle, menu);
+  place.append(more);
+
+  return (rows) => {
+    for (const [button, row] of shown) {
+      button.disabled = !rows[row].enabled;
+      button.setAttribute('aria-pressed', rows[row].checked);
+    }
+  };
+}
