@@ -32,7 +32,6 @@ std::string swatchJson(const Swatch &swatch) {
   if (!swatch.visible) return "";
   JsonObject object;
   object.member("colour", number(swatch.background));
-  object.member("text", number(swatch.text));
   object.member("tip", jsonText(colourAndLevels(swatch.background)));
   return object.end();
 }

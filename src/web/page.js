@@ -9,6 +9,7 @@ let partial = false;   // the canvas is too small for the picture
 let note = '';         // the page's own line, until the next command
 let lastSerial = -1;
 
+const isLight = (word) => 3 * (word >> 16) + 6 * (word >> 8 & 255) + (word & 255) > 1275;
 const colourText = (word) => `#${word.toString(16).padStart(6, '0')}`;
 
 const asked = {
@@ -55,6 +56,7 @@ function perform(command) {
     console.error(error);
     asked.sound.stop();
     core = startCore(module, shelf, asked);
+    lastSerial = -1; // the new core counts anew
     note = error.message === kOutOfMemory ? '*** Error: Not enough memory.' : '*** Error: This file cannot be shown.';
   }
 }
@@ -83,7 +85,7 @@ function show() {
   if (model.path !== path) shelf.forgetUnused();
   document.title = byId('caption').textContent = model.caption;
   byId('labels').textContent = model.shown ? model.labels.join(' · ') : '';
-  showTools(model.commands);
+  showTools(model);
   showPicture();
   showFilm();
   showSwatches();
@@ -119,7 +121,7 @@ function showSwatches() {
     span.textContent = i;
     span.title = swatch.tip;
     span.style.background = colourText(swatch.colour);
-    span.style.color = colourText(swatch.text);
+    span.style.color = isLight(swatch.colour) ? '#000' : '#fff';
     return span;
   }));
 }

@@ -31,9 +31,9 @@ function makeButton(content, act) {
   return button;
 }
 
-// Fills `place`. `run` gets the row of a command, `press` a key. Returns what shows the model's rows.
+// Fills `place`. `run` gets the row of a command, `press` a key. Returns what shows the model's commands.
 function makeTools(place, commands, run, press) {
-  const shown = []; // buttons and rows
+  const shown = []; // buttons and rows; -1: paging
   const rowOf = (caption) => commands.findIndex((command) => command.caption === caption);
   for (const [name, caption, key] of kTools) {
     const row = rowOf(caption);
@@ -41,7 +41,7 @@ function makeTools(place, commands, run, press) {
     const letter = key ? (key === kPageUp ? 'Page Up' : 'Page Down') : commands[row].key;
     button.title = caption.replace('  ', ' ') + (letter ? ` (${letter})` : '');
     button.setAttribute('aria-label', caption);
-    if (row >= 0) shown.push([button, row]);
+    shown.push([button, row]);
     place.append(button);
   }
 
@@ -65,10 +65,11 @@ function makeTools(place, commands, run, press) {
   more.append(toggle, menu);
   place.append(more);
 
-  return (rows) => {
+  return (model) => {
     for (const [button, row] of shown) {
-      button.disabled = !rows[row].enabled;
-      button.setAttribute('aria-pressed', rows[row].checked);
+      const { enabled, checked } = row >= 0 ? model.commands[row] : { enabled: model.path !== '', checked: false };
+      button.disabled = !enabled;
+      button.setAttribute('aria-pressed', checked);
     }
   };
 }
