@@ -87,6 +87,14 @@ async function unpackModule() {
   return WebAssembly.compile(await new Response(stream).arrayBuffer());
 }
 
+// Opens a black picture in a core of its own: a browser compiles a procedure at its first call.
+function warmUp() {
+  const bytes = Uint8Array.of(0xfe, 0, 0, 0xff, 0xd3, 0, 0);
+  const spare = startCore(module, { bytesOf: () => bytes, list: () => [] }, asked);
+  spare.open('BLACK.SC8');
+  drawPicture(document.createElement('canvas'), spare.frame(spare.model().frame), spare.model().frame);
+}
+
 async function startPage() {
   module = await unpackModule();
   core = startCore(module, shelf, asked);
@@ -96,6 +104,7 @@ async function startPage() {
   watchDrops();
   watchPage();
   show();
+  setTimeout(warmUp);
 }
 
 startPage().catch((error) => {
