@@ -71,6 +71,7 @@ std::string modelJson(const ViewerState &viewer) {
   const WindowModel &window = viewer.window;
   JsonObject object;
   object.member("path", jsonText(viewer.filePath));
+  object.member("opened", jsonText(openedPath(viewer))); // `path` may be of a file that was ignored
   object.member("caption", jsonText(window.caption));
   object.member("labels", listOf(std::to_array({window.Label1, window.Label2, window.Label3}), jsonText));
   object.member("status", jsonText(window.Label4));

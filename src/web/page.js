@@ -80,9 +80,9 @@ function act(command) {
 }
 
 function show() {
-  const path = model?.path;
+  const opened = model.opened;
   model = core.model();
-  if (model.path !== path) shelf.forgetUnused();
+  if (model.opened !== opened) shelf.forgetUnused();
   document.title = byId('caption').textContent = model.caption;
   byId('labels').textContent = model.shown ? model.labels.join(' · ') : '';
   showTools(model);

@@ -31,7 +31,8 @@ size_t readAt(FileHandle file, int64_t offset, uint8_t *into, size_t count) {
 void closeFile(FileHandle file) { pageCloseFile(fileOf(file)); }
 
 std::vector<std::string> listFolder(const char *folder) {
-  std::string_view rest = std::string_view(room()).substr(0, pageListFolder(folder, std::string_view(folder).size()));
+  const size_t bytes = pageListFolder(folder, std::string_view(folder).size());
+  std::string_view rest = std::string_view(room()).substr(0, bytes);
   std::vector<std::string> names;
   for (size_t end = rest.find('\0'); end != std::string_view::npos; end = rest.find('\0')) {
     names.emplace_back(rest.substr(0, end));

@@ -33,6 +33,21 @@ async function showsPicture(browser, name) {
   assert.equal(await canvasPixels(browser), await pixelsOf(name), name);
 }
 
+// The next file of a drop, with its companion; a file of another kind changes nothing of what is known.
+async function turnsPages(browser) {
+  const [name, bytes] = sample('FIGURES.TGS');
+  await browser.drop([sample('COAST.SC5'), [name, bytes], sample('FIGURES.TCS')]);
+  await browser.until('model.caption.endsWith("COAST.SC5") && !settling');
+  await browser.evaluate('press(kPageDown)');
+  await browser.until(`model.caption.endsWith("${name}") && !settling`);
+  assert.equal(await canvasPixels(browser), await pixelsOf(name));
+  await browser.drop([['photo.jpg', [0]]]);
+  await browser.until(`${kStatus}.startsWith("photo.jpg is not a kind")`);
+  const info = await browser.evaluate('press(73); byId("dialog").querySelector("div").textContent');
+  assert.ok(info.includes(`${bytes.length.toLocaleString('en-US')} bytes`), info);
+  await browser.evaluate('byId("dialog").close()');
+}
+
 async function showsError(browser, file, line) {
   const before = await canvasPixels(browser);
   await browser.drop([file]);
@@ -68,6 +83,7 @@ async function main() {
   const browser = new Browser();
   try {
     await browser.open(page, 1000, 700);
+    await turnsPages(browser);
     await showsPicture(browser, 'COAST.SC8');
     await showsError(browser, sample('odd/start_0001.SC5'), '*** Error: Not a valid .SC5 file.');
     await playsFilm(browser, 'COAST.EV8');
