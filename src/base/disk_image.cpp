@@ -192,7 +192,7 @@ size_t readFile(const DiskImage &disk, const DiskFile &file, int64_t offset, uin
     for (; index + 1 < file.clusters.size() && file.clusters[index + 1] == file.clusters[index] + 1; ++index) {
       bytes += clusterBytes;
     }
-    bytes = std::min(bytes, std::ssize(rest));
+    bytes = std::min<int64_t>(bytes, std::ssize(rest));
     readImage(disk, start, rest.first(static_cast<size_t>(bytes)));
     rest = rest.subspan(static_cast<size_t>(bytes));
     offset += bytes;

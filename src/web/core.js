@@ -25,6 +25,7 @@ function startCore(module, shelf, page) {
       opened.set(++lastFile, bytes);
       return lastFile;
     },
+    holds: (path, count) => shelf.holds(textAt(path, count)),
     fileLength: (file) => opened.get(file).length,
     readFile(file, offset, into, count) {
       const bytes = opened.get(file).subarray(offset, offset + count);

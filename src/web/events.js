@@ -3,7 +3,7 @@
 const kSpace = 32, kReturn = 13, kF11 = 122;
 const kSwipe = 60; // pixels
 
-const press = (code) => act(() => core.press(code, false, false, false));
+const press = (code, ctrl = false) => act(() => core.press(code, ctrl, false, false));
 const isPicture = (path) => [kPicture, kFilm].includes(core.kindOfFile(path));
 
 // Opens the first file that is a picture or a film, else the first one.

@@ -1,4 +1,5 @@
 // What the page calls. A path is in the room for texts.
+#include "base/disk_files.h"
 #include "base/paths.h"
 #include "base/text.h"
 #include "core/colour_readout.h"
@@ -19,7 +20,7 @@
 namespace {
 
 // A kind of file, as kindOfFile() gives it.
-enum PageKind { kUnknown, kPicture, kFilm, kPalette };
+enum PageKind { kUnknown, kPicture, kFilm, kPalette }; // a disk image is opened as a picture
 
 ViewerState &viewer() { return pageViewer().viewer; }
 
@@ -41,7 +42,7 @@ EXPORTED(room) char *room(size_t bytes) { return textRoom(bytes); }
 EXPORTED(kindOfFile) int32_t kindOfFile() {
   if (isPaletteFile(roomText())) return kPalette;
   const FileKind *kind = findFileKind(upperCased(lastCharacters(roomText(), kExtensionLength)));
-  if (kind == nullptr) return kUnknown;
+  if (kind == nullptr) return isDiskImageName(roomText()) ? kPicture : kUnknown;
   return kind->traits.player != nullptr ? kFilm : kPicture;
 }
 

@@ -1,5 +1,6 @@
 #include "web/model.h"
 
+#include "base/disk_files.h"
 #include "base/json.h"
 #include "core/levels.h"
 #include "core/menus.h"
@@ -72,6 +73,7 @@ std::string modelJson(const ViewerState &viewer) {
   JsonObject object;
   object.member("path", jsonText(viewer.filePath));
   object.member("opened", jsonText(openedPath(viewer))); // `path` may be of a file that was ignored
+  object.member("onDisk", jsonTruth(diskLength(openedPath(viewer)) != 0));
   object.member("caption", jsonText(window.caption));
   object.member("labels", listOf(std::to_array({window.Label1, window.Label2, window.Label3}), jsonText));
   object.member("status", jsonText(window.Label4));

@@ -1,6 +1,7 @@
 #include "web/page_files.h"
 
 #include "base/file_ops.h"
+#include "base/folders.h"
 #include "web/page_calls.h"
 
 #include <algorithm>
@@ -18,6 +19,10 @@ std::string &room() {
 // NOLINTNEXTLINE(performance-no-int-to-ptr): it points to nothing, so no optimisation is lost.
 FileHandle handleOf(int32_t file) { return reinterpret_cast<FileHandle>(file + 1); }
 int32_t fileOf(FileHandle handle) { return reinterpret_cast<int32_t>(handle) - 1; }
+
+enum Holding { kNothing, kFile, kFolder };
+
+Holding holds(std::string_view path) { return static_cast<Holding>(pageHolds(path.data(), path.size())); }
 
 FileHandle openForReading(const char *path) { return handleOf(pageOpenFile(path, std::string_view(path).size())); }
 
@@ -64,7 +69,7 @@ constexpr FileOps kPageFiles{.openForReading = openForReading,
                              .readAt = readAt,
                              .close = closeFile,
                              .listFolder = listFolder,
-                             .exists = [](const char *) { return false; },
+                             .exists = [](const char *path) { return holds(path) != kNothing; },
                              .fullPath = [](const char *path) { return std::string(path); },
                              .beginOutput = beginOutput,
                              .write = write,
@@ -73,6 +78,8 @@ constexpr FileOps kPageFiles{.openForReading = openForReading,
 } // namespace
 
 const FileOps &systemFiles() { return kPageFiles; }
+
+bool isFolder(const std::string &path) { return holds(path) == kFolder; }
 
 char *textRoom(size_t bytes) {
   room().resize(bytes);

@@ -69,6 +69,7 @@ void startPageViewer() {
   ViewerState &viewer = page.viewer;
   attachHeadless(viewer, page.headless);
   page.headless.keepsLog = false;
+  page.headless.answersYes = true; // a saved file replaces none: it goes to the downloads
   PlatformOps &platform = viewer.platform;
   platform.stepsVideos = true;
   platform.tickCount = tickCount;

@@ -22,6 +22,11 @@ function makeShelf() {
       if (files.has(path) && !loaded.has(path)) missing.add(path);
       return loaded.get(path);
     },
+    // 0 nothing, 1 a file, 2 a folder
+    holds(path) {
+      if (files.has(path)) return 1;
+      return [...files.keys()].some((other) => other.startsWith(`${path}/`)) ? 2 : 0;
+    },
     list(folder) {
       const inFolder = [...files.keys()].filter((path) => path.startsWith(folder));
       return inFolder.map((path) => path.slice(folder.length)).filter((name) => !name.includes('/')).sort();

@@ -16,6 +16,7 @@ const kTools = [
 ];
 const kMenu = ['Reload', 'Close', 'Save as Bitmap', 'Copy to Clipboard', 'Count Colors', 'Load Palette',
   'Store Palette', 'Restore Palette', 'Palette of the Same Name', 'Order by Number', 'Help', 'About'];
+const kDiskTools = [['Previous disk', kPageUp], ['Next disk', kPageDown]]; // with Ctrl
 
 function icon(name) {
   const svg = document.createElementNS('http://www.w3.org/2000/svg', 'svg');
@@ -31,7 +32,7 @@ function makeButton(content, act) {
   return button;
 }
 
-// Fills `place`. `run` gets the row of a command, `press` a key. Returns what shows the model's commands.
+// Fills `place`. `run` gets the row of a command, `press` a key, with Ctrl or not. Returns what shows the model's commands.
 function makeTools(place, commands, run, press) {
   const shown = []; // buttons and rows; -1: paging
   const rowOf = (caption) => commands.findIndex((command) => command.caption === caption);
@@ -60,12 +61,15 @@ function makeTools(place, commands, run, press) {
     shown.push([button, row]);
     menu.append(button);
   }
+  const diskButtons = kDiskTools.map(([caption, key]) => makeButton(caption, () => press(key, true)));
+  menu.append(...diskButtons);
   document.addEventListener('click', (event) => { if (!toggle.contains(event.target)) menu.hidden = true; });
   document.addEventListener('keydown', (event) => { if (event.key === 'Escape') menu.hidden = true; });
   more.append(toggle, menu);
   place.append(more);
 
   return (model) => {
+    for (const button of diskButtons) button.disabled = !model.onDisk;
     for (const [button, row] of shown) {
       const { enabled, checked } = row >= 0 ? model.commands[row] : { enabled: model.path !== '', checked: false };
       button.disabled = !enabled;

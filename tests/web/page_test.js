@@ -48,6 +48,18 @@ async function turnsPages(browser) {
   await browser.evaluate('byId("dialog").close()');
 }
 
+// Its first picture, one in a folder on it, and the first one of the next disk.
+async function showsDisk(browser) {
+  await browser.drop([sample('FOLDERS.DSK'), sample('SCREENS.DSK')]);
+  const steps = [['', 'COAST.SC5'], ['press(kPageDown)', 'PLASMA.SC5'], ['press(kPageDown)', 'CHART.SC5'],
+    ['press(kPageDown)', 'COAST.STP'], ['press(kPageDown, true)', 'COAST.SC2']];
+  for (const [step, name] of steps) {
+    await browser.evaluate(step);
+    await browser.until(`model.opened.includes(".DSK/") && model.opened.endsWith("${name}") && !settling`);
+    assert.equal(await canvasPixels(browser), await pixelsOf(name), name);
+  }
+}
+
 async function showsError(browser, file, line) {
   const before = await canvasPixels(browser);
   await browser.drop([file]);
@@ -84,6 +96,7 @@ async function main() {
   try {
     await browser.open(page, 1000, 700);
     await turnsPages(browser);
+    await showsDisk(browser);
     await showsPicture(browser, 'COAST.SC8');
     await showsError(browser, sample('odd/start_0001.SC5'), '*** Error: Not a valid .SC5 file.');
     await playsFilm(browser, 'COAST.EV8');
