@@ -29,8 +29,12 @@ function onKey(event) {
 // Only the read-out changes.
 function onPointer(event) {
   const place = event.type === 'pointerleave' ? [-1, -1] : pointedAt(canvas, model, event);
-  core.point(...place);
-  model.readout = core.model().readout;
+  const readout = guarded(() => {
+    core.point(...place);
+    return core.model().readout;
+  });
+  if (!readout) return show();
+  model.readout = readout;
   showLines();
 }
 
@@ -38,7 +42,8 @@ function watchPicture() {
   for (const type of ['pointermove', 'pointerdown', 'pointerleave']) canvas.addEventListener(type, onPointer);
   canvas.addEventListener('dblclick', () => press(kF11));
   let start = null;
-  stage.addEventListener('touchstart', ({ touches }) => { start = touches.length === 1 ? touches[0] : null; }, { passive: true });
+  const begin = ({ touches }) => { start = touches.length === 1 ? touches[0] : null; };
+  stage.addEventListener('touchstart', begin, { passive: true });
   stage.addEventListener('touchend', ({ changedTouches: [end] }) => {
     const way = start ? end.clientX - start.clientX : 0;
     const scrolls = stage.scrollWidth > stage.clientWidth;

@@ -1,12 +1,14 @@
 // The page: what the user does goes to the core, what the core's model says is shown.
 
+const kInPart = 'Shown in part: the browser has no room for the whole picture. Save as PNG writes all of it.';
+
 const byId = (id) => document.getElementById(id);
 const canvas = byId('picture'), stage = byId('stage');
 const shelf = makeShelf();
 let module, core, model, showTools;
 let settling = false, stepping = false;
-let partial = false;   // the canvas is too small for the picture
-let note = '';         // the page's own line, until the next command
+let partial = false; // the canvas is too small for the picture
+let note = ''; // the page's own line, until the next command
 let lastSerial = -1;
 
 const isLight = (word) => 3 * (word >> 16) + 6 * (word >> 8 & 255) + (word & 255) > 1275;
@@ -47,11 +49,10 @@ const asked = {
   chooseFiles: () => byId('files').click(),
 };
 
-// A module that trapped or has no more memory is replaced by a new one.
-function perform(command) {
-  note = '';
+// Calls the core. A module that traps or has no more memory is replaced by a new one.
+function guarded(command) {
   try {
-    return command(core);
+    return command();
   } catch (error) {
     console.error(error);
     asked.sound.stop();
@@ -59,6 +60,11 @@ function perform(command) {
     lastSerial = -1; // the new core counts anew
     note = error.message === kOutOfMemory ? '*** Error: Not enough memory.' : '*** Error: This file cannot be shown.';
   }
+}
+
+function perform(command) {
+  note = '';
+  return guarded(command);
 }
 
 // Loads the files that the core has asked for, then shows what it shows.
@@ -81,7 +87,7 @@ function act(command) {
 
 function show() {
   const opened = model.opened;
-  model = core.model();
+  model = guarded(() => core.model()) ?? core.model();
   if (model.opened !== opened) shelf.forgetUnused();
   document.title = byId('caption').textContent = model.caption;
   byId('labels').textContent = model.shown ? model.labels.join(' · ') : '';
@@ -127,8 +133,7 @@ function showSwatches() {
 }
 
 function showLines() {
-  const status = note || shelf.refusal(model.path) || model.status ||
-    (model.shown && partial ? 'Shown in part: the browser has no room for the whole picture. Save as PNG writes all of it.' : '');
+  const status = note || shelf.refusal(model.path) || model.status || (model.shown && partial ? kInPart : '');
   byId('status').textContent = status;
   byId('status').classList.toggle('fault', status.startsWith('***'));
   const [colour, text] = byId('readout').children;

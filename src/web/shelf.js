@@ -60,8 +60,10 @@ function makeShelf() {
 // The files of a drop or of an input, with those of folders, as [path, file].
 async function filesOf(source) {
   const entries = [...(source.items ?? [])].map((item) => item.webkitGetAsEntry?.()).filter(Boolean);
-  if (entries.length === 0) return [...source.files].map((file) => [pathOf(file.webkitRelativePath || file.name), file]);
   const found = [];
+  if (entries.length === 0) {
+    for (const file of source.files) found.push([pathOf(file.webkitRelativePath || file.name), file]);
+  }
   for (const entry of entries) await walk(entry, found);
   return found;
 }

@@ -1,6 +1,7 @@
 // The buttons of the page. Those of commands are named by their captions in the model, which enables and checks them.
 
 const kPageUp = 33, kPageDown = 34; // virtual-key codes
+const kKeyTexts = { [kPageUp]: 'Page Up', [kPageDown]: 'Page Down' };
 
 // Icon and caption of a command; the paging buttons press keys.
 const kTools = [
@@ -39,8 +40,8 @@ function makeTools(place, commands, run, press) {
   for (const [name, caption, key] of kTools) {
     const row = rowOf(caption);
     const button = makeButton(icon(name), key ? () => press(key) : () => run(row));
-    const letter = key ? (key === kPageUp ? 'Page Up' : 'Page Down') : commands[row].key;
-    button.title = caption.replace('  ', ' ') + (letter ? ` (${letter})` : '');
+    const keyText = key ? kKeyTexts[key] : commands[row].key;
+    button.title = `${caption.replace('  ', ' ')} (${keyText})`;
     button.setAttribute('aria-label', caption);
     shown.push([button, row]);
     place.append(button);

@@ -8,8 +8,8 @@ const path = require('path');
 class Browser {
   constructor() {
     this.profile = fs.mkdtempSync(path.join(os.tmpdir(), 'korilan-page-'));
-    const switches = ['--headless=new', '--no-sandbox', '--disable-gpu', '--disable-dev-shm-usage', '--remote-debugging-pipe',
-      '--autoplay-policy=no-user-gesture-required', '--no-first-run', `--user-data-dir=${this.profile}`];
+    const switches = ['--headless=new', '--no-sandbox', '--disable-gpu', '--disable-dev-shm-usage', '--no-first-run',
+      '--remote-debugging-pipe', '--autoplay-policy=no-user-gesture-required', `--user-data-dir=${this.profile}`];
     this.process = spawn('chromium', switches, { stdio: ['ignore', 'ignore', 'ignore', 'pipe', 'pipe'] });
     this.waiting = new Map();
     this.requests = []; // addresses that pages have asked for
@@ -50,8 +50,9 @@ class Browser {
   }
 
   async evaluate(expression) {
-    const { result, exceptionDetails } = await this.send('Runtime.evaluate', { expression, awaitPromise: true, returnByValue: true });
-    if (exceptionDetails) throw new Error(exceptionDetails.exception?.description ?? exceptionDetails.text);
+    const how = { expression, awaitPromise: true, returnByValue: true };
+    const { result, exceptionDetails: fault } = await this.send('Runtime.evaluate', how);
+    if (fault) throw new Error(fault.exception?.description ?? fault.text);
     return result.value;
   }
 
@@ -73,11 +74,6 @@ class Browser {
       }
       document.dispatchEvent(new DragEvent('drop', { dataTransfer: data, bubbles: true }));
     }`);
-  }
-
-  async screenshot(file) {
-    const { data } = await this.send('Page.captureScreenshot', { format: 'png' });
-    fs.writeFileSync(file, Buffer.from(data, 'base64'));
   }
 
   async close() {

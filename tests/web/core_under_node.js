@@ -32,9 +32,8 @@ class CoreUnderNode {
     this.shelf = makeShelf();
     for (const name of fs.readdirSync(folder, { recursive: true })) {
       const file = path.join(folder, name);
-      if (fs.statSync(file).isFile()) {
-        this.shelf.add(name, { size: fs.statSync(file).size, arrayBuffer: async () => new Uint8Array(fs.readFileSync(file)).buffer });
-      }
+      const { size } = fs.statSync(file);
+      this.shelf.add(name, { size, arrayBuffer: async () => new Uint8Array(fs.readFileSync(file)).buffer });
     }
     this.core = startCore(wasm, this.shelf, page);
   }

@@ -33,7 +33,8 @@ async function linesOf(name) {
   const status = test.said || model.status;
   const what = name + (status ? `: ${status}` : '');
   if (!model.shown || width * height === 0) return [`- ${what}`];
-  return [`${hashOf(test.core.frame(model.frame))} ${width}x${height} ${what}`, ...(model.film ? filmLines(test, name) : [])];
+  const picture = `${hashOf(test.core.frame(model.frame))} ${width}x${height} ${what}`;
+  return model.film ? [picture, ...filmLines(test, name)] : [picture];
 }
 
 async function main() {

@@ -82,7 +82,9 @@ async function playsFilm(browser, name) {
 
 // A canvas of too few pixels shows a part; the saved file has all of them.
 async function savesWhole(browser, name) {
-  await browser.evaluate('kCanvasSides.fill(100); asked.save = async (_, parts) => saved = [...await new Blob(parts).bytes()]; var saved');
+  await browser.evaluate(`var saved;
+    kCanvasSides.fill(100);
+    asked.save = async (_, parts) => { saved = [...await new Blob(parts).bytes()]; };`);
   await browser.drop([sample(name)]);
   await browser.until(`${kStatus}.startsWith("Shown in part")`);
   await browser.evaluate('act(() => core.press(83, true, true, false))');
