@@ -43,6 +43,10 @@ std::string jsonText(std::string_view text) {
 
 std::string jsonTruth(bool value) { return value ? "true" : "false"; }
 
+std::string jsonSize(int32_t width, int32_t height) {
+  return "[" + std::to_string(width) + "," + std::to_string(height) + "]";
+}
+
 void JsonObject::member(const char *key, const std::string &value) {
   if (text.size() > 1) text += ',';
   text += jsonText(key) + ":" + value;

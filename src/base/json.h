@@ -1,6 +1,7 @@
 // Values as JSON.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -8,6 +9,9 @@
 std::string jsonText(std::string_view text);
 
 std::string jsonTruth(bool value);
+
+// [width,height]
+std::string jsonSize(int32_t width, int32_t height);
 
 // An object, built member by member.
 struct JsonObject {

@@ -11,7 +11,6 @@
 namespace {
 
 std::string number(int64_t value) { return std::to_string(value); }
-std::string size(int32_t width, int32_t height) { return "[" + number(width) + "," + number(height) + "]"; }
 
 std::string paletteWords(const ViewerState &viewer) {
   constexpr size_t kMaxEntries = 64;
@@ -78,8 +77,8 @@ std::string infoJson(const ViewerState &viewer) {
   line.member("label4", jsonText(window.Label4));
   line.member("doubleHeight", jsonTruth(window.menuDoubleHeight.checked));
   line.member("palette", paletteWords(viewer));
-  line.member("mainView", size(window.mainViewWidth, window.mainViewHeight));
-  line.member("target", size(window.stretch.targetWidth, window.stretch.targetHeight));
+  line.member("mainView", jsonSize(window.mainViewWidth, window.mainViewHeight));
+  line.member("target", jsonSize(window.stretch.targetWidth, window.stretch.targetHeight));
   line.member("colourCountShown", number(shown ? shownColourCount(viewer) : 0));
   line.member("pixels", shown ? jsonText(pixelHash(viewer)) : "null");
   line.member("error", viewer.loadError.empty() ? "null" : jsonText(viewer.loadError));

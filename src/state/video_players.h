@@ -32,6 +32,7 @@ struct VideoRun {
   int32_t startFrame = 0;
   uint32_t startTicks = 0; // tick count at the start of the run
   uint32_t heldTicks = 0;  // tick count at which the run was paused
+  bool hasSound = false;   // of its player, which Stop may close
   int32_t pauses = 0;      // nested pauses: a press on the menu bar, and the menu that it opens
 };
 

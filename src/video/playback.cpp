@@ -82,7 +82,8 @@ void beginRun(ViewerState &viewer) {
   VideoRun &run = viewer.run;
   run.startFrame = run.currentFrame = firstFrame(viewer.window.HScroll1, player.frames(viewer));
   enableDuringRun(viewer.window, false);
-  viewer.evaPlayer.soundPending = toFlag(player.hasSound);
+  run.hasSound = player.hasSound;
+  viewer.evaPlayer.soundPending = toFlag(run.hasSound);
   run.startTicks = tickCount(viewer);
   run.pauses = 0;
   player.play(viewer);
@@ -99,7 +100,7 @@ bool stepRun(ViewerState &viewer) {
 }
 
 void endRun(ViewerState &viewer) {
-  if (viewer.player->hasSound) stopSound(viewer);
+  if (viewer.run.hasSound) stopSound(viewer);
   if (videoPlaying(viewer)) requestAfterwards(viewer, {Request::kStop});
   enableDuringRun(viewer.window, true);
 }

@@ -8,10 +8,6 @@
 
 namespace {
 
-std::string number(int64_t value) { return std::to_string(value); }
-
-std::string size(int32_t width, int32_t height) { return "[" + number(width) + "," + number(height) + "]"; }
-
 // The elements of `items` for which `json` gives a text.
 template <typename Items, typename Json> std::string listOf(const Items &items, Json json) {
   std::string list;
@@ -25,14 +21,14 @@ template <typename Items, typename Json> std::string listOf(const Items &items, 
 std::string readoutJson(const ColourReadout &readout) {
   JsonObject object;
   object.member("text", jsonText(readout.text));
-  object.member("colour", showsColour(readout) ? number(readout.colour) : "null");
+  object.member("colour", showsColour(readout) ? std::to_string(readout.colour) : "null");
   return object.end();
 }
 
 std::string swatchJson(const Swatch &swatch) {
   if (!swatch.visible) return "";
   JsonObject object;
-  object.member("colour", number(swatch.background));
+  object.member("colour", std::to_string(swatch.background));
   object.member("tip", jsonText(colourAndLevels(swatch.background)));
   return object.end();
 }
@@ -60,8 +56,8 @@ std::string filmJson(const ViewerState &viewer) {
   const ScrollBar &bar = viewer.window.HScroll1;
   if (!bar.visible) return "null";
   JsonObject object;
-  object.member("maximum", number(bar.maximum));
-  object.member("value", number(bar.value));
+  object.member("maximum", std::to_string(bar.maximum));
+  object.member("value", std::to_string(bar.value));
   object.member("playing", jsonTruth(videoPlaying(viewer)));
   return object.end();
 }
@@ -82,9 +78,9 @@ std::string modelJson(const ViewerState &viewer) {
   object.member("commands", commandsJson(window));
   object.member("film", filmJson(viewer));
   object.member("shown", jsonTruth(viewer.pictureShown == kTrue));
-  object.member("serial", number(window.pictureSerial));
-  object.member("frame", size(viewer.frameWidth, viewer.frameHeight));
-  object.member("target", size(window.stretch.targetWidth, window.stretch.targetHeight));
+  object.member("serial", std::to_string(window.pictureSerial));
+  object.member("frame", jsonSize(viewer.frameWidth, viewer.frameHeight));
+  object.member("target", jsonSize(window.stretch.targetWidth, window.stretch.targetHeight));
   object.member("tall", jsonTruth(hasTallPixels(viewer)));
   object.member("zoomed", jsonTruth(viewer.zoomMode == 1));
   object.member("fullScreen", jsonTruth(window.fullScreen));

@@ -8,15 +8,16 @@
 
 extern "C" {
 
-// Opens a file that the page holds. Returns its number; -1 if it holds no bytes of that name.
-PAGE_CALL(openFile) int32_t pageOpenFile(const char *path, size_t pathBytes);
 // What the page holds under that name: 0 nothing, 1 a file, 2 a folder.
 PAGE_CALL(holds) int32_t pageHolds(const char *path, size_t pathBytes);
+
+// Opens a file that the page holds. Returns its number; -1 if it holds no bytes of that name.
+PAGE_CALL(openFile) int32_t pageOpenFile(const char *path, size_t pathBytes);
 PAGE_CALL(fileLength) uint32_t pageFileLength(int32_t file);
 PAGE_CALL(readFile) uint32_t pageReadFile(int32_t file, uint32_t offset, uint8_t *into, uint32_t count);
 PAGE_CALL(closeFile) void pageCloseFile(int32_t file);
 
-// Puts the names of the files of a folder into room(), each ended by a NUL. Returns their bytes.
+// Puts the names of the files of a folder into the room for texts, each ended by a NUL. Returns their bytes.
 PAGE_CALL(listFolder) size_t pageListFolder(const char *folder, size_t folderBytes);
 
 // Appends bytes to the file that is being saved; ends it, and gives it to the user if `keep` is not 0.

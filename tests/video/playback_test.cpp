@@ -120,6 +120,20 @@ TEST(Playback, AnyCommandAtAnyEvent) {
   }
 }
 
+TEST(Playback, StopOfAFileThatIsNoVideoAnyMore) {
+  TestViewer test;
+  test.open("x.VID", vidFile({12, 5, 4, 1, 7, 2}, kVidFrames));
+  const auto damageAndStop = [](ViewerState &viewer, const std::string &) {
+    memoryDisk()["x.VID"][0] = 0;
+    Image2_Click(viewer);
+  };
+  test.platform.events = {{damageAndStop, ""}};
+  Image1_Click(test.viewer);
+  EXPECT_EQ(test.viewer.loadError, "o_O");
+  EXPECT_EQ(itemsDuringNoRun(test.viewer.window), 4);
+  EXPECT_EQ(videoSigns(test.viewer), 0);
+}
+
 TEST(Playback, KeysOfAVideo) {
   TestViewer test;
   test.open("x.EVA", evaFile(3));
