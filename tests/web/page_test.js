@@ -51,7 +51,8 @@ async function turnsPages(browser) {
 // The pictures of a disk in the order of korilan-cli, also those in folders on it; then the next disk.
 async function showsDisks(browser) {
   const disks = ['FOLDERS.DSK', 'SCREENS.DSK'];
-  const list = (disk) => execFileSync(path.resolve(cli), ['info', disk], { cwd: samples, encoding: 'utf8' }).match(/^[^:]+/gm);
+  const told = (disk) => execFileSync(path.resolve(cli), ['info', disk], { cwd: samples, encoding: 'utf8' });
+  const list = (disk) => told(disk).match(/^[^:]+/gm);
   await browser.drop(disks.map(sample));
   for (const picture of [...list(disks[0]), list(disks[1])[0]]) {
     await browser.until(`model.opened === "${picture}" && !settling`);
@@ -81,6 +82,15 @@ async function playsFilm(browser, name) {
   await browser.until('!model.film.playing && model.film.value === 0');
 }
 
+// A picture of 64 million pixels in a module that is not given more memory.
+async function lacksMemory(browser) {
+  const [name, bytes] = sample('COAST32K.G9B');
+  for (const place of [8, 10]) bytes.writeUInt16LE(8000, place);
+  await browser.evaluate('try { for (;;) core.memory.grow(1); } catch {}');
+  await browser.drop([[name, bytes]]);
+  await browser.until(`${kStatus} === "*** Error: Not enough memory."`);
+}
+
 // A canvas of too few pixels shows a part; the saved file has all of them.
 async function savesWhole(browser, name) {
   await browser.evaluate(`var saved;
@@ -103,9 +113,7 @@ async function main() {
     await showsPicture(browser, 'COAST.SC8');
     await showsError(browser, sample('odd/start_0001.SC5'), '*** Error: Not a valid .SC5 file.');
     await playsFilm(browser, 'COAST.EV8');
-    await browser.evaluate('try { for (;;) core.memory.grow(1); } catch {}');
-    await browser.drop([sample('COAST32K.G9B')]);
-    await browser.until(`${kStatus} === "*** Error: Not enough memory."`);
+    await lacksMemory(browser);
     await showsPicture(browser, 'COAST.SC5');
     await browser.evaluate('core.drop = () => { throw new WebAssembly.RuntimeError("unreachable"); }');
     await browser.drop([sample('COAST.SC7')]);
