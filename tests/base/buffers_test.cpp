@@ -1,6 +1,5 @@
 #include "base/buffers.h"
 
-#include "support/bytes.h"
 #include "support/test_viewer.h"
 
 namespace {

@@ -7,9 +7,7 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <set>
-#include <tuple>
 
 namespace {
 

@@ -1,13 +1,7 @@
 #include "cli/convert.h"
 
-#include "base/paths.h"
 #include "support/temporary_folder.h"
-#include "support/bytes.h"
 #include "video/video_files.h"
-
-#include <gtest/gtest.h>
-
-#include <filesystem>
 
 namespace {
 

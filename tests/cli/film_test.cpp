@@ -4,10 +4,6 @@
 #include "video/sound_track.h"
 #include "video/video_files.h"
 
-#include <gtest/gtest.h>
-
-#include <tuple>
-
 namespace {
 
 TEST(CliFilm, VideoHoldsEveryFrameInThreePlanes) {

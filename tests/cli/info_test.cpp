@@ -3,8 +3,6 @@
 #include "cli/opened_file.h"
 #include "video/video_files.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 TEST(CliInfo, Json) {

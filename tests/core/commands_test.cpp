@@ -2,7 +2,6 @@
 #include "core/colour_readout.h"
 #include "core/display_settings.h"
 #include "core/preferences.h"
-#include "support/bytes.h"
 #include "support/test_viewer.h"
 
 namespace {

@@ -4,7 +4,6 @@
 #include "core/following.h"
 #include "core/image_info.h"
 #include "disk_image_maker.h"
-#include "support/bytes.h"
 #include "support/temporary_folder.h"
 #include "support/test_viewer.h"
 

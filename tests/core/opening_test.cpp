@@ -2,7 +2,6 @@
 #include "core/display_settings.h"
 #include "core/file_kinds.h"
 #include "core/folder_navigation.h"
-#include "support/bytes.h"
 #include "support/scarce_memory.h"
 #include "support/test_viewer.h"
 #include "video/eva_player.h"

@@ -2,7 +2,6 @@
 
 #include "core/display_geometry.h"
 #include "core/display_settings.h"
-#include "support/bytes.h"
 #include "support/test_viewer.h"
 
 namespace {

@@ -5,9 +5,7 @@
 #include "pixels/png.h"
 #include "pixels/thumbnail.h"
 #include "samples/samples.h"
-#include "support/bytes.h"
 
-#include <cstring>
 #include <png.h>
 
 namespace {

@@ -1,7 +1,6 @@
 // The files opened last.
 #include "core/recent.h"
 
-#include "support/bytes.h"
 #include "support/test_viewer.h"
 
 namespace {

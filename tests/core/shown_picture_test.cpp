@@ -6,7 +6,6 @@
 #include "core/display_geometry.h"
 #include "core/file_kinds.h"
 #include "core/image_info.h"
-#include "support/bytes.h"
 #include "support/scarce_memory.h"
 #include "support/test_viewer.h"
 

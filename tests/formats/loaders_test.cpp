@@ -1,8 +1,5 @@
 #include "screens/picture_bytes.h"
 
-#include <gtest/gtest.h>
-#include <tuple>
-
 namespace {
 
 struct Colours {

@@ -1,9 +1,5 @@
 #include "screens/picture_bytes.h"
 
-#include <algorithm>
-#include <gtest/gtest.h>
-#include <tuple>
-
 namespace {
 
 constexpr const char *kError = "*** Error: Not a valid SGX file!";

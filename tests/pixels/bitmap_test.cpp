@@ -3,9 +3,6 @@
 #include "pixels/stretching.h"
 #include "screens/picture_bytes.h"
 
-#include <gtest/gtest.h>
-#include <tuple>
-
 namespace {
 
 Bytes dword(size_t value) {

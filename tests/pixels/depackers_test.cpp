@@ -4,11 +4,6 @@
 #include "pixels/publisher_depacker.h"
 #include "screens/picture_bytes.h"
 
-#include <cstdlib>
-#include <gtest/gtest.h>
-#include <memory>
-#include <tuple>
-
 namespace {
 
 using Packed = std::span<const uint8_t>;

@@ -2,9 +2,7 @@
 
 #include "support/bytes.h"
 
-#include <algorithm>
 #include <gtest/gtest.h>
-#include <vector>
 
 namespace {
 

@@ -2,8 +2,6 @@
 #include "samples/samples.h"
 #include "core/video_commands.h"
 
-#include <gtest/gtest.h>
-
 #include <cstdlib>
 
 namespace {

@@ -4,9 +4,6 @@
 #include "sample_pictures.h"
 #include "support/test_viewer.h"
 
-#include <algorithm>
-#include <map>
-
 // Drawn once for each program.
 inline const std::vector<samples::SamplePicture> &allSamples() {
   static const std::vector<samples::SamplePicture> pictures = samples::allSamplePictures();

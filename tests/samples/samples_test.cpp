@@ -5,8 +5,6 @@
 #include "support/scarce_memory.h"
 #include "core/video_commands.h"
 
-#include <gtest/gtest.h>
-
 #include <array>
 #include <cstdio>
 #include <cstdlib>

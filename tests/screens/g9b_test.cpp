@@ -1,10 +1,5 @@
 #include "core/image_info.h"
-#include "screens/g9b_picture.h"
-#include "core/image_info.h"
 #include "screens/picture_bytes.h"
-
-#include <gtest/gtest.h>
-#include <tuple>
 
 namespace {
 

@@ -1,9 +1,5 @@
-#include "screens/ham_picture.h"
 #include "core/image_info.h"
 #include "screens/picture_bytes.h"
-
-#include <gtest/gtest.h>
-#include <tuple>
 
 namespace {
 

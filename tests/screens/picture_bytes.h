@@ -1,12 +1,7 @@
 // Small parts that picture files are put together from.
 #pragma once
 
-#include "support/bytes.h"
 #include "support/test_viewer.h"
-
-#include <algorithm>
-#include <initializer_list>
-#include <string>
 
 // Depth, colour mode, colours, hasPalette, isPacked, spriteMode, size and colour text: "4 0 16 -1 0 1 256x212 16
 // colors".

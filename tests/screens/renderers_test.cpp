@@ -5,10 +5,6 @@
 #include "screens/pattern_screen.h"
 #include "screens/picture_bytes.h"
 
-#include <algorithm>
-#include <gtest/gtest.h>
-#include <tuple>
-
 namespace {
 
 constexpr uint32_t kUntouched = 0x7F000000; // no renderer writes a top byte

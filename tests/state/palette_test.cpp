@@ -1,6 +1,5 @@
 // The palette of a file.
 #include "state/palette.h"
-#include "support/bytes.h"
 #include "support/test_viewer.h"
 
 #include <cmath>

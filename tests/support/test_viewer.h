@@ -5,6 +5,7 @@
 #include "core/keys.h"
 #include "core/menus.h"
 #include "headless/headless_platform.h"
+#include "support/bytes.h"
 #include "support/memory_files.h"
 
 #include <gtest/gtest.h>

@@ -1,9 +1,5 @@
 #include "video/video_files.h"
 
-#include <gtest/gtest.h>
-
-#include <tuple>
-
 namespace {
 
 TEST(Eva, RateColoursAndFrameCount) {

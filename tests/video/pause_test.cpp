@@ -1,9 +1,5 @@
-#include "core/keys.h"
-#include "core/video_commands.h"
 #include "video/playback.h"
 #include "video/video_files.h"
-
-#include <gtest/gtest.h>
 
 namespace {
 

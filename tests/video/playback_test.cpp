@@ -1,13 +1,7 @@
 #include "video/playback.h"
 
 #include "core/bitmap_export.h"
-#include "core/keys.h"
 #include "video/video_files.h"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <tuple>
 
 namespace {
 

@@ -2,8 +2,6 @@
 
 #include "video/video_files.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 TEST(SoundTrack, HeadersSamplesAndSilence) {

@@ -2,11 +2,6 @@
 #include "support/scarce_memory.h"
 #include "video/video_files.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <tuple>
-
 namespace {
 
 constexpr uint32_t kColours[16] = {0xFFFF91, 0x000000, 0xFF9100, 0x910000, 0x00FFFF, 0x000091, 0x9191FF, 0x0000FF,

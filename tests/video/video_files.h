@@ -2,7 +2,6 @@
 #pragma once
 
 #include "core/video_commands.h"
-#include "support/bytes.h"
 #include "support/test_viewer.h"
 
 using Pixels = std::vector<uint32_t>;
