@@ -117,27 +117,15 @@ TEST(DiskImage, AreasOfEachDiskOfTheMachine) {
   EXPECT_EQ(areas(368640), single);
   EXPECT_EQ(areas(368641), none);
   const Bytes boot = smallDisk();
-  for (const auto &[at, value, plausible] : {std::tuple{11, 1, false},
-                                             {12, 4, false},
-                                             {13, 0, false},
-                                             {13, 3, false},
-                                             {13, 4, true},
-                                             {14, 0, false},
-                                             {14, 2, true},
-                                             {16, 0, false},
-                                             {16, 1, true},
-                                             {16, 3, false},
-                                             {17, 113, false},
-                                             {17, 0, false},
-                                             {17, 128, true},
-                                             {19, 0xA1, false},
-                                             {20, 0, true},
-                                             {20, 6, false},
-                                             {22, 0, false},
-                                             {22, 2, true}}) {
+  using Row = std::tuple<size_t, uint8_t, bool>;
+  for (const auto &[at, value, plausible] :
+       {Row{11, 1, false}, Row{12, 4, false}, Row{13, 0, false}, Row{13, 3, false}, Row{13, 4, true}, Row{14, 0, false},
+        Row{14, 2, true}, Row{16, 0, false}, Row{16, 1, true}, Row{16, 3, false}, Row{17, 113, false},
+        Row{17, 0, false}, Row{17, 128, true}, Row{19, 0xA1, false}, Row{20, 0, true}, Row{20, 6, false},
+        Row{22, 0, false}, Row{22, 2, true}}) {
     std::copy_n(boot.begin(), 512, start.begin());
-    start[static_cast<size_t>(at)] = static_cast<uint8_t>(value);
-    EXPECT_EQ(areas(737281) != none, plausible) << at << " " << value;
+    start[at] = value;
+    EXPECT_EQ(areas(737281) != none, plausible) << at << " " << int{value};
   }
 }
 

@@ -32,17 +32,12 @@ TEST(CliInputs, AreFoundInFoldersByName) {
 }
 
 TEST(CliInputs, FitPatterns) {
-  for (const auto &[name, pattern, fits] : {std::tuple("a.SC5", "*.SC5", true),
-                                            {"a.SC5", "*", true},
-                                            {"a.SC5", "?.SC?", true},
-                                            {"a.SC5", "?.SC??", false},
-                                            {"a.SC5", "a.SC5**", true},
-                                            {"a.SC5.SC5", "*.SC5", true},
-                                            {"aXbXc", "a*X?", true},
-                                            {"aXbXc", "a*Xd", false},
-                                            {"\u57CE.SC5", "?.SC5", true},
-                                            {"\u57CE.SC5", "??.SC5", false},
-                                            {"", "?", false}}) {
+  using Row = std::tuple<const char *, const char *, bool>;
+  for (const auto &[name, pattern, fits] :
+       {Row{"a.SC5", "*.SC5", true}, Row{"a.SC5", "*", true}, Row{"a.SC5", "?.SC?", true},
+        Row{"a.SC5", "?.SC??", false}, Row{"a.SC5", "a.SC5**", true}, Row{"a.SC5.SC5", "*.SC5", true},
+        Row{"aXbXc", "a*X?", true}, Row{"aXbXc", "a*Xd", false}, Row{"\u57CE.SC5", "?.SC5", true},
+        Row{"\u57CE.SC5", "??.SC5", false}, Row{"", "?", false}}) {
     EXPECT_EQ(fitsPattern(name, pattern), fits) << name << " " << pattern;
   }
 }

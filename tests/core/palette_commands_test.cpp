@@ -21,8 +21,7 @@ struct PaletteViewer : TestViewer {
 };
 
 TEST(PaletteCommands, Load) {
-  Bytes file;
-  for (int i = 0; i < 16; ++i) file.insert(file.end(), {0x21, 0x03});  // (73, 109, 36)
+  const Bytes file = repeated(16, {0x21, 0x03});                       // (73, 109, 36)
   using Row = std::tuple<std::string, Bytes, uint8_t, uint32_t, bool>; // colours, last one, whether it is drawn
   for (const auto &[name, bytes, count, last, drawn] :
        {Row{"cancelled", {}, 16, kOld, false}, Row{"no such file", {}, 16, kOld, false},
@@ -43,11 +42,7 @@ TEST(PaletteCommands, Load) {
 }
 
 // 16 entries of that red.
-Bytes palette(uint8_t red) {
-  Bytes file;
-  for (int i = 0; i < 16; ++i) file.insert(file.end(), {static_cast<uint8_t>(red << 4), 0});
-  return file;
-}
+Bytes palette(uint8_t red) { return repeated(16, {static_cast<uint8_t>(red << 4), 0}); }
 
 TEST(PaletteCommands, ADroppedPaletteFile) {
   using Row = std::tuple<const char *, const char *, uint32_t, const char *>; // first pixel, path

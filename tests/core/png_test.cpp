@@ -13,38 +13,32 @@ namespace {
 using Words = std::vector<uint32_t>;
 
 struct ReadPng {
-  int depth = 0, colourType = 0;
+  int depth = 0; // in the file
+  bool tallPixels = false;
   Words words = {}, palette = {}; // 0x00RRGGBB
   Bytes entries = {};
-  bool tallPixels = false;
 };
 
 // What libpng reads; nothing may be wrong with the file.
-ReadPng readPng(const Bytes &file) {
+ReadPng readPng(Bytes file) {
   const auto fail = [](png_structp, png_const_charp text) { throw std::runtime_error(text); };
   png_structp png = png_create_read_struct(PNG_LIBPNG_VER_STRING, nullptr, fail, fail);
   png_infop info = png_create_info_struct(png);
-  std::span<const uint8_t> rest = file;
-  png_set_read_fn(png, &rest, [](png_structp reader, png_bytep into, size_t count) {
-    auto &bytes = *static_cast<std::span<const uint8_t> *>(png_get_io_ptr(reader));
-    if (count > bytes.size()) png_error(reader, "too short");
-    std::copy_n(bytes.begin(), count, into);
-    bytes = bytes.subspan(count);
-  });
-  png_read_info(png, info);
+  std::FILE *stream = fmemopen(file.data(), file.size(), "r");
+  png_init_io(png, stream);
+  png_read_png(png, info, PNG_TRANSFORM_PACKING, nullptr);
+  EXPECT_EQ(std::ftell(stream), std::ssize(file));
+  std::fclose(stream);
   const png_uint_32 width = png_get_image_width(png, info), height = png_get_image_height(png, info);
-  ReadPng read{.depth = png_get_bit_depth(png, info), .colourType = png_get_color_type(png, info)};
-  read.tallPixels = png_get_pixel_aspect_ratio(png, info) == 0.5F;
+  ReadPng read{.depth = file[24], .tallPixels = png_get_pixel_aspect_ratio(png, info) == 0.5F}; // rows are unpacked
   png_colorp colours = nullptr;
   int colourCount = 0;
   png_get_PLTE(png, info, &colours, &colourCount);
   for (int i = 0; i < colourCount; ++i) {
     read.palette.push_back(uint32_t{colours[i].red} << 16 | uint32_t{colours[i].green} << 8 | colours[i].blue);
   }
-  png_set_packing(png);
-  Bytes row(png_get_rowbytes(png, info) * 8 + 1);
   for (png_uint_32 y = 0; y < height; ++y) {
-    png_read_row(png, row.data(), nullptr);
+    const png_bytep row = png_get_rows(png, info)[y];
     for (size_t x = 0; x < width; ++x) {
       const uint8_t *pixel = &row[3 * x];
       const bool indexed = !read.palette.empty();
@@ -53,20 +47,14 @@ ReadPng readPng(const Bytes &file) {
                                    : uint32_t{pixel[0]} << 16 | uint32_t{pixel[1]} << 8 | pixel[2]);
     }
   }
-  png_read_end(png, info);
   png_destroy_read_struct(&png, &info, nullptr);
-  EXPECT_TRUE(rest.empty());
   return read;
 }
 
-// What a writer puts; the pieces are checked to go on after none has failed.
-Bytes written(const std::function<std::string(const PutBytes &)> &write) {
+// The file of the shown picture.
+Bytes shownPng(ViewerState &viewer) {
   Bytes file;
-  EXPECT_EQ(write([&file](std::span<const uint8_t> piece) {
-              file.insert(file.end(), piece.begin(), piece.end());
-              return std::string();
-            }),
-            "");
+  EXPECT_EQ(putShownPng(viewer, putInto(file)), "");
   return file;
 }
 
@@ -79,7 +67,7 @@ TEST(Png, EverySampleComesBack) {
     ViewerState &viewer = test.viewer;
     if (viewer.frameBits.empty()) continue;
     const Words frame = viewer.frameBits;
-    const ReadPng png = readPng(written([&](const PutBytes &put) { return putShownPng(viewer, put); }));
+    const ReadPng png = readPng(shownPng(viewer));
     ASSERT_TRUE(png.words == frame && viewer.frameBits == frame);
     EXPECT_EQ(png.tallPixels, viewer.window.menuDoubleHeight.checked);
     if (viewer.player != nullptr || viewer.picture.hasPalette != kTrue) continue; // see the test of fixed colours
@@ -103,7 +91,7 @@ TEST(Png, VideosAndFixedColours) {
     TestViewer test;
     openSample(test, sampleNamed("COAST.SC5"), sampleNamed("COAST.SC5").bytes); // leaves its mark of a palette
     openSample(test, sampleNamed(name), sampleNamed(name).bytes);
-    const ReadPng png = readPng(written([&](const PutBytes &put) { return putShownPng(test.viewer, put); }));
+    const ReadPng png = readPng(shownPng(test.viewer));
     EXPECT_EQ(png.palette.size(), colours) << name;
     EXPECT_EQ(png.depth, depth) << name;
   }
@@ -112,7 +100,7 @@ TEST(Png, VideosAndFixedColours) {
 TEST(Png, IsSavedBesideThePictureAndCopied) {
   TestViewer test;
   test.open("d\\a.SC8", sampleNamed("COAST.SC8").bytes);
-  const Bytes png = written([&](const PutBytes &put) { return putShownPng(test.viewer, put); });
+  const Bytes png = shownPng(test.viewer);
   for (const bool yes : {false, true, false}) { // one's own file is replaced without a question
     memoryDisk()["d\\a.png"] = {1};
     test.platform.answersYes = yes;
@@ -154,9 +142,9 @@ TEST(Png, AnySizeAndPixels) {
         if (colours != 0) entries.push_back(static_cast<uint8_t>(value % colours));
         words.push_back(colours != 0 ? palette[entries.back()] : value * 0x010203 & 0xFFFFFF);
       }
-      const ReadPng png = readPng(written([&](const PutBytes &put) {
-        return putPng({words, width, height}, {entries, palette}, false, put);
-      }));
+      Bytes file;
+      EXPECT_EQ(putPng({words, width, height}, {entries, palette}, false, putInto(file)), "");
+      const ReadPng png = readPng(file);
       EXPECT_TRUE(png.words == words && png.entries == entries && png.palette == palette) << width << " " << step;
       EXPECT_FALSE(png.tallPixels);
     }

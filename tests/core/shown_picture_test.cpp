@@ -135,6 +135,9 @@ TEST(ShownPicture, ColourCount) {
 }
 
 TEST(ShownPicture, ImageInfo) {
+  std::string numbers;
+  for (const int64_t number : {999, 1000, 1000000, -999, -1000}) numbers += withThousandsSeparators(number) + " ";
+  EXPECT_EQ(numbers, "999 1,000 1,000,000 -999 -1,000 ");
   TestViewer window;
   for (const auto &[path, file, text] :
        {std::tuple{"d\\a.SR7", BloadBuilder{.identifier = 0xFD, .body = Bytes(993)}.build(),

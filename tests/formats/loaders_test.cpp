@@ -38,8 +38,7 @@ TEST(Loaders, LoadedPicture) {
   const Bytes sprites = noise(2944, 6), spriteColours = noise(1472, 7);
   const Body spriteSet{0, 0, joined({sprites, Bytes(128), spriteColours})};
   const Body runs5{0, 0, Bytes(27285, 0x78)}, runs7{0, 0, Bytes(54315, 0x78)}; // the last run goes beyond the picture
-  Bytes runs;
-  for (int i = 0; i < 352; ++i) runs = joined({runs, {255, 0x78}});
+  const Bytes runs = repeated(352, {255, 0x78});
   using Row = std::tuple<std::string, Bytes, std::string, int32_t, Colours, Body, bool>; // palette's end, high pixels
   for (const auto &[extensions, file, description, paletteFilePos, colours, body, high] :
        {Row{".SC2", screen(0), "1 0 16 -1 0 0 256x192 16 colors", 0, kStandard, plain, false},

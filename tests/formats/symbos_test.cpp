@@ -66,10 +66,8 @@ TEST(Symbos, TilesAndPixels) {
 
 TEST(Symbos, Bounds) {
   const auto tiles = [](int count, int bytesPerLine, int width, int height) {
-    Bytes file = large(64, bytesPerLine, width, height, 5);
-    const Bytes more = large(1, bytesPerLine, width, height);
-    for (int i = 1; i < count; ++i) file.insert(file.end(), more.begin(), more.end());
-    return file;
+    return joined(
+        {large(64, bytesPerLine, width, height, 5), repeated(count - 1, large(1, bytesPerLine, width, height))});
   };
   using Row = std::tuple<Bytes, const char *, int32_t>; // size, tiles; refused: the size of before
   for (const auto &[file, size, count] :

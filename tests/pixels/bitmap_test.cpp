@@ -32,11 +32,7 @@ TEST(Bitmap, ByteForByte) {
       SCOPED_TRACE(testing::Message() << width << " x " << height << ", header of " << header.size());
       const PixelView picture{frame, static_cast<int32_t>(width), static_cast<int32_t>(height)};
       Bytes written;
-      const auto put = [&written](std::span<const uint8_t> piece) {
-        written.insert(written.end(), piece.begin(), piece.end());
-        return std::string();
-      };
-      EXPECT_EQ(putBitmap(picture, kind, put), "");
+      EXPECT_EQ(putBitmap(picture, kind, putInto(written)), "");
       EXPECT_TRUE(written == joined({header, rows}));
       EXPECT_EQ(bitmapBytes(picture, kind), written.size());
     }

@@ -45,8 +45,7 @@ Bytes depacked(Depack depack, Packed packed, size_t room) {
 }
 
 TEST(Depackers, StreamsByHand) {
-  Bytes upTo44928; // of a page; 127 more reach the bound
-  for (int i = 0; i < 351; ++i) upTo44928 = joined({upTo44928, {255, 0}});
+  const Bytes upTo44928 = repeated(351, {255, 0}); // of a page; 127 more reach the bound
   const Depack page = depackPublisherPage;
   using Row = std::tuple<const char *, Depack, Bytes, size_t, Bytes>; // packed, room, unpacked
   for (const auto &[name, depack, packed, room, expected] :

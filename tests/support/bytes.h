@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cstdint>
 #include <initializer_list>
+#include <span>
+#include <string>
 #include <vector>
 
 using Bytes = std::vector<uint8_t>;
@@ -14,6 +16,20 @@ inline Bytes joined(std::initializer_list<Bytes> parts) {
   Bytes whole;
   for (const Bytes &part : parts) whole.insert(whole.end(), part.begin(), part.end());
   return whole;
+}
+
+inline Bytes repeated(int times, const Bytes &part) {
+  Bytes whole;
+  while (times-- > 0) whole.insert(whole.end(), part.begin(), part.end());
+  return whole;
+}
+
+// Puts each piece behind those before; never fails.
+inline auto putInto(Bytes &file) {
+  return [&file](std::span<const uint8_t> piece) {
+    file.insert(file.end(), piece.begin(), piece.end());
+    return std::string();
+  };
 }
 
 // `bytes` from `offset` on, in a file that is made longer where needed.

@@ -16,8 +16,6 @@
 
 namespace {
 
-using Bytes = std::vector<uint8_t>;
-
 HMODULE library = nullptr;
 std::string cliPath;
 
@@ -65,8 +63,7 @@ Bytes thumbnailOf(IThumbnailProvider *provider, UINT side) {
   GetBitmapBits(bitmap, static_cast<LONG>(4 * words.size()), words.data()); // top row first
   DeleteObject(bitmap);
   Bytes file;
-  const auto put = [&](auto bytes) { return file.insert(file.end(), bytes.begin(), bytes.end()), std::string(); };
-  putPng({words, measures.bmWidth, measures.bmHeight}, {}, false, put);
+  putPng({words, measures.bmWidth, measures.bmHeight}, {}, false, putInto(file));
   return measures.bmBitsPixel == 32 ? file : Bytes();
 }
 
