@@ -24,35 +24,22 @@ TEST(Palette, EveryEntryOfTwoBytes) {
   ViewerState viewer;
   for (int value = 0; value < 65536; ++value) {
     const int first = value & 255, second = value >> 8;
-    read(viewer, joined({{0x77, 0x07}, word(value)}), 2); // white first, so that black counts as well
+    read(viewer, joined({{0x77, 0x07}, word(value), {0x80}}), 2); // white, so that black counts as well; a wrong one
     const bool firstValid = (first & 0x88) == 0, valid = firstValid && second < 8;
     const uint32_t expected = packColour(rounded(first >> 4), rounded(second & 7), rounded(first & 7));
     ASSERT_EQ(viewer.palette[0], valid ? 0xFFFFFF : 0) << value;
     ASSERT_EQ(viewer.palette[1], valid ? expected : 0x080808) << value;
+    ASSERT_EQ(viewer.palette[2] == kUntouched && viewer.palette[15] == kUntouched, valid);
+    ASSERT_EQ(viewer.palette[16], kUntouched);
     ASSERT_EQ(viewer.paletteFilePos, kStart + (!firstValid ? 2 : !valid ? 3 : 4)) << value;
   }
 }
 
-TEST(Palette, FallsBackToTheDefaultAsAWhole) {
-  Bytes good;
-  for (int i = 0; i < 16; ++i) good.insert(good.end(), {0x21, 0x03});    // (73, 109, 36)
-  using Row = std::tuple<const char *, Bytes, uint8_t, size_t, int32_t>; // count, entries read, bytes taken
-  for (const auto &[name, bytes, count, readEntries, taken] :
-       {Row{"sixteen good entries", good, 16, 16, 32},
-        Row{"green 8 in the last entry", withBytesAt(good, 31, {0x08}), 16, 0, 31},
-        Row{"bad entry behind the count", withBytesAt(good, 8, {0x80}), 4, 4, 8},
-        Row{"four black entries", withBytesAt(good, 0, Bytes(8)), 4, 0, 8},
-        Row{"behind the end of the file", {}, 16, 0, 32}}) {
-    SCOPED_TRACE(name);
-    ViewerState viewer;
-    read(viewer, bytes, count);
-    EXPECT_EQ(viewer.paletteFilePos, kStart + taken);
-    const bool isDefault = readEntries == 0;
-    EXPECT_EQ(viewer.palette[1], isDefault ? 0x080808 : 0x496D24);
-    for (size_t i = 2; i < 256; ++i) {
-      EXPECT_EQ(viewer.palette[i] == kUntouched, i >= (isDefault ? 16 : readEntries));
-    }
-  }
+TEST(Palette, OfBlackAloneIsTheDefaultOne) {
+  ViewerState viewer;
+  read(viewer, joined({Bytes(4), {0x21, 0x03}}), 2); // black as far as the count
+  EXPECT_EQ(viewer.palette[1], 0x080808U);
+  EXPECT_EQ(viewer.paletteFilePos, kStart + 4);
 }
 
 } // namespace
