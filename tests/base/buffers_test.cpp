@@ -2,8 +2,6 @@
 
 #include "support/test_viewer.h"
 
-namespace {
-
 TEST(Buffers, VideoMemoryIsZeroWhereNothingWasWritten) {
   VideoMemory memory(8);
   std::ranges::fill(memory.written(5), uint8_t{7});
@@ -16,5 +14,3 @@ TEST(Buffers, VideoMemoryIsZeroWhereNothingWasWritten) {
   memory.clearFrom(0);
   EXPECT_EQ(bytesOf(memory), Bytes(6));
 }
-
-} // namespace

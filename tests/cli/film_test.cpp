@@ -4,8 +4,6 @@
 #include "video/sound_track.h"
 #include "video/video_files.h"
 
-namespace {
-
 TEST(CliFilm, VideoHoldsEveryFrameInThreePlanes) {
   const TemporaryFolder folder("film_video"); // a rate of 0 counts as 1
   const std::string film = folder.write(u8"a.VID", vidFile({0, 2}, {0x18, 0xFA, 0x71, 0x88}));
@@ -49,5 +47,3 @@ TEST(CliFilm, WhatIsNoFilmIsRefusedAndLeavesNoFile) {
     EXPECT_EQ(folder.read(name), file);
   }
 }
-
-} // namespace

@@ -9,8 +9,6 @@
 #include <fstream>
 #include <regex>
 
-namespace {
-
 TEST(Guide, NamesEverything) {
   std::ifstream file(KORILAN_GUIDE);
   const std::string guide{std::istreambuf_iterator<char>(file), {}};
@@ -36,5 +34,3 @@ TEST(Guide, NamesEverything) {
     expectNamed("`" + (*found)[1].str() + (*found)[2].str() + "`");
   }
 }
-
-} // namespace

@@ -3,8 +3,6 @@
 #include "cli/opened_file.h"
 #include "video/video_files.h"
 
-namespace {
-
 TEST(CliInfo, Json) {
   TestViewer test;
   // Each kind of byte that begins or goes on a character, just inside and just outside of its bounds.
@@ -43,5 +41,3 @@ TEST(CliInfo, TextOrRefusal) {
     EXPECT_NE((infoText(test.viewer) + infoJson(test.viewer)).find(text), std::string::npos) << infoJson(test.viewer);
   }
 }
-
-} // namespace

@@ -44,10 +44,6 @@ std::vector<std::string> listFolder(const char *folder) {
   return names;
 }
 
-std::string fullPath(const char *path) { return path; }
-
-OutputHandle beginOutput(const char *path, std::string &) { return new File(path, {}); }
-
 std::string writeOutput(OutputHandle output, std::span<const uint8_t> more) {
   auto &bytes = static_cast<File *>(output)->second;
   bytes.insert(bytes.end(), more.begin(), more.end());
@@ -73,16 +69,17 @@ DiskFaults &diskFaults() {
 }
 
 const FileOps &memoryFiles() {
-  static constexpr FileOps kFiles{.openForReading = openForReading,
-                                  .length = lengthOf,
-                                  .writeTime = writeTimeOf,
-                                  .readAt = readAt,
-                                  .close = [](FileHandle) {},
-                                  .listFolder = listFolder,
-                                  .exists = [](const char *path) { return memoryDisk().contains(path); },
-                                  .fullPath = fullPath,
-                                  .beginOutput = beginOutput,
-                                  .write = writeOutput,
-                                  .finishOutput = finishOutput};
+  static constexpr FileOps kFiles{
+      .openForReading = openForReading,
+      .length = lengthOf,
+      .writeTime = writeTimeOf,
+      .readAt = readAt,
+      .close = [](FileHandle) {},
+      .listFolder = listFolder,
+      .exists = [](const char *path) { return memoryDisk().contains(path); },
+      .fullPath = [](const char *path) { return std::string(path); },
+      .beginOutput = [](const char *path, std::string &) -> OutputHandle { return new File(path, {}); },
+      .write = writeOutput,
+      .finishOutput = finishOutput};
   return kFiles;
 }

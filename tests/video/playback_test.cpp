@@ -13,6 +13,7 @@ constexpr uint32_t kSound = 1; // the sound starts
 const Bytes kVidFrames{0x22, 0x22, 0x33, 0x33, 0x44, 0x44, 0x55, 0x55, 0x66, 0x66};
 
 HeadlessPlatform &platformOf(void *context) { return *static_cast<HeadlessPlatform *>(context); }
+void pass(ViewerState &viewer, uint32_t milliseconds) { platformOf(viewer.platform.context).ticks += milliseconds; }
 
 thread_local Pixels shown; // first pixel of each picture
 
@@ -72,7 +73,6 @@ void noEvent(ViewerState &viewer, const std::string &) {
   EXPECT_EQ(bitmapPath(viewer), "x - 000" + std::to_string(picture) + ".bmp");
 }
 
-void open(ViewerState &viewer, const std::string &path) { openPath(viewer, path); }
 void pressKeys(ViewerState &viewer, const std::string &codes) {
   for (const char code : codes) pressKey(viewer, {static_cast<uint8_t>(code)});
 }
@@ -85,8 +85,9 @@ TEST(Playback, AnyCommandAtAnyEvent) {
        {Row{pressKeys, " ", true, same},
         Row{[](ViewerState &viewer, auto) { menuClose_Click(viewer); }, "Close", true, "Korilan"},
         Row{[](ViewerState &viewer, auto) { menuExit_Click(viewer); }, "Exit", true, same},
-        Row{open, "picture.SC8", true, "Korilan - picture.SC8"}, Row{open, "bad.VID", true, "Korilan - bad.VID"},
-        Row{open, "other.VID", true, "Korilan - other.VID"}, Row{open, ".VID", false, same},
+        Row{openPath, "picture.SC8", true, "Korilan - picture.SC8"},
+        Row{openPath, "bad.VID", true, "Korilan - bad.VID"}, Row{openPath, "other.VID", true, "Korilan - other.VID"},
+        Row{openPath, ".VID", false, same},
         Row{[](ViewerState &viewer, auto) { Image1_Click(viewer); }, "Play", false, same},
         Row{[](ViewerState &viewer, auto) { HScroll1_Change(viewer, 3); }, "scroll", false, same},
         Row{[](ViewerState &viewer, auto) { menuSaveBMP_Click(viewer); }, "Save", false, same},
@@ -140,6 +141,61 @@ TEST(Playback, KeysOfAVideo) {
   }
   EXPECT_EQ(frames, (Pixels{0, 1, 1, 1, 2, 2, 1, 0}));
   EXPECT_EQ(std::ranges::count(test.platform.log, "startSound 15788"), 1);
+}
+
+// What happens at the event after the sound has started, which may take five seconds; the calls for the sound.
+TEST(Pause, SoundAndFramesGoOnWhereTheyWere) {
+  struct Row {
+    const char *name;
+    void (*event)(ViewerState &viewer, const std::string &);
+    uint32_t milliseconds; // of a run of four frames, 250 without a pause
+    std::vector<std::string> sound;
+  };
+  const auto resumeLate = [](ViewerState &viewer, const std::string &) {
+    pausePlayback(viewer);
+    pass(viewer, 2000);
+    pausePlayback(viewer);
+    pass(viewer, 2000);
+    resumePlayback(viewer);
+    pass(viewer, 1000);
+    EXPECT_FALSE(viewer.window.HScroll1.enabled);
+    resumePlayback(viewer);
+  };
+  const auto stopPaused = [](ViewerState &viewer, const std::string &) {
+    pausePlayback(viewer);
+    Image2_Click(viewer);
+    resumePlayback(viewer);
+  };
+  const auto resumeOnly = [](ViewerState &viewer, const std::string &) { resumePlayback(viewer); };
+  const auto holdSpace = [](ViewerState &viewer, const std::string &) {
+    EXPECT_TRUE(pressKey(viewer, {.code = 32, .repeated = true}));
+  };
+  const auto comeLate = [](ViewerState &viewer, const std::string &) { pass(viewer, 1000); }; // then none waits
+  const std::vector<std::string> plain{"startSound 15788", "stopSound 88"};
+  for (const Row &row : {Row{"nested", resumeLate, 5250, {plain[0], "holdSound", "resumeSound", plain[1]}},
+                         Row{"stopped", stopPaused, 0, {plain[0], "holdSound", plain[1]}},
+                         Row{"without a pause", resumeOnly, 250, plain}, Row{"Space held", holdSpace, 250, plain},
+                         Row{"late", comeLate, 1000, plain}}) {
+    SCOPED_TRACE(row.name);
+    TestViewer test;
+    test.open("a.EVA", evaFile(4));
+    pausePlayback(test.viewer); // no run: no pause
+    test.platform.log.clear();
+    test.platform.events = {{row.event, ""}};
+    Image1_Click(test.viewer);
+    EXPECT_EQ(test.platform.ticks, row.milliseconds);
+    std::erase_if(test.platform.log, [](const std::string &line) { return line.find("Sound") == std::string::npos; });
+    EXPECT_EQ(test.platform.log, row.sound);
+    EXPECT_TRUE(test.viewer.window.HScroll1.enabled);
+  }
+}
+
+TEST(Pause, FramesWaitForADeviceThatOpensSlowly) {
+  TestViewer test;
+  test.open("a.EVA", evaFile(4));
+  test.viewer.platform.startSound = [](void *context, std::span<const uint8_t>) { platformOf(context).ticks += 700; };
+  Image1_Click(test.viewer);
+  EXPECT_EQ(test.platform.ticks, 950U);
 }
 
 } // namespace
