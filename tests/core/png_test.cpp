@@ -13,7 +13,7 @@ namespace {
 using Words = std::vector<uint32_t>;
 
 struct ReadPng {
-  int depth = 0; // in the file
+  int depth = 0; // in the file; libpng unpacks the rows
   bool tallPixels = false;
   Words words = {}, palette = {}; // 0x00RRGGBB
   Bytes entries = {};
@@ -30,7 +30,7 @@ ReadPng readPng(Bytes file) {
   EXPECT_EQ(std::ftell(stream), std::ssize(file));
   std::fclose(stream);
   const png_uint_32 width = png_get_image_width(png, info), height = png_get_image_height(png, info);
-  ReadPng read{.depth = file[24], .tallPixels = png_get_pixel_aspect_ratio(png, info) == 0.5F}; // rows are unpacked
+  ReadPng read{.depth = file[24], .tallPixels = png_get_pixel_aspect_ratio(png, info) == 0.5F};
   png_colorp colours = nullptr;
   int colourCount = 0;
   png_get_PLTE(png, info, &colours, &colourCount);

@@ -24,7 +24,8 @@ TEST(Palette, EveryEntryOfTwoBytes) {
   ViewerState viewer;
   for (int value = 0; value < 65536; ++value) {
     const int first = value & 255, second = value >> 8;
-    read(viewer, joined({{0x77, 0x07}, word(value), {0x80}}), 2); // white, so that black counts as well; a wrong one
+    // White first, so that black counts as well; behind the count an entry that is wrong.
+    read(viewer, joined({{0x77, 0x07}, word(value), {0x80}}), 2);
     const bool firstValid = (first & 0x88) == 0, valid = firstValid && second < 8;
     const uint32_t expected = packColour(rounded(first >> 4), rounded(second & 7), rounded(first & 7));
     ASSERT_EQ(viewer.palette[0], valid ? 0xFFFFFF : 0) << value;
