@@ -2,9 +2,7 @@
 
 namespace {
 
-struct Colours {
-  uint32_t first, second;
-};
+using Colours = std::pair<uint32_t, uint32_t>; // the first two entries
 
 constexpr Colours kOwn{0x496D24, 0xFFFFFF}, kStandard{0x000000, 0x080808}, kStamp{0xFFFFFF, 0x000000};
 constexpr Colours kKept{kOldColour, kOldColour};

@@ -5,10 +5,9 @@
 #include "support/scarce_memory.h"
 #include "core/video_commands.h"
 
-#include <array>
-#include <cstdio>
 #include <cstdlib>
 #include <fstream>
+#include <iomanip>
 
 namespace {
 
@@ -26,9 +25,9 @@ std::string hashOf(const Words &words) {
   for (const uint32_t word : words) {
     for (const int shift : {0, 8, 16, 24}) hash = (hash ^ (word >> shift & 0xFF)) * 0x100000001B3;
   }
-  std::array<char, 20> digits{};
-  std::snprintf(digits.data(), digits.size(), "%016llx", static_cast<unsigned long long>(hash));
-  return digits.data();
+  std::ostringstream digits;
+  digits << std::hex << std::setw(16) << std::setfill('0') << hash;
+  return digits.str();
 }
 
 // All frames from the last to the first, so that none profits from the one before, and the sound of each.
