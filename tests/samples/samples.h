@@ -2,6 +2,7 @@
 #pragma once
 
 #include "sample_pictures.h"
+#include "support/temporary_folder.h"
 #include "support/test_viewer.h"
 
 // Drawn once for each program.
@@ -12,6 +13,13 @@ inline const std::vector<samples::SamplePicture> &allSamples() {
 
 inline const samples::SamplePicture &sampleNamed(const std::string &name) {
   return *std::ranges::find(allSamples(), name, &samples::SamplePicture::name);
+}
+
+// Writes the first sample whose name ends like that; returns its path.
+inline std::string writeSample(const TemporaryFolder &folder, const std::string &ending) {
+  const auto sample = std::ranges::find_if(allSamples(), [&](auto &each) { return each.name.ends_with(ending); });
+  const std::string name = sample->name.substr(sample->name.rfind('/') + 1);
+  return folder.write(std::u8string(name.begin(), name.end()), sample->bytes);
 }
 
 // The well-formed ones by their extensions, "SC5".

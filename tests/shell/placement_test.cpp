@@ -29,23 +29,13 @@ bool coversTheScreen(const ShellWindow &window) {
   return EqualRect(&view, &screen) != FALSE && GetMenu(window.main.window) == nullptr;
 }
 
-void pressAltEnter(ShellWindow &window) {
-  window.run([&] {
-    std::array<BYTE, 256> keys{};
-    keys[VK_MENU] = 0x80;
-    SetKeyboardState(keys.data());
-    MSG message{window.view, WM_SYSKEYDOWN, VK_RETURN, KF_ALTDOWN << 16, 0, {}};
-    handleMessage(window.main, message);
-  });
-}
-
 TEST(FullScreen, LeavingItRestoresTheWindow) {
   for (const int how : {SW_SHOWNORMAL, SW_SHOWMAXIMIZED}) {
     ShellWindow window("WHEEL.GL5", how);
     const HWND main = window.main.window;
     if (how == SW_SHOWNORMAL) SetWindowPos(main, nullptr, -50, 900, 0, 0, SWP_NOSIZE); // partly off the screen
     const Place before = placeOf(main);
-    const std::function<void()> turns[] = {[&] { window.press(VK_F11); }, [&] { pressAltEnter(window); },
+    const std::function<void()> turns[] = {[&] { window.press(VK_F11); }, [&] { window.press(VK_RETURN, false, true); },
                                            [&] { SendMessageA(window.view, WM_LBUTTONDBLCLK, 0, 0); }};
     for (const auto &turn : turns) {
       const std::string state = stateOf(window);

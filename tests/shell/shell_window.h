@@ -2,17 +2,11 @@
 #pragma once
 
 #include "base/windows_text.h"
-#include "core/commands.h"
-#include "core/menus.h"
-#include "sample_pictures.h"
+#include "samples/samples.h"
 #include "shell/control_ids.h"
 #include "shell/main_window.h"
 #include "shell/platform_windows.h"
-#include "support/temporary_folder.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <array>
 #include <functional>
 #include <future>
@@ -32,14 +26,6 @@ inline std::string textOf(HWND window) {
   std::array<wchar_t, 16384> text{};
   SendMessageW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
   return toUtf8(text.data());
-}
-
-// Writes the first sample whose name ends like that; returns its path.
-inline std::string writeSample(const TemporaryFolder &folder, const std::string &ending) {
-  static const std::vector<samples::SamplePicture> all = samples::allSamplePictures();
-  const auto sample = std::ranges::find_if(all, [&](const auto &each) { return each.name.ends_with(ending); });
-  const std::string name = sample->name.substr(sample->name.rfind('/') + 1);
-  return folder.write(std::u8string(name.begin(), name.end()), sample->bytes);
 }
 
 struct ShellWindow {
@@ -103,12 +89,15 @@ struct ShellWindow {
     SendMessageA(view, WM_DROPFILES, reinterpret_cast<WPARAM>(files), 0);
   }
 
-  void press(int key, bool ctrl = false) {
+  void press(int key, bool ctrl = false, bool alt = false) {
     run([&] {
       std::array<BYTE, 256> keys{};
       keys[VK_CONTROL] = ctrl ? 0x80 : 0;
+      keys[VK_MENU] = alt ? 0x80 : 0;
       SetKeyboardState(keys.data());
-      MSG message{view, WM_KEYDOWN, static_cast<WPARAM>(key), 0, 0, {}};
+      const UINT pressed = alt ? WM_SYSKEYDOWN : WM_KEYDOWN;
+      const LPARAM state = alt ? KF_ALTDOWN << 16 : 0;
+      MSG message{view, pressed, static_cast<WPARAM>(key), state, 0, {}};
       handleMessage(main, message);
     });
   }

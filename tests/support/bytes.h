@@ -42,7 +42,7 @@ inline Bytes withBytesAt(Bytes file, size_t offset, const Bytes &bytes) {
 // Bytes without a pattern, always the same ones for the same start.
 inline Bytes noise(size_t count, uint32_t start) {
   Bytes bytes(count);
-  for (uint8_t &byte : bytes) byte = static_cast<uint8_t>((start = start * 1664525 + 1013904223) >> 24);
+  for (uint8_t &value : bytes) value = static_cast<uint8_t>((start = start * 1664525 + 1013904223) >> 24);
   return bytes;
 }
 

@@ -3,7 +3,6 @@
 #include "core/file_kinds.h"
 #include "pixels/png.h"
 #include "samples/samples.h"
-#include "support/temporary_folder.h"
 
 #include <windows.h>
 
@@ -70,12 +69,9 @@ Bytes thumbnailOf(IThumbnailProvider *provider, UINT side) {
 TEST(Thumbnails, AreThoseOfTheCommandLine) {
   const TemporaryFolder folder("thumbnails");
   for (const FileKind &kind : kFileKinds) {
-    const std::string letters = kind.extension + 1, path = folder.path + "picture." + letters,
-                      png = folder.path + "png";
+    const std::string letters = kind.extension + 1, png = folder.path + "png";
     if (letters == "SCR" || letters == "DAT" || letters == "TGS" || letters == "GLC") continue; // .GLC: all are refused
-    const auto isOfKind = [&](const auto &sample) { return sample.name.ends_with("." + letters); };
-    folder.write(u8"png", std::ranges::find_if(allSamples(), isOfKind)->bytes);
-    MoveFileA(png.c_str(), path.c_str());
+    const std::string path = writeSample(folder, kind.extension);
     IThumbnailProvider *provider = nullptr;
     IStream *stream = nullptr;
     SHCreateStreamOnFileA(path.c_str(), STGM_READ | STGM_SHARE_DENY_WRITE, &stream);
