@@ -43,16 +43,6 @@ TEST(Sound, ARunIsShownAndHeardUntilItEnds) {
   EXPECT_FALSE(soundFollows());
 }
 
-TEST(Desktop, ALetterActsAloneOnlyIfPreferencesAllowIt) {
-  ShellWindow window("COAST.SC5");
-  const auto zoomedAfter = [&](bool ctrl) { return window.press('Z', ctrl), window.viewer.window.menuZoom.checked; };
-  EXPECT_TRUE(zoomedAfter(false));
-  EXPECT_FALSE(zoomedAfter(true));
-  EXPECT_EQ(differences(window), "");
-  window.viewer.preferences.Check4 = kTrue;
-  EXPECT_TRUE(zoomedAfter(false));
-}
-
 std::vector<uint8_t> clipboardBytes(UINT format) {
   OpenClipboard(nullptr);
   const HANDLE memory = GetClipboardData(format);
