@@ -1,5 +1,5 @@
 ; Installs Korilan for the user who runs it, without administrator rights; /S asks nothing.
-; Given with -D: VERSION, PUBLISHER, HOME_PAGE, SETUP (the file to write) and LISTS (see scripts/release).
+; Given with -D by packaging/make_windows: VERSION, PUBLISHER, HOME_PAGE, KILOBYTES, SETUP (the file to write) and LISTS.
 Unicode true
 Target amd64-unicode
 SetCompressor /SOLID lzma
@@ -33,14 +33,15 @@ Page instfiles
 UninstPage uninstConfirm
 UninstPage instfiles
 
-; Ends with level 2 unless the installed program is closed.
-!macro RequireClosed
-  ${If} ${FileExists} "$INSTDIR\Korilan.exe"
-    try:
+; Ends with level 2 unless the installed program of that name is closed.
+!macro RequireClosed NAME
+  ${If} ${FileExists} "$INSTDIR\${NAME}.exe"
+    try_${NAME}:
     ClearErrors
-    FileOpen $0 "$INSTDIR\Korilan.exe" a
+    FileOpen $0 "$INSTDIR\${NAME}.exe" a
     ${If} ${Errors}
-      MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "Korilan is open. Close it, then try again." /SD IDCANCEL IDRETRY try
+      MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "${NAME} is open. Close it, then try again." /SD IDCANCEL \
+        IDRETRY try_${NAME}
       SetErrorLevel 2
       Quit
     ${EndIf}
@@ -48,13 +49,14 @@ UninstPage instfiles
   ${EndIf}
 !macroend
 
-; The shell may have the library loaded: it can be renamed then, not deleted.
+; The shell may have the library loaded: it can be moved then, not deleted.
 !macro RemoveThumbnails
-  Delete "${THUMBNAILS}.old"
   ${If} ${FileExists} "${THUMBNAILS}"
     UnRegDLL "${THUMBNAILS}"
-    Rename "${THUMBNAILS}" "${THUMBNAILS}.old"
-    Delete "${THUMBNAILS}.old"
+    GetTempFileName $0
+    Delete $0
+    Rename "${THUMBNAILS}" $0
+    Delete $0
   ${EndIf}
 !macroend
 
@@ -89,7 +91,8 @@ UninstPage instfiles
 !macroend
 
 Section
-  !insertmacro RequireClosed
+  !insertmacro RequireClosed Korilan
+  !insertmacro RequireClosed korilan-cli
   !insertmacro RemoveThumbnails
   SetOutPath "$INSTDIR"
   !insertmacro InstallFiles
@@ -121,7 +124,8 @@ Section
 SectionEnd
 
 Section Uninstall
-  !insertmacro RequireClosed
+  !insertmacro RequireClosed Korilan
+  !insertmacro RequireClosed korilan-cli
   !insertmacro RemoveThumbnails
   !insertmacro RemoveFiles
   Delete "$INSTDIR\Uninstall.exe"

@@ -37,19 +37,11 @@ bool restsAt(ViewerState &viewer, int32_t x, int32_t y) {
 // The mouse is on no pixel.
 void clearReadout(ViewerState &viewer) { viewer.window.readout = {}; }
 
-} // namespace
+bool canBeRead(const ViewerState &viewer) {
+  return viewer.activity != Activity::kLoading && viewer.pictureShown == kTrue;
+}
 
-void moveMouse(ViewerState &viewer, int32_t x, int32_t y) {
-  if (restsAt(viewer, x, y)) return;
-  const Stretch &stretch = viewer.window.stretch;
-  if (viewer.activity == Activity::kLoading || viewer.pictureShown != kTrue || x < 0 || y < 0) {
-    return clearReadout(viewer);
-  }
-  x /= viewer.window.scale;
-  y /= viewer.window.scale;
-  if (x >= stretch.targetWidth || y >= stretch.targetHeight) return clearReadout(viewer);
-  const int64_t column = int64_t{x} * stretch.sourceWidth / stretch.targetWidth;
-  const int64_t line = int64_t{y} * stretch.sourceHeight / stretch.targetHeight;
+void readPixel(ViewerState &viewer, int64_t column, int64_t line) {
   const auto pixel = static_cast<size_t>(line * viewer.frameWidth + column);
   if (pixel >= viewer.frameBits.size()) return clearReadout(viewer); // the picture is being replaced
   const uint32_t colour = viewer.frameBits[pixel];
@@ -57,6 +49,25 @@ void moveMouse(ViewerState &viewer, int32_t x, int32_t y) {
   std::string text = std::to_string(column) + ", " + std::to_string(line) + "   ";
   if (const auto entry = entryAt(viewer, pixel)) text += "color " + std::to_string(*entry) + "   ";
   viewer.window.readout = {.text = text + colourAndLevels(colour), .colour = colour};
+}
+
+} // namespace
+
+void moveMouse(ViewerState &viewer, int32_t x, int32_t y) {
+  if (restsAt(viewer, x, y)) return;
+  const Stretch &stretch = viewer.window.stretch;
+  if (!canBeRead(viewer) || x < 0 || y < 0) return clearReadout(viewer);
+  x /= viewer.window.scale;
+  y /= viewer.window.scale;
+  if (x >= stretch.targetWidth || y >= stretch.targetHeight) return clearReadout(viewer);
+  readPixel(viewer, int64_t{x} * stretch.sourceWidth / stretch.targetWidth,
+            int64_t{y} * stretch.sourceHeight / stretch.targetHeight);
+}
+
+void moveMouseToPixel(ViewerState &viewer, int32_t column, int32_t line) {
+  if (restsAt(viewer, column, line)) return;
+  const bool inside = column >= 0 && column < viewer.frameWidth && line >= 0;
+  canBeRead(viewer) && inside ? readPixel(viewer, column, line) : clearReadout(viewer);
 }
 
 void leaveMouse(ViewerState &viewer) {

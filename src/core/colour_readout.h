@@ -7,5 +7,8 @@
 // the picture, palette entry if the pixel has one, colour and levels.
 void moveMouse(ViewerState &viewer, int32_t x, int32_t y);
 
+// The same by the pixel of the picture, where it is not shown stretched.
+void moveMouseToPixel(ViewerState &viewer, int32_t column, int32_t line);
+
 // The mouse has left the picture area. The text of a command stays.
 void leaveMouse(ViewerState &viewer);

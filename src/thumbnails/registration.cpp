@@ -27,9 +27,10 @@ bool isDone(LSTATUS status) { return status == ERROR_SUCCESS || status == ERROR_
 
 std::wstring extensionKey(const FileKind &kind) { return toUtf16(kind.extension); }
 std::wstring shellExKey(const FileKind &kind) { return extensionKey(kind) + L"\\ShellEx"; }
-std::wstring handlerKey(const FileKind &kind) {
-  return shellExKey(kind) + L"\\" + textOf(__uuidof(IThumbnailProvider));
+std::wstring handlerBelow(const std::wstring &key) {
+  return key + L"\\ShellEx\\" + textOf(__uuidof(IThumbnailProvider));
 }
+std::wstring handlerKey(const FileKind &kind) { return handlerBelow(extensionKey(kind)); }
 std::wstring classKey(const FileKind &kind) { return L"CLSID\\" + textOf(classIdOf(kind)); }
 
 enum class Handler { kNone, kOwn, kForeign };
@@ -47,10 +48,26 @@ Handler userHandlerOf(const FileKind &kind) {
   return handlerOf(HKEY_CURRENT_USER, kUserClasses + handlerKey(kind), kind);
 }
 
-// HKEY_CLASSES_ROOT merges the classes of the user and of the machine.
+// The class of the program that opens the extension; empty if there is none.
+std::wstring programClassOf(const FileKind &kind) {
+  std::array<wchar_t, 256> text{};
+  DWORD bytes = sizeof text;
+  const std::wstring key = extensionKey(kind);
+  return RegGetValueW(HKEY_CLASSES_ROOT, key.c_str(), nullptr, RRF_RT_REG_SZ, nullptr, text.data(), &bytes) ==
+                 ERROR_SUCCESS
+             ? text.data()
+             : L"";
+}
+
+// HKEY_CLASSES_ROOT merges the classes of the user and of the machine. Shells look at the program's class and at what
+// is common to all programs, too.
 bool hasForeignHandler(const FileKind &kind) {
-  return userHandlerOf(kind) == Handler::kForeign ||
-         handlerOf(HKEY_CLASSES_ROOT, handlerKey(kind), kind) == Handler::kForeign;
+  if (userHandlerOf(kind) == Handler::kForeign) return true;
+  const std::wstring extension = extensionKey(kind), program = programClassOf(kind);
+  for (const std::wstring &key : {extension, L"SystemFileAssociations\\" + extension, program}) {
+    if (!key.empty() && handlerOf(HKEY_CLASSES_ROOT, handlerBelow(key), kind) == Handler::kForeign) return true;
+  }
+  return false;
 }
 
 bool writeText(const std::wstring &key, const wchar_t *name, const std::wstring &text) {

@@ -17,6 +17,10 @@ struct SoundFormat {
   uint32_t samplesPerFrame;
 };
 
+constexpr uint32_t samplesPerSecond(SoundFormat format) {
+  return static_cast<uint32_t>(format.framesPerSecond) * format.samplesPerFrame;
+}
+
 // 12 frames of 1312 samples make 15744 Hz, 10 of 1575 make 15750 Hz.
 inline constexpr SoundFormat kSound12 = {12, 1312};
 inline constexpr SoundFormat kSound10 = {10, 1575};

@@ -1,6 +1,6 @@
 // What the user does: keys, pointer, drops, buttons. The last lines start the page.
 
-const kSpace = 32, kReturn = 13, kF11 = 122;
+const kSpace = 32, kReturn = 13, kF1 = 112, kF11 = 122;
 const kSwipe = 60; // pixels
 
 const press = (code, ctrl = false) => act(() => core.press(code, ctrl, false, false));
@@ -15,20 +15,43 @@ async function openFiles(source) {
   const path = paths.find(isPicture) ?? paths[0];
   await shelf.load(path, core);
   act(() => core.drop(path));
-  if (core.kindOfFile(path) === kUnknown) showNote(`${path} is not a kind of file that Korilan opens.`);
+  if (shelf.refusal(path)) showNote(shelf.refusal(path));
+  else if (core.kindOfFile(path) === kUnknown) showNote(`${path} is not a kind of file that Korilan opens.`);
+}
+
+const openAll = (source) => openFiles(source).catch((error) => {
+  console.error(error);
+  showNote('*** Error: These files cannot be read.');
+});
+
+// A browser may let a page be heard only from within a click or a key.
+const wakeSound = () => asked.sound.wake(model.film?.soundRate ?? 0);
+
+// What works on the page; the rest of the viewer's help is of its window.
+function showHelp() {
+  const captions = [...kTools.map(([, caption]) => caption), ...kMenu];
+  const lines = model.commands.filter(({ caption, key }) => key && captions.includes(caption))
+    .map(({ caption, key }) => `${key}\t${caption.replace('  ', ' ')}`);
+  asked.showText('Help', [...lines, 'Page Down, Page Up\tNext and previous picture', 'Home, End\tFirst and last picture',
+    'Space\tPlay or stop a film', ', and .\tPrevious frame, next frame', 'Swipe\tNext and previous picture'].join('\n'));
 }
 
 // With Ctrl only what saves and opens: the other letters are the browser's.
 function onKey(event) {
   const code = event.keyCode, ctrl = event.ctrlKey || event.metaKey;
   if (byId('dialog').open || event.altKey || (ctrl && !'OS'.includes(String.fromCharCode(code)))) return;
+  if (code === kF1) {
+    showHelp();
+    return event.preventDefault();
+  }
+  if (code === kSpace) wakeSound();
   if ([kSpace, kReturn].includes(code) && event.target.closest('button')) return;
   if (act(() => core.press(code, ctrl, event.shiftKey, event.repeat))) event.preventDefault();
 }
 
 // Only the read-out changes.
 function onPointer(event) {
-  const place = event.type === 'pointerleave' ? [-1, -1] : pointedAt(canvas, model, event);
+  const place = event.type === 'pointerleave' ? [-1, -1] : pointedAt(canvas, event);
   const readout = guarded(() => {
     core.point(...place);
     return core.model().readout;
@@ -60,11 +83,11 @@ function watchDrops() {
   document.addEventListener('drop', (event) => {
     event.preventDefault();
     mark(false);
-    openFiles(event.dataTransfer);
+    openAll(event.dataTransfer);
   });
   for (const input of [byId('files'), byId('folder')]) {
     input.addEventListener('change', async () => {
-      await openFiles(input);
+      await openAll(input);
       input.value = ''; // the same file again is a change, too
     });
   }
@@ -75,7 +98,10 @@ function watchPage() {
   byId('choose-files').addEventListener('click', () => byId('files').click());
   byId('choose-folder').addEventListener('click', () => byId('folder').click());
   byId('leave-full').addEventListener('click', () => press(kF11));
-  byId('play').addEventListener('click', () => act(() => core.play()));
+  byId('play').addEventListener('click', () => {
+    wakeSound();
+    act(() => core.play());
+  });
   byId('bar').addEventListener('input', (event) => act(() => core.scroll(Number(event.target.value))));
   byId('dialog').addEventListener('close', () => core.resume());
   document.addEventListener('visibilitychange', () => (document.hidden ? core.pause() : core.resume()));
@@ -104,7 +130,7 @@ async function startPage() {
   module = await unpackModule();
   core = startCore(module, shelf, asked);
   model = core.model();
-  showTools = makeTools(byId('tools'), model.commands, (row) => act(() => core.run(row)), press);
+  showTools = makeTools(byId('tools'), model.commands, (row) => (model.commands[row].caption === 'Help' ? showHelp() : act(() => core.run(row))), press);
   watchPicture();
   watchDrops();
   watchPage();

@@ -85,10 +85,10 @@ EXPORTED(pause) void pause() { pausePlayback(viewer()); }
 
 EXPORTED(resume) void resume() { resumePlayback(viewer()); }
 
-// The pointer is at that pixel of the stretched picture; below 0, on none.
-EXPORTED(point) void point(int32_t x, int32_t y) {
-  if (x < 0 || y < 0) return leaveMouse(viewer());
-  moveMouse(viewer(), x, y);
+// The pointer is at that pixel of the picture; below 0, on none.
+EXPORTED(point) void point(int32_t column, int32_t line) {
+  if (column < 0 || line < 0) return leaveMouse(viewer());
+  moveMouseToPixel(viewer(), column, line);
 }
 
 // Words 0x00RRGGBB, top row first.

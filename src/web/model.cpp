@@ -5,6 +5,7 @@
 #include "core/levels.h"
 #include "core/menus.h"
 #include "core/png_export.h"
+#include "video/sound_track.h"
 
 namespace {
 
@@ -59,6 +60,8 @@ std::string filmJson(const ViewerState &viewer) {
   object.member("maximum", std::to_string(bar.maximum));
   object.member("value", std::to_string(bar.value));
   object.member("playing", jsonTruth(videoPlaying(viewer)));
+  const bool heard = viewer.player != nullptr && viewer.player->hasSound;
+  object.member("soundRate", std::to_string(heard ? samplesPerSecond(soundFormat(viewer)) : 0));
   return object.end();
 }
 

@@ -49,7 +49,7 @@ void giveSamples(PageViewer &page) {
   ViewerState &viewer = page.viewer;
   if (!page.sounds) return;
   const SoundFormat &format = soundFormat(viewer);
-  const uint32_t rate = static_cast<uint32_t>(format.framesPerSecond) * format.samplesPerFrame;
+  const uint32_t rate = samplesPerSecond(format);
   for (; page.soundFrame <= viewer.run.currentFrame; ++page.soundFrame) {
     const std::span<const uint8_t> samples = soundSlot(viewer, page.soundFrame);
     pagePlaySamples(samples.data(), samples.size(), rate);

@@ -67,11 +67,11 @@ function placePicture(canvas, model, room) {
   canvas.classList.toggle('reduced', shown[0] * ratio < width);
 }
 
-// The place of a pointer in pixels of the viewer's stretched picture.
-function pointedAt(canvas, model, event) {
+// The pixel of the picture that a pointer is at.
+function pointedAt(canvas, event) {
   const box = canvas.getBoundingClientRect();
   const part = [(event.clientX - box.left) / box.width, (event.clientY - box.top) / box.height];
   if (part.some((value) => !(value >= 0 && value < 1))) return [-1, -1];
   const sides = [canvas.width, canvas.height];
-  return part.map((value, i) => Math.floor(value * model.target[i] * sides[i] / model.frame[i]));
+  return part.map((value, i) => Math.floor(value * sides[i]));
 }
