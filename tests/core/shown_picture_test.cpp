@@ -88,6 +88,15 @@ TEST(ShownPicture, ColourUnderTheMouseWithoutAnEntry) {
   window.viewer.palette[2] = 0; // Load Palette leaves a palette that is not drawn
   moveMouse(window.viewer, 4, 0);
   EXPECT_EQ(window.viewer.window.readout.text, "2, 0   #496D24   R2 G3 B1");
+  for (const auto &[column, line, text] : {std::tuple(0, 0, "0, 0   color 1   #496D24   R2 G3 B1"),
+                                           {2, 0, "2, 0   #496D24   R2 G3 B1"},
+                                           {256, 0, ""},
+                                           {0, 212, ""},
+                                           {-1, 1, ""}}) {
+    moveMouseToPixel(window.viewer, column, line);
+    EXPECT_EQ(window.viewer.window.readout.text, text);
+  }
+  moveMouse(window.viewer, 4, 0);
   leaveMouse(window.viewer);
   EXPECT_EQ(window.viewer.window.readout.text, "");
 }
