@@ -32,15 +32,15 @@ class Browser {
 
   send(method, params = {}) {
     const id = ++this.last;
-    this.process.stdio[3].write(JSON.stringify({ id, method, params, sessionId: this.session }) + '\0');
+    this.process.stdio[3].write(JSON.stringify({ id, method, params, sessionId: this.tab }) + '\0');
     return new Promise((done, failed) => this.waiting.set(id, [done, failed]));
   }
 
   // Opens a page. `before` is a script that runs ahead of the page's own.
   async open(file, width, height, before = '') {
-    this.session = undefined;
+    this.tab = undefined;
     const { targetId } = await this.send('Target.createTarget', { url: 'about:blank' });
-    this.session = (await this.send('Target.attachToTarget', { targetId, flatten: true })).sessionId;
+    this.tab = (await this.send('Target.attachToTarget', { targetId, flatten: true })).sessionId;
     await this.send('Page.enable');
     await this.send('Network.enable');
     await this.send('Emulation.setDeviceMetricsOverride', { width, height, deviceScaleFactor: 1, mobile: width < 600 });
@@ -78,7 +78,7 @@ class Browser {
 
   async close() {
     const ended = new Promise((done) => this.process.once('exit', done));
-    this.session = undefined;
+    this.tab = undefined;
     await this.send('Browser.close').catch(() => {});
     await ended;
     fs.rmSync(this.profile, { recursive: true, force: true });
